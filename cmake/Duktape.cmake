@@ -1,0 +1,17 @@
+# The script engine is compiled from its C source, because the packaged binary has the execution-timeout
+# check off: the configuration header is copied with that one line exchanged.
+find_path(DUKTAPE_SOURCE_DIR duktape.c PATHS /usr/share/duktape PATH_SUFFIXES share/duktape REQUIRED)
+
+set(duktape_dir ${CMAKE_BINARY_DIR}/duktape)
+file(READ ${DUKTAPE_SOURCE_DIR}/duk_config.h duk_config)
+string(REPLACE "#undef DUK_USE_EXEC_TIMEOUT_CHECK"
+               "#define DUK_USE_EXEC_TIMEOUT_CHECK(udata) VekScriptInterrupted(udata)\n#if defined(__cplusplus)\nextern \"C\"\n#endif\nint VekScriptInterrupted(void* udata);"
+               duk_config "${duk_config}")
+string(REPLACE "#undef DUK_USE_INTERRUPT_COUNTER" "#define DUK_USE_INTERRUPT_COUNTER" duk_config "${duk_config}")
+file(CONFIGURE OUTPUT ${duktape_dir}/duk_config.h CONTENT "${duk_config}" @ONLY)
+configure_file(${DUKTAPE_SOURCE_DIR}/duktape.h ${duktape_dir}/duktape.h COPYONLY)
+configure_file(${DUKTAPE_SOURCE_DIR}/duktape.c ${duktape_dir}/duktape.c COPYONLY)
+
+add_library(vek_duktape STATIC ${duktape_dir}/duktape.c)
+target_include_directories(vek_duktape SYSTEM PUBLIC ${duktape_dir})
+target_compile_options(vek_duktape PRIVATE -w)

@@ -1,0 +1,70 @@
+#include "base/DateTime.h"
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+using namespace std::chrono;  // NOLINT(google-build-using-namespace): calendar arithmetic reads as prose
+
+constexpr sys_days kEpoch = sys_days(year(1899) / December / 30);
+constexpr int64_t kSecondsPerDay = 86400;
+
+/// Reads `count` digits; -1 when they are not all digits.
+int Digits(std::string_view text, size_t position, size_t count) {
+  if (position + count > text.size()) return -1;
+  int number = 0;
+  for (char c : text.substr(position, count)) {
+    if (c < '0' || c > '9') return -1;
+    number = number * 10 + (c - '0');
+  }
+  return number;
+}
+
+/// The seconds of day in "10:00" or "10:00:00"; -1 when the text is no time of day.
+int64_t ParseTimeOfDay(std::string_view text) {
+  const bool hasSeconds = text.size() == 8 && text[5] == ':';
+  if ((text.size() != 5 && !hasSeconds) || text[2] != ':') return -1;
+  const int hour = Digits(text, 0, 2), minute = Digits(text, 3, 2);
+  const int second = hasSeconds ? Digits(text, 6, 2) : 0;
+  if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) return -1;
+  return (hour * 60 + minute) * 60 + second;
+}
+
+}  // namespace
+
+std::string ToIso8601(TDateTime value) {
+  const auto seconds = static_cast<int64_t>(std::llround(value.days * static_cast<double>(kSecondsPerDay)));
+  const int64_t dayNumber = (seconds >= 0 ? seconds : seconds - kSecondsPerDay + 1) / kSecondsPerDay;
+  const int64_t ofDay = seconds - dayNumber * kSecondsPerDay;
+  const year_month_day date(kEpoch + std::chrono::days(dayNumber));
+  char text[48];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(date.year()),
+                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                static_cast<int>(ofDay / 3600), static_cast<int>(ofDay / 60 % 60),
+                static_cast<int>(ofDay % 60));
+  return text;
+}
+
+std::optional<TDateTime> ParseIso8601(std::string_view text) {
+  const int yearNumber = Digits(text, 0, 4), monthNumber = Digits(text, 5, 2), dayNumber = Digits(text, 8, 2);
+  if (yearNumber < 0 || monthNumber < 0 || dayNumber < 0 || text[4] != '-' || text[7] != '-') return {};
+  const year_month_day date(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
+                            day(static_cast<unsigned>(dayNumber)));
+  if (!date.ok()) return {};
+  int64_t ofDay = 0;
+  if (text.size() > 10) {
+    if (text[10] != 'T' && text[10] != ' ') return {};
+    ofDay = ParseTimeOfDay(text.substr(11));
+    if (ofDay < 0) return {};
+  }
+  const auto wholeDays = (sys_days(date) - kEpoch).count();
+  return TDateTime{static_cast<double>(wholeDays) +
+                   static_cast<double>(ofDay) / static_cast<double>(kSecondsPerDay)};
+}
+
+TDateTime FromUnixSeconds(double seconds) {
+  const auto epochDays = static_cast<double>((sys_days(year(1970) / January / 1) - kEpoch).count());
+  return {epochDays + seconds / static_cast<double>(kSecondsPerDay)};
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "vekcoreapi_export.h"
+
+/// A local date and time in days since 1899-12-30, the time of day as the fraction.
+struct TDateTime {
+  double days = 0;
+  friend constexpr bool operator==(TDateTime, TDateTime) = default;
+};
+
+/// ISO 8601 local time to the second: "2007-03-05T10:00:00".
+VEK_API std::string ToIso8601(TDateTime value);
+
+/// Reads "2007-03-05", "2007-03-05T10:00" or "2007-03-05T10:00:00" (a blank may stand for the T);
+/// nothing when the text is no valid date and time.
+VEK_API std::optional<TDateTime> ParseIso8601(std::string_view text);
+
+/// The date and time of the given Unix time in seconds, taken as it stands (no time zone is applied).
+VEK_API TDateTime FromUnixSeconds(double seconds);

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vekcoreapi_export.h"
+
+/// Text is UTF-8 in std::string throughout. File names may hold bytes that are not UTF-8; every routine
+/// here passes such bytes through unchanged.
+
+using StringList = std::vector<std::string>;
+
+/// The text without leading and trailing blanks and control characters (every byte up to 0x20).
+VEK_API std::string_view Trim(std::string_view text);
+
+/// The upper-case form of one Unicode code point (simple, one-to-one mapping).
+VEK_API char32_t UpCase(char32_t codePoint);
+
+/// The text with every character in upper case; bytes that are not UTF-8 stay as they are.
+VEK_API std::string UpCase(std::string_view text);
+
+/// Equal without regard to case.
+VEK_API bool SameText(std::string_view a, std::string_view b);
+
+/// Orders by upper-cased text, as file names and variable names are ordered; equal texts by their bytes.
+struct LessNoCase {
+  using is_transparent = void;
+  VEK_API bool operator()(std::string_view a, std::string_view b) const;
+};
+
+/// Decodes the code point at `position` and moves past it. A byte that is not UTF-8 comes back as
+/// kInvalidByte + byte.
+inline constexpr char32_t kInvalidByte = 0x110000;
+VEK_API char32_t NextCodePoint(std::string_view text, size_t& position);
+VEK_API void AppendUtf8(std::string& text, char32_t codePoint);
+VEK_API bool IsUtf8(std::string_view text);
+
+/// The text with every byte that is not UTF-8 replaced by U+FFFD.
+VEK_API std::string ValidUtf8(std::string_view text);
+
+/// Splits at CR LF, CR or LF; a final line break starts no further line.
+VEK_API StringList SplitLines(std::string_view text);
+
+/// Every occurrence of `from` replaced, left to right; `from` must not be empty.
+VEK_API std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);

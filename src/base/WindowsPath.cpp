@@ -1,0 +1,37 @@
+#include "base/WindowsPath.h"
+
+namespace {
+
+/// Length of the folder part.
+size_t FolderLength(std::string_view path) {
+  size_t length = path.size();
+  while (length > 0 && !IsPathOrDriveDelimiter(path[length - 1])) --length;
+  return length;
+}
+
+}  // namespace
+
+std::string_view FolderPart(std::string_view path) { return path.substr(0, FolderLength(path)); }
+std::string_view NamePart(std::string_view path) { return path.substr(FolderLength(path)); }
+
+std::string_view WithoutTrailingDelimiter(std::string_view path) {
+  if (!path.empty() && IsPathDelimiter(path.back())) path.remove_suffix(1);
+  return path;
+}
+
+std::string WithTrailingDelimiter(std::string_view path) {
+  std::string result(path);
+  if (!path.empty() && !IsPathDelimiter(path.back())) result += '\\';
+  return result;
+}
+
+std::string_view ParentFolder(std::string_view path) {
+  const std::string_view folder = FolderPart(WithoutTrailingDelimiter(path));
+  const std::string_view shorter = WithoutTrailingDelimiter(folder);
+  // A root keeps its delimiter: "\" and "C:\" are folders, "" and "C:" are not.
+  return shorter.empty() || shorter.back() == ':' ? folder : shorter;
+}
+
+bool HasWildcards(std::string_view spec) {
+  return NamePart(spec).find_first_of("*?") != std::string_view::npos;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "vekcoreapi_export.h"
+
+/// Windows path syntax: both '\' and '/' separate, "X:" names a drive. Nothing here touches the disk.
+
+constexpr bool IsPathDelimiter(char c) { return c == '\\' || c == '/'; }
+constexpr bool IsPathOrDriveDelimiter(char c) { return IsPathDelimiter(c) || c == ':'; }
+
+/// Everything up to and including the last path delimiter or drive colon; empty when there is none.
+VEK_API std::string_view FolderPart(std::string_view path);
+
+/// What follows the folder part.
+VEK_API std::string_view NamePart(std::string_view path);
+
+/// The path without one trailing path delimiter.
+VEK_API std::string_view WithoutTrailingDelimiter(std::string_view path);
+
+/// The path with a trailing path delimiter ('\' is added unless the path ends in one or is empty).
+VEK_API std::string WithTrailingDelimiter(std::string_view path);
+
+/// The folder that holds `path`, without a trailing delimiter except for a root ("C:\a\b" -> "C:\a").
+VEK_API std::string_view ParentFolder(std::string_view path);
+
+/// True when the name part holds '*' or '?'.
+VEK_API bool HasWildcards(std::string_view spec);

@@ -1,0 +1,217 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Text.h"
+#include "base/WideString.h"
+#include "base/Win32Error.h"
+#include "coreapi/Vekactionclass.h"
+#include "coreapi/Vekerrors.h"
+#include "coreapi/Veklumxml.h"
+#include "coreapi/Vekscripts.h"
+#include "coreapi/Vekvariant.h"
+#include "vekcoreapi_export.h"
+
+struct Platform;
+class IVekActionHost;
+class IVekProjectObjectAPI;
+
+/// A status message: a block of lines that reaches the build log in one piece.
+class IVekActionLogMessage {
+ public:
+  virtual ~IVekActionLogMessage() = default;
+  virtual StringList& Lines() = 0;
+  virtual const StringList& Lines() const = 0;
+  virtual void AddLine(std::string_view text) = 0;
+};
+
+/// Collects what Validate finds: the property's display title and a message.
+class IVekActionValidationError {
+ public:
+  virtual ~IVekActionValidationError() = default;
+  virtual void AddError(std::string_view propertyTitle, std::string_view message) = 0;
+};
+
+/// Where an action stands in the current build. An action may set its own with SetActionStatus.
+enum class TVekActionStatus {
+  asNone,
+  asDisabled,
+  asWaiting,
+  asRunning,
+  asSucceeded,
+  asFailed,
+  asFailedIgnored,
+  asStopped,
+  asSkipped,
+  asConditionNotMet,
+};
+
+/// Which action the engine turns to after one that succeeded.
+enum class TVekNextAction {
+  naDefault,       // its children, then its next sibling
+  naChildren,
+  naNextSibling,
+  naSkipChildren,  // as if it had no children
+  naSkipGuarded,   // likewise, because the condition that guards them does not hold
+};
+
+/// Common base of every action: the operations that actions override, and the host's services.
+/// Unless marked otherwise everything is called on the build thread.
+class VEK_API TCustomVekAction : public TLumXMLObject {
+ public:
+  static const ActionClass kClass;
+
+  explicit TCustomVekAction(IVekActionHost& host);
+  ~TCustomVekAction() override;
+  TCustomVekAction(const TCustomVekAction&) = delete;
+  TCustomVekAction& operator=(const TCustomVekAction&) = delete;
+
+  // Properties that every action has from its base.
+  std::string Name;         // optional; what scripts look an action up by
+  bool Enabled = true;      // a disabled action and its children do not run
+  std::string Description;  // replaces the rendered description where set
+  bool IgnoreFailure = false;
+  std::string Condition;  // a script expression; false skips the action and its children
+  uint32_t RetryCount = 0;
+  uint32_t RetryDelaySeconds = 0;
+  uint32_t TimeoutSeconds = 0;  // 0: none
+
+  // What the action is.
+  virtual const ActionClass& ClassType() const = 0;
+  std::string GetActionName() const;
+  virtual int32_t GetHelpTopicID() const;
+  virtual std::string GetQuickHelpFilename() const;
+  virtual void GetPropertyHelp(StringList& lines) const;
+  virtual void GetPropertyAlias(StringList& lines) const;
+  virtual void GetHiddenProperties(StringList& names) const;
+  virtual void GetReadOnlyProperties(StringList& names) const;
+  std::vector<const PropertyRow*> PropertyRows() const override;
+
+  /// The one-line description: Description where set, else the format string with the key values in place
+  /// of its %s, in the order of their indexes.
+  std::string GetDescription() const;
+  virtual std::string GetDescriptionFormatString() const;
+  virtual std::string GetDescriptionKeyValue(int32_t index) const;
+
+  /// Stores the key value, with no other effect.
+  virtual void SetDescriptionKeyValue(int32_t index, std::string_view value);
+
+  // Running.
+  /// True when the settings are complete. Tests the stored text; expands nothing; never raises.
+  virtual bool Validate(IVekActionValidationError& errors);
+  virtual void ResetBuildStatus();
+  virtual bool CanTerminate() const;
+  virtual void TerminateAction();  // [any thread]
+  virtual bool CanRunUnderAsync() const;
+  virtual bool RequiresSync() const;
+
+  /// `failed` tells how Execute ended. The engine starts from naDefault.
+  virtual void GetNextActionSource(bool failed, TVekNextAction& next);
+
+  /// Runs Execute. No exception leaves it: one that Execute lets pass fails the action and is reported, as a
+  /// breach of contract unless the class may raise.
+  bool Run();
+
+  TVekActionStatus ActionStatus() const { return status_; }
+  void SetActionStatus(TVekActionStatus status) { status_ = status; }
+
+  // Script events.
+  /// The script of that event, its parameters declared, or null when the action has no such event.
+  IVekActionScript* GetScriptByName(std::string_view eventName);
+  StringList ScriptEvents() const;
+
+ protected:
+  /// The action's work; true for success. Failure is reported in the log, not raised.
+  virtual bool Execute() = 0;
+
+  /// Declares the parameters of one of the action's script events.
+  virtual void InitialiseScriptParams(IVekActionScript& script);
+
+  /// Offers a script event; called by constructors.
+  IVekActionScript& AddScript(std::string_view eventName);
+
+  /// True when the event's script ran; its parameters then hold what it left. A blank script does not run.
+  bool ExecuteScript(std::string_view eventName, Variant& result);
+
+  // Expansion.
+  /// Every expression and variable reference replaced by its value; raises EVekExpressionError, whose
+  /// message says what was wrong. The byte-string form's flag says that the text is required; it is for
+  /// TryExpandExpression to enforce.
+  std::string ExpandExpression(std::string_view text, bool required) const;
+  WideString ExpandExpression(const WideString& text) const;
+
+  /// Expands into `expanded`. False when that fails, or when the text is required and expands to blanks; the
+  /// failure has then been reported under the property's title and Execute returns false in silence.
+  bool TryExpandExpression(std::string_view propertyTitle, std::string_view text, std::string& expanded,
+                           bool required) const;
+
+  // The build log.
+  std::shared_ptr<IVekActionLogMessage> CreateStatusMessage() const;
+  void SendStatusMessage(const std::shared_ptr<IVekActionLogMessage>& message) const;
+  void SendStatusMessage(std::initializer_list<std::string_view> lines) const;
+  void SendMessage(std::string_view text) const;
+  void SendProgress(std::string_view text, int32_t percent) const;
+
+  // Variables.
+  Variant GetVariableValue(std::string_view name) const;
+  void SetVariable(std::string_view name, Variant value) const;
+  bool IsVariableDefined(std::string_view name) const;
+  void AddNewVariable(std::string_view name, std::string_view value) const;
+
+  // The host.
+  /// What the setter of a key value calls instead of storing: the host stores the new value through
+  /// SetDescriptionKeyValue and so keeps the description current.
+  void UpdateKeyValue(int32_t index, std::string_view current, std::string_view value);
+  virtual bool StopSignalled();
+  void Synchronize(const std::function<void()>& method) const;
+  bool GetIsUnattended() const;
+  IVekProjectObjectAPI& GetProjectObjectAPI() const;
+  void SetProjectModified() const;
+  IVekActionHost& GetActionContext() const { return host_; }
+  const Platform& GetPlatform() const;
+
+  /// The system's message for an error code.
+  std::string SysErrorMessage(Win32Error code) const;
+
+ private:
+  struct ScriptEvent {
+    std::unique_ptr<IVekActionScript> script;
+    bool declared = false;  // its parameters
+  };
+
+  IVekActionHost& host_;
+  TVekActionStatus status_ = TVekActionStatus::asNone;
+  std::vector<ScriptEvent> scripts_;
+};
+
+/// The class type in which the host hands an action to a property page.
+class VEK_API TVekAction : public TCustomVekAction {
+ public:
+  static const ActionClass kClass;
+  using TCustomVekAction::TCustomVekAction;
+  ~TVekAction() override;
+};
+
+/// Makes the published class of a logic class: `T` declares `kClassName` and `kPublished`.
+template <class T, class Logic>
+class PublishedAction : public Logic {
+ public:
+  using Logic::Logic;
+
+  static const ActionClass& Class() {
+    static const ActionClass kClass{.inherited = &Logic::kClass,
+                                    .className = T::kClassName,
+                                    .properties = T::kPublished,
+                                    .create = [](IVekActionHost& host) -> std::unique_ptr<TCustomVekAction> {
+                                      return std::make_unique<T>(host);
+                                    }};
+    return kClass;
+  }
+  const ActionClass& ClassType() const override { return Class(); }
+};

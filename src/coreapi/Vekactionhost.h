@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "coreapi/Vekvariant.h"
+
+struct Platform;
+class IVekActionLogMessage;
+class IVekActionScript;
+class IVekProjectObjectAPI;
+class TCustomVekAction;
+
+/// What an action's base asks of the host that runs it. Actions do not see this interface; they call the
+/// operations of TCustomVekAction.
+class IVekActionHost {
+ public:
+  virtual ~IVekActionHost() = default;
+
+  /// [any thread]
+  virtual const Platform& GetPlatform() = 0;
+
+  // Expressions and variables. [build thread]
+  virtual std::string ExpandExpression(std::string_view text) = 0;  // raises EVekExpressionError
+  virtual Variant GetVariableValue(std::string_view name) = 0;      // raises EVekError when undefined
+  virtual void SetVariable(std::string_view name, Variant value) = 0;
+  virtual bool IsVariableDefined(std::string_view name) = 0;
+
+  // The build log. [build thread]
+  virtual void SendMessage(std::string_view text) = 0;
+  virtual void SendStatusMessage(const IVekActionLogMessage& message) = 0;
+  virtual void SendProgress(std::string_view text, int32_t percent) = 0;
+  virtual void ReportError(std::string_view text) = 0;
+
+  /// Runs the script with its parameters; reports and answers false when it does not compile or throws.
+  /// [build thread]
+  virtual bool ExecuteScript(TCustomVekAction& action, IVekActionScript& script, Variant& result) = 0;
+
+  /// [any thread]
+  virtual bool StopSignalled() = 0;
+  virtual bool IsUnattended() = 0;
+
+  /// Runs `method` on the user-interface thread and waits for it. [build thread]
+  virtual void Synchronize(const std::function<void()>& method) = 0;
+
+  /// The project's named objects. [build thread]
+  virtual IVekProjectObjectAPI& GetProjectObjectAPI() = 0;
+  virtual void SetProjectModified() = 0;
+};

@@ -1,0 +1,4 @@
+#include "coreapi/Vekerrors.h"
+
+EVekError::~EVekError() = default;
+EVekExpressionError::~EVekExpressionError() = default;

@@ -1,0 +1,1 @@
+#include "vekforms_export.h"

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/Text.h"
+#include "coreapi/Vekvariant.h"
+
+enum class ActionResult { Success, Failure, Skipped, Stopped };
+
+/// "success", "failure", "skipped" or "stopped".
+std::string_view ActionResultName(ActionResult result);
+
+/// An execution of an action: its place in the tree ("/1/3/2", 1-based), its type id and its title.
+struct ActionPlace {
+  std::string_view path;
+  std::string_view type;
+  std::string_view title;
+  bool hasChildren = false;
+};
+
+struct BuildSummary {
+  ActionResult result = ActionResult::Success;
+  double seconds = 0;
+  int64_t actions = 0;   // executions, every pass of a loop counted, a retried action once
+  int64_t failures = 0;  // executions that ended so, ignored ones included
+};
+
+/// Receives what happens in a build, as it happens; an action's end comes after those of its children. A
+/// path is empty for what concerns no action. [build thread]
+class EventSink {
+ public:
+  virtual ~EventSink() = default;
+  virtual void BuildStart(std::string_view project) = 0;
+  virtual void ActionStart(const ActionPlace& place) = 0;
+  virtual void Message(std::string_view path, std::string_view text) = 0;
+  virtual void Status(std::string_view path, const StringList& lines) = 0;
+  virtual void Progress(std::string_view path, std::string_view text, int32_t percent) = 0;
+  virtual void Variable(std::string_view path, std::string_view name, const Variant& value) = 0;
+  virtual void Error(std::string_view path, std::string_view text) = 0;
+  virtual void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) = 0;
+  virtual void BuildEnd(const BuildSummary& summary) = 0;
+};

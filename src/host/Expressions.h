@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "coreapi/Vekvariant.h"
+
+/// What the references in a text stand for.
+class ExpressionSource {
+ public:
+  virtual ~ExpressionSource() = default;
+
+  /// The text of a variable, or nothing when there is none of that name.
+  virtual std::optional<std::string> VariableText(std::string_view name) = 0;
+
+  /// The value of a script expression; raises EVekExpressionError.
+  virtual Variant EvaluateScript(std::string_view source) = 0;
+};
+
+/// Expands %NAME% and $(EXPR) in one pass; %% is one '%', $$( is "$(" literally, and any other '%' or '$'
+/// stands for itself. Raises EVekExpressionError, which names the variable or expression at fault.
+std::string ExpandText(std::string_view text, ExpressionSource& source);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "base/Win32Error.h"
+
+class OutputStream;
+
+/// Where a log goes. A failed write (a full disk, a closed pipe) is final: what follows is dropped, and
+/// `onFailure` is called once so that the build can end. Each call is written at once.
+class LogOutput {
+ public:
+  LogOutput(OutputStream& stream, std::function<void()> onFailure);
+
+  void Write(std::string_view bytes);
+  bool Failed() const { return !result_.ok; }
+  Win32Error FailureCode() const { return result_.code; }
+
+ private:
+  OutputStream& stream_;
+  std::function<void()> onFailure_;
+  SysResult result_;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "coreapi/Vekactionapi.h"
+
+/// A project in memory. Line numbers are those of the file it was read from, 0 when there is none.
+struct VariableDeclaration {
+  std::string name;
+  std::string type;  // "String", "Integer", "Boolean", "Float" or "DateTime"
+  std::string text;  // as written; expanded when a build starts
+  int line = 0;
+};
+
+struct FileSetDeclaration {
+  std::string name;
+  std::string baseDirectory;
+  StringList includes, excludes;
+  int line = 0;
+};
+
+struct ActionNode {
+  std::string typeId;
+  std::unique_ptr<TCustomVekAction> action;
+  std::vector<ActionNode> children;
+  int line = 0;
+};
+
+struct Project {
+  std::string fileName;  // full path; empty when there is none
+  std::vector<VariableDeclaration> variables;
+  std::vector<FileSetDeclaration> fileSets;
+  std::vector<ActionNode> actions;
+};
+
+/// A project that cannot be used. The message is one line that names file, line, action and property and the
+/// value at fault.
+class EProjectError : public EVekError {
+ public:
+  using EVekError::EVekError;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/Project.h"
+
+class Catalogue;
+class IVekActionHost;
+
+/// Reads a project from the text of its file. `fileName` is how messages name the file. Raises EProjectError
+/// for the first fault; nothing has been executed then. Safe on untrusted text: a document type is refused
+/// and depth is bounded.
+Project ReadProject(std::string_view text, std::string_view fileName, const Catalogue& catalogue,
+                    IVekActionHost& host);
+
+/// The project as file text: every stored property of every action, so that reading it gives the same project.
+std::string WriteProject(const Project& project);
+
+/// Assigns a property from its text as the command line gives it. Raises EProjectError without a place: an
+/// unknown property (with the nearest name), a read-only one, a value that does not fit.
+void AssignProperty(TCustomVekAction& action, std::string_view name, std::string_view text);
+
+/// Adds one line to a list property (`PROP+=LINE`); raises like AssignProperty.
+void AppendToListProperty(TCustomVekAction& action, std::string_view name, std::string_view line);
+
+/// Attaches a script to an event of the action; raises EProjectError for an unknown event.
+void AttachScript(TCustomVekAction& action, std::string_view eventName, std::string text);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "base/Text.h"
+#include "coreapi/Vekvariant.h"
+
+/// The project's variables. Names compare without regard to case; the first spelling stays.
+class Variables {
+ public:
+  /// The value, or null when no variable has that name.
+  const Variant* Find(std::string_view name) const;
+
+  /// Gives a variable the value and the value's type, and defines it where it is new.
+  void Set(std::string_view name, Variant value);
+
+  const std::map<std::string, Variant, LessNoCase>& All() const { return values_; }
+
+ private:
+  std::map<std::string, Variant, LessNoCase> values_;
+};

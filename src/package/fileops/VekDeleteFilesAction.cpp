@@ -1,0 +1,114 @@
+#include "fileops/VekDeleteFilesAction.h"
+
+#include "base/WindowsPath.h"
+#include "platform/FileAttributes.h"
+#include "platform/Files.h"
+#include "platform/Finder.h"
+#include "platform/Platform.h"
+
+namespace {
+
+constexpr int32_t kFileSpecKey = 1;
+
+constexpr std::string_view kAliases[] = {
+    "[Files]",
+    "FileSpec=File Specification",
+    "DeleteReadOnly=Delete Read Only Files",
+    "DeleteHidden=Delete Hidden Files",
+    "FailIfNoFile=Fail If No File",
+};
+
+constexpr std::string_view kHelp[] = {
+    "FileSpec=File Specification, can include wilde cards (* or ?)",
+    "DeleteReadOnly=Delete Read Only Files",
+    "DeleteHidden=Delete Hidden Files",
+    "FailIfNoFile=Fail if no file to Delete",
+};
+
+}  // namespace
+
+const ActionClass TCustomDeleteFilesAction::kClass{
+    .inherited = &TVekAction::kClass,
+    .className = "TCustomDeleteFilesAction",
+    .actionName = "Delete File(s)",
+    .helpTopicID = 550,
+    .quickHelpFilename = "Plugins\\DeleteFiles.html",
+    .aliases = kAliases,
+    .help = kHelp,
+};
+
+void TCustomDeleteFilesAction::SetFileSpec(std::string_view value) {
+  UpdateKeyValue(kFileSpecKey, fileSpec_, value);
+}
+
+void TCustomDeleteFilesAction::SetFailIfNoFile(WordBool value) {
+  // Only a change of the truth value is stored; true keeps the bits that it came with.
+  if (static_cast<bool>(value) != static_cast<bool>(failIfNoFile_)) failIfNoFile_ = value;
+}
+
+std::string TCustomDeleteFilesAction::GetDescriptionKeyValue(int32_t /*index*/) const { return fileSpec_; }
+
+void TCustomDeleteFilesAction::SetDescriptionKeyValue(int32_t /*index*/, std::string_view value) {
+  fileSpec_ = value;
+}
+
+bool TCustomDeleteFilesAction::Validate(IVekActionValidationError& errors) {
+  if (!fileSpec_.empty()) return true;
+  errors.AddError("File Spec", "The file spec has not been set");
+  return false;
+}
+
+bool TCustomDeleteFilesAction::Execute() {
+  filesAffected_ = 0;
+  std::string spec;
+  try {
+    spec = Trim(ExpandExpression(fileSpec_, true));
+  } catch (const std::exception& error) {
+    SendStatusMessage({"Unable to Delete file : " + spec, std::string("--> ") + error.what()});
+    return false;
+  }
+  if (spec.empty()) return !failIfNoFile_;
+
+  const auto message = CreateStatusMessage();
+  message->AddLine("Deleting files : " + spec);
+  bool result = DeleteMatches(spec, *message);
+  if (filesAffected_ == 0 && failIfNoFile_) result = false;
+  message->AddLine(std::to_string(filesAffected_) + " Files Deleted.");
+  SendStatusMessage(message);
+  return result;
+}
+
+/// Deletes match after match; false when an error ended it.
+bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekActionLogMessage& message) {
+  SysResult searchResult;
+  const auto search =
+      GetPlatform().finder.Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
+  std::string fileName(FolderPart(spec));
+  const size_t folderLength = fileName.size();
+  for (FoundEntry match; search->Next(match);) {
+    fileName.replace(folderLength, std::string::npos, match.name);
+    if (!DeleteMatch(fileName, match, message)) return false;
+  }
+  return true;
+}
+
+/// Deletes one file; false when that failed with an error.
+bool TCustomDeleteFilesAction::DeleteMatch(const std::string& fileName, const FoundEntry& match,
+                                           IVekActionLogMessage& message) {
+  Files& files = GetPlatform().files;
+  uint32_t attributes = match.attributes;
+  if (DeleteReadOnly) attributes &= ~FileAttribute::ReadOnly;
+  if (DeleteHidden) attributes &= ~FileAttribute::Hidden;
+  if (DeleteReadOnly || DeleteHidden) files.SetAttributes(fileName, attributes);
+
+  const SysResult deleted = files.Delete(fileName);
+  if (deleted.ok && !files.EntryExists(fileName)) {
+    ++filesAffected_;
+    return true;
+  }
+  // A refusal without an error code leaves the file and says nothing.
+  if (!deleted.ok && deleted.code == Win32Error::Success) return true;
+  message.AddLine(" --> Error Deleting File : " + fileName);
+  message.AddLine(" --> " + SysErrorMessage(deleted.code));
+  return false;
+}

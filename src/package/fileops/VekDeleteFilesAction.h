@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "coreapi/Vekactionapi.h"
+
+struct FoundEntry;
+
+/// "Delete File(s)": deletes every file of one folder that matches a specification with wildcards. Folders
+/// and files that carry the system attribute are never matched.
+class TCustomDeleteFilesAction : public TVekAction {
+ public:
+  static const ActionClass kClass;
+  using TVekAction::TVekAction;
+
+  const std::string& FileSpec() const { return fileSpec_; }
+  void SetFileSpec(std::string_view value);
+  WordBool DeleteReadOnly = false;
+  WordBool DeleteHidden = false;
+  WordBool FailIfNoFile() const { return failIfNoFile_; }
+  void SetFailIfNoFile(WordBool value);
+
+  /// The number of files that the last run deleted.
+  int32_t FilesAffected() const { return filesAffected_; }
+
+  std::string GetDescriptionKeyValue(int32_t index) const override;
+  void SetDescriptionKeyValue(int32_t index, std::string_view value) override;
+  bool Validate(IVekActionValidationError& errors) override;
+
+ protected:
+  bool Execute() override;
+
+ private:
+  bool DeleteMatches(const std::string& spec, IVekActionLogMessage& message);
+  bool DeleteMatch(const std::string& fileName, const FoundEntry& match, IVekActionLogMessage& message);
+
+  std::string fileSpec_;
+  WordBool failIfNoFile_ = true;
+  int32_t filesAffected_ = 0;
+};
+
+class TDeleteFilesAction final : public PublishedAction<TDeleteFilesAction, TCustomDeleteFilesAction> {
+ public:
+  using PublishedAction::PublishedAction;
+  static constexpr std::string_view kClassName = "TDeleteFilesAction";
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TCustomDeleteFilesAction::FileSpec, &TCustomDeleteFilesAction::SetFileSpec>("FileSpec"),
+      Published<&TCustomDeleteFilesAction::DeleteReadOnly>("DeleteReadOnly"),
+      Published<&TCustomDeleteFilesAction::DeleteHidden>("DeleteHidden"),
+      Published<&TCustomDeleteFilesAction::FailIfNoFile, &TCustomDeleteFilesAction::SetFailIfNoFile>(
+          "FailIfNoFile"),
+      RunTime<&TCustomDeleteFilesAction::FilesAffected>("FilesAffected"),
+  };
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/Platform.h"
+
+class Console;
+
+/// The folder that a drive letter (upper case) stands for, or nothing when it is not mapped. Asked only when
+/// a path names the drive; a backend that has drives of its own does not ask.
+using DriveLookup = std::function<std::optional<std::string>(char letter)>;
+
+/// Owns the capabilities of a backend.
+class PlatformOwner {
+ public:
+  virtual ~PlatformOwner() = default;
+  virtual const Platform& Get() const = 0;
+  virtual Console& GetConsole() = 0;
+};
+
+/// Makes the backend of the operating system that this program was built for; each backend defines it.
+std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/Win32Error.h"
+
+/// The process's surroundings. Folders are answered as full paths without a trailing delimiter.
+class Environment {
+ public:
+  virtual ~Environment() = default;
+
+  virtual std::optional<std::string> Variable(std::string_view name) = 0;
+  virtual std::string CurrentFolder() = 0;
+  virtual SysResult SetCurrentFolder(std::string_view path) = 0;
+
+  /// The full path of a file or folder: absolute, in the platform's own separators, "." and ".." resolved
+  /// as text; the file need not exist.
+  virtual std::string FullPath(std::string_view path) = 0;
+
+  virtual std::string TempFolder() = 0;
+
+  /// Where the operating system keeps its programs.
+  virtual std::string SystemFolder() = 0;
+
+  /// Where this user's host data lies (option store, registry store); it need not exist yet.
+  virtual std::string DataFolder() = 0;
+
+  /// The folder of the running program.
+  virtual std::string ProgramFolder() = 0;
+
+  /// The command interpreter, the start value of the variable DOSCMD.
+  virtual std::string CommandInterpreter() = 0;
+};
