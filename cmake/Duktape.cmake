@@ -1,11 +1,14 @@
 # The script engine is compiled from its C source, because the packaged binary has the execution-timeout
-# check off: the configuration header is copied with that one line exchanged.
+# check and the check of the native stack off: the configuration header is copied with these lines exchanged.
 find_path(DUKTAPE_SOURCE_DIR duktape.c PATHS /usr/share/duktape PATH_SUFFIXES share/duktape REQUIRED)
 
 set(duktape_dir ${CMAKE_BINARY_DIR}/duktape)
 file(READ ${DUKTAPE_SOURCE_DIR}/duk_config.h duk_config)
 string(REPLACE "#undef DUK_USE_EXEC_TIMEOUT_CHECK"
                "#define DUK_USE_EXEC_TIMEOUT_CHECK(udata) VekScriptInterrupted(udata)\n#if defined(__cplusplus)\nextern \"C\"\n#endif\nint VekScriptInterrupted(void* udata);"
+               duk_config "${duk_config}")
+string(REPLACE "#undef DUK_USE_NATIVE_STACK_CHECK"
+               "#define DUK_USE_NATIVE_STACK_CHECK() VekScriptStackFull()\n#if defined(__cplusplus)\nextern \"C\"\n#endif\nint VekScriptStackFull(void);"
                duk_config "${duk_config}")
 string(REPLACE "#undef DUK_USE_INTERRUPT_COUNTER" "#define DUK_USE_INTERRUPT_COUNTER" duk_config "${duk_config}")
 file(CONFIGURE OUTPUT ${duktape_dir}/duk_config.h CONTENT "${duk_config}" @ONLY)

@@ -75,7 +75,8 @@ std::string UpCase(std::string_view text) {
       result += UpCaseAscii(text[i++]);
     } else {
       const char32_t c = NextCodePoint(text, i);
-      c >= kInvalidByte ? result.push_back(static_cast<char>(c - kInvalidByte)) : AppendUtf8(result, UpCase(c));
+      c >= kInvalidByte ? result.push_back(static_cast<char>(c - kInvalidByte))
+                        : AppendUtf8(result, UpCase(c));
     }
   }
   return result;
@@ -146,7 +147,8 @@ StringList SplitLines(std::string_view text) {
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string result;
   size_t position = 0;
-  for (size_t hit; (hit = text.find(from, position)) != std::string_view::npos; position = hit + from.size()) {
+  for (size_t hit; (hit = text.find(from, position)) != std::string_view::npos;
+       position = hit + from.size()) {
     result.append(text, position, hit - position).append(to);
   }
   return result.append(text, position);

@@ -25,12 +25,14 @@ std::string WithTrailingDelimiter(std::string_view path) {
   return result;
 }
 
-std::string_view ParentFolder(std::string_view path) {
-  const std::string_view folder = FolderPart(WithoutTrailingDelimiter(path));
+std::string_view DirectoryPart(std::string_view path) {
+  const std::string_view folder = FolderPart(path);
   const std::string_view shorter = WithoutTrailingDelimiter(folder);
   // A root keeps its delimiter: "\" and "C:\" are folders, "" and "C:" are not.
   return shorter.empty() || shorter.back() == ':' ? folder : shorter;
 }
+
+std::string_view ParentFolder(std::string_view path) { return DirectoryPart(WithoutTrailingDelimiter(path)); }
 
 bool HasWildcards(std::string_view spec) {
   return NamePart(spec).find_first_of("*?") != std::string_view::npos;

@@ -16,6 +16,9 @@ VEK_API std::string_view FolderPart(std::string_view path);
 /// What follows the folder part.
 VEK_API std::string_view NamePart(std::string_view path);
 
+/// The folder part without its trailing delimiter, except for a root ("C:\a\b" -> "C:\a", "C:\b" -> "C:\").
+VEK_API std::string_view DirectoryPart(std::string_view path);
+
 /// The path without one trailing path delimiter.
 VEK_API std::string_view WithoutTrailingDelimiter(std::string_view path);
 

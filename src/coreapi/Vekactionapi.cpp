@@ -8,17 +8,6 @@
 
 namespace {
 
-constexpr PropertyRow kHostProperties[] = {
-    Published<&TCustomVekAction::Name>("Name"),
-    Published<&TCustomVekAction::Enabled>("Enabled"),
-    Published<&TCustomVekAction::Description>("Description"),
-    Published<&TCustomVekAction::IgnoreFailure>("IgnoreFailure"),
-    Published<&TCustomVekAction::Condition>("Condition"),
-    Published<&TCustomVekAction::RetryCount>("RetryCount"),
-    Published<&TCustomVekAction::RetryDelaySeconds>("RetryDelaySeconds"),
-    Published<&TCustomVekAction::TimeoutSeconds>("TimeoutSeconds"),
-};
-
 constexpr std::string_view kHostAliases[] = {
     "[Action]",
     "Name=Name",
@@ -53,7 +42,7 @@ class LogMessage final : public IVekActionLogMessage {
 };
 
 /// Appends one list of the class's answers, the base's lines first.
-void AppendLines(const ActionClass* level, std::span<const std::string_view> ActionClass::* list,
+void AppendLines(const ActionClass* level, std::span<const std::string_view> ActionClass::*list,
                  StringList& lines) {
   if (!level) return;
   AppendLines(level->inherited, list, lines);
@@ -65,7 +54,7 @@ void AppendLines(const ActionClass* level, std::span<const std::string_view> Act
 const ActionClass TCustomVekAction::kClass{.className = "TCustomVekAction",
                                            .aliases = kHostAliases,
                                            .help = kHostHelp,
-                                           .properties = kHostProperties};
+                                           .properties = kVekActionProperties};
 
 const ActionClass TVekAction::kClass{.inherited = &TCustomVekAction::kClass, .className = "TVekAction"};
 

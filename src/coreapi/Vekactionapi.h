@@ -54,7 +54,7 @@ enum class TVekActionStatus {
 
 /// Which action the engine turns to after one that succeeded.
 enum class TVekNextAction {
-  naDefault,       // its children, then its next sibling
+  naDefault,  // its children, then its next sibling
   naChildren,
   naNextSibling,
   naSkipChildren,  // as if it had no children
@@ -180,6 +180,8 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   std::string SysErrorMessage(Win32Error code) const;
 
  private:
+  friend class VekRuntimeBrowser;
+
   struct ScriptEvent {
     std::unique_ptr<IVekActionScript> script;
     bool declared = false;  // its parameters
@@ -188,6 +190,18 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   IVekActionHost& host_;
   TVekActionStatus status_ = TVekActionStatus::asNone;
   std::vector<ScriptEvent> scripts_;
+};
+
+/// The rows of those properties.
+inline constexpr PropertyRow kVekActionProperties[] = {
+    Published<&TCustomVekAction::Name>("Name"),
+    Published<&TCustomVekAction::Enabled>("Enabled"),
+    Published<&TCustomVekAction::Description>("Description"),
+    Published<&TCustomVekAction::IgnoreFailure>("IgnoreFailure"),
+    Published<&TCustomVekAction::Condition>("Condition"),
+    Published<&TCustomVekAction::RetryCount>("RetryCount"),
+    Published<&TCustomVekAction::RetryDelaySeconds>("RetryDelaySeconds"),
+    Published<&TCustomVekAction::TimeoutSeconds>("TimeoutSeconds"),
 };
 
 /// The class type in which the host hands an action to a property page.
@@ -203,6 +217,7 @@ template <class T, class Logic>
 class PublishedAction : public Logic {
  public:
   using Logic::Logic;
+  using PublishedBase = Logic;  // where a page looks further for a property
 
   static const ActionClass& Class() {
     static const ActionClass kClass{.inherited = &Logic::kClass,

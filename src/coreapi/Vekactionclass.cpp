@@ -4,7 +4,7 @@ namespace {
 
 /// The nearest answer up the hierarchy that is not empty.
 template <class Field>
-Field Inherited(const ActionClass* start, Field ActionClass::* field) {
+Field Inherited(const ActionClass* start, Field ActionClass::*field) {
   for (const ActionClass* level = start; level; level = level->inherited) {
     if (level->*field != Field{}) return level->*field;
   }

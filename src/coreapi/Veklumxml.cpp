@@ -16,5 +16,6 @@ void TLumXMLObject::WriteState(IVekStateWriter& writer) const {
 }
 
 void TLumXMLObject::ReadState(IVekStateReader& reader) {
-  reader.ReadProperties([this](const PropertyRow& row, const PropertyValue& value) { row.set(*this, value); });
+  reader.ReadProperties(
+      [this](const PropertyRow& row, const PropertyValue& value) { row.set(*this, value); });
 }

@@ -10,7 +10,7 @@ constexpr std::string_view kTypeNames[] = {"ByteString", "WideString",  "WordBoo
 
 std::string Join(std::span<const std::string_view> parts, std::string_view separator) {
   std::string text;
-  for (std::string_view part : parts) {
+  for (const std::string_view& part : parts) {
     if (&part != parts.data()) text += separator;
     text += part;
   }

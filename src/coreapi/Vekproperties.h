@@ -99,6 +99,7 @@ struct PropertyRow {
   EnumType (*enumType)() = nullptr;                             // of an enumeration or a set
   bool published = true;                                        // false: a run-time result, for scripts only
   bool stored = true;
+  bool readOnly = true;  // as `set` says, for constant expressions
 
   consteval PropertyRow NotStored() const {
     PropertyRow row = *this;
@@ -130,7 +131,7 @@ template <class T>
 inline constexpr bool kAlwaysFalse = false;
 
 template <class E>
-EnumType EnumTypeOf() {
+constexpr EnumType EnumTypeOf() {
   return {kEnumNames<E>.name, kEnumNames<E>.values};
 }
 
@@ -236,6 +237,7 @@ template <auto Getter, auto Setter>
 consteval PropertyRow Published(std::string_view name) {
   PropertyRow row = property_detail::ReadOnlyRow<Getter>(name);
   row.set = &property_detail::Set<Getter, Setter>;
+  row.readOnly = false;
   return row;
 }
 

@@ -53,7 +53,8 @@ class ActionScript final : public IVekActionScript {
 
 /// A property's value as scripts see it: enumerations as ordinals, sets and lists as their text.
 Variant ToVariant(const PropertyRow& row, const PropertyValue& value) {
-  if (row.type == PropertyType::Set || row.type == PropertyType::StringList) return PropertyToText(row, value);
+  if (row.type == PropertyType::Set || row.type == PropertyType::StringList)
+    return PropertyToText(row, value);
   struct {
     Variant operator()(const std::string& text) const { return text; }
     Variant operator()(bool truth) const { return truth; }

@@ -20,7 +20,8 @@ std::optional<Variant> ParseNumber(std::string_view text) {
 }  // namespace
 
 std::string_view VariantTypeName(const Variant& value) {
-  constexpr std::string_view kNames[] = {"String", "String", "Integer", "Boolean", "Float", "DateTime", "Object"};
+  constexpr std::string_view kNames[] = {"String", "String",   "Integer", "Boolean",
+                                         "Float",  "DateTime", "Object"};
   return kNames[value.index()];
 }
 

@@ -12,7 +12,8 @@
 class IVekScriptObject;
 
 /// The value of a project variable or a script parameter. A variable never holds an object.
-using Variant = std::variant<std::monostate, std::string, int64_t, bool, double, TDateTime, IVekScriptObject*>;
+using Variant =
+    std::variant<std::monostate, std::string, int64_t, bool, double, TDateTime, IVekScriptObject*>;
 
 /// "String", "Integer", "Boolean", "Float" or "DateTime"; an empty value counts as a String.
 VEK_API std::string_view VariantTypeName(const Variant& value);

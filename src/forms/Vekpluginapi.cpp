@@ -1,1 +1,41 @@
-#include "vekforms_export.h"
+#include "forms/Vekpluginapi.h"
+
+TFrame::TFrame(std::string_view pageName, const ActionClass& edits) : pageName_(pageName), edits_(edits) {}
+TFrame::~TFrame() = default;
+
+void TFrame::InitFrame(IVekPageOwner& owner) { owner_ = &owner; }
+void TFrame::InitPage(TVekAction& action) { CheckClass(action); }
+void TFrame::OnPageActivate() {}
+void TFrame::OnPageDeActivate() {}
+
+void TFrame::ReadActionData(TVekAction& action) {
+  CheckClass(action);
+  for (const auto& control : controls_) {
+    if (control->Property()) control->ReadFrom(action);
+  }
+}
+
+void TFrame::WriteActionData(TVekAction& action) {
+  CheckClass(action);
+  for (const auto& control : controls_) control->CheckValue();
+  for (const auto& control : controls_) {
+    if (control->Property()) control->WriteTo(action);
+  }
+}
+
+TControl* TFrame::FindControl(std::string_view name) const {
+  for (const auto& control : controls_) {
+    if (SameText(control->Name(), name)) return control.get();
+  }
+  return nullptr;
+}
+
+void TFrame::ControlChanged(const TControl& control) const {
+  if (owner_) owner_->ControlChanged(control);
+}
+
+void TFrame::CheckClass(const TVekAction& action) const {
+  if (action.ClassType().InheritsFrom(edits_)) return;
+  throw EVekError("the page \"" + pageName_ + "\" edits a " + std::string(edits_.className) + ", not a " +
+                  std::string(action.ClassType().className));
+}

@@ -1,1 +1,6 @@
 #include "host/EventSink.h"
+
+std::string_view ActionResultName(ActionResult result) {
+  constexpr std::string_view kNames[] = {"success", "failure", "skipped", "stopped"};
+  return kNames[static_cast<size_t>(result)];
+}

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "coreapi/Vekactionapi.h"
@@ -34,6 +35,9 @@ struct Project {
   std::vector<FileSetDeclaration> fileSets;
   std::vector<ActionNode> actions;
 };
+
+/// The first action of that name in the order of execution, without regard to case, or null.
+TCustomVekAction* FindActionByName(const std::vector<ActionNode>& actions, std::string_view name);
 
 /// A project that cannot be used. The message is one line that names file, line, action and property and the
 /// value at fault.

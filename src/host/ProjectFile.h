@@ -14,7 +14,8 @@ class IVekActionHost;
 Project ReadProject(std::string_view text, std::string_view fileName, const Catalogue& catalogue,
                     IVekActionHost& host);
 
-/// The project as file text: every stored property of every action, so that reading it gives the same project.
+/// The project as file text: every stored property of every action, so that reading it gives the same
+/// project.
 std::string WriteProject(const Project& project);
 
 /// Assigns a property from its text as the command line gives it. Raises EProjectError without a place: an

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "base/Text.h"
 #include "platform/Platform.h"
 
 class Console;
@@ -23,3 +24,7 @@ class PlatformOwner {
 
 /// Makes the backend of the operating system that this program was built for; each backend defines it.
 std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives);
+
+/// The first thing in main: has the standard streams take UTF-8 with line breaks as written, and answers the
+/// program's arguments as UTF-8, without its name.
+StringList StartProgram(int argc, char** argv);

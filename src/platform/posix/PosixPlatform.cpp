@@ -1,1 +1,36 @@
 #include "platform/CreatePlatform.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixConsole.h"
+#include "platform/posix/PosixEnvironment.h"
+#include "platform/posix/PosixErrors.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixFinder.h"
+#include "platform/posix/PosixModules.h"
+#include "platform/posix/PosixPaths.h"
+
+namespace {
+
+class PosixPlatform final : public PlatformOwner {
+ public:
+  explicit PosixPlatform(DriveLookup drives) : paths_(std::move(drives)) {}
+
+  const Platform& Get() const override { return platform_; }
+  Console& GetConsole() override { return console_; }
+
+ private:
+  PosixPaths paths_;
+  PosixFiles files_{paths_};
+  PosixFinder finder_{paths_};
+  PosixEnvironment environment_{paths_};
+  PosixClock clock_;
+  PosixErrorTexts errorTexts_;
+  PosixModules modules_{paths_};
+  PosixConsole console_{paths_};
+  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_};
+};
+
+}  // namespace
+
+std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives) {
+  return std::make_unique<PosixPlatform>(std::move(drives));
+}

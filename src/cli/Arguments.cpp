@@ -1,0 +1,151 @@
+#include "cli/Arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+#include "host/VariableName.h"
+
+namespace {
+
+constexpr int kWrongUsage = 2;
+
+const std::map<std::string, LogFormat> kLogFormats = {
+    {"text", LogFormat::Text}, {"jsonl", LogFormat::Jsonl}, {"junit", LogFormat::Junit}};
+
+constexpr auto kExamples = R"(
+Examples:
+  vekrun run nightly.vekproj -D VERSION=1.4.2
+  vekrun exec HDELETE_FILE "FileSpec=out\*.tmp" FailIfNoFile=False
+  vekrun describe HDELETE_FILE
+
+Exit codes: 0 success; 1 the build or action failed; 2 wrong usage, or a project that cannot be used (nothing
+was executed); 130 stopped by the user.
+Run "vekrun COMMAND --help" for the options of a command.)";
+
+/// The texts as they come, before they are taken apart.
+struct RawArguments {
+  std::vector<std::string> variables, drives, options;
+};
+
+/// One value per use, however often it is used: what follows is never swallowed.
+void AddRepeatable(CLI::App& app, const std::string& name, std::vector<std::string>& values,
+                   const std::string& form, const std::string& help) {
+  app.add_option(name, values, help)->type_name(form)->allow_extra_args(false);
+}
+
+void AddCommonOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+  AddRepeatable(app, "--package", arguments.packages, "FILE",
+                "Load this package; may be repeated (default: Vek40File beside vekrun)");
+  AddRepeatable(app, "--option", raw.options, "NAME.KEY=VALUE",
+                "Override an entry of the option store for this run");
+}
+
+void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+  AddRepeatable(app, "-D", raw.variables, "NAME=VALUE",
+                "Set a variable; takes the place of a declared value as it stands");
+  app.add_option("--log-format", arguments.logFormat, "text (for people), jsonl or junit")
+      ->type_name("FORMAT")
+      ->transform(CLI::CheckedTransformer(kLogFormats, CLI::ignore_case).description(""));
+  app.add_option("--log", arguments.logFile, "Write the log to a file instead of standard output")
+      ->type_name("FILE");
+  app.add_flag("--unattended", arguments.unattended,
+               "Ask the user nothing (also when standard input is no terminal)");
+  AddRepeatable(app, "--drive", raw.drives, "X=DIR",
+                "Linux: what drive X: stands for; may be repeated (Z: is /)");
+  app.add_flag("-v,--verbose", arguments.verbose, "Log variable assignments and times too");
+  app.add_flag("-q,--quiet", arguments.quiet, "Log failures and the summary only");
+  AddCommonOptions(app, arguments, raw);
+}
+
+CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const char* help,
+                     Arguments& arguments) {
+  CLI::App* sub = app.add_subcommand(name, help);
+  sub->callback([&arguments, command] { arguments.command = command; });
+  return sub;
+}
+
+void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+  CLI::App* run = AddCommand(app, Command::Run, "run", "Execute a project", arguments);
+  run->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
+  run->add_flag("--validate", arguments.validate, "Refuse a project whose actions are not set up completely");
+  AddBuildOptions(*run, arguments, raw);
+
+  CLI::App* exec = AddCommand(app, Command::Exec, "exec", "Execute one action without a project", arguments);
+  exec->add_option("TYPEID", arguments.subject, "Type id of the action, such as HDELETE_FILE")
+      ->required()
+      ->type_name("");
+  exec->add_option("PROPERTY", arguments.assignments, "PROP=VALUE, or PROP+=LINE for each line of a list")
+      ->type_name("");
+  AddRepeatable(*exec, "--script", arguments.scripts, "EVENT=FILE",
+                "Attach a script to an event of the action; may be repeated");
+  AddBuildOptions(*exec, arguments, raw);
+
+  CLI::App* validate =
+      AddCommand(app, Command::Validate, "validate", "Check a project without executing it", arguments);
+  validate->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
+  CLI::App* actions = AddCommand(app, Command::Actions, "actions", "List the action types", arguments);
+  CLI::App* describe =
+      AddCommand(app, Command::Describe, "describe", "Show an action type's properties and help", arguments);
+  describe->add_option("TYPEID", arguments.subject, "Type id of the action")->required()->type_name("");
+  for (CLI::App* sub : {validate, actions, describe}) {
+    sub->add_flag("--json", arguments.json, "Print JSON");
+    AddCommonOptions(*sub, arguments, raw);
+  }
+}
+
+void TakeApart(const RawArguments& raw, Arguments& arguments) {
+  for (const std::string& text : raw.variables) {
+    arguments.variables.push_back(SplitAssignment(text, "-D"));
+    const std::string& name = arguments.variables.back().first;
+    if (!IsVariableName(name)) {
+      throw UsageError{"-D " + text + ": \"" + name + "\" is no variable name (letters, digits, _ . - ( ))"};
+    }
+  }
+  for (const std::string& text : raw.drives) {
+    const auto [drive, folder] = SplitAssignment(text, "--drive");
+    const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] & ~0x20);
+    const bool isLetter = letter >= 'A' && letter <= 'Z' && (drive.size() == 1 || drive.substr(1) == ":");
+    if (!isLetter || folder.empty()) throw UsageError{"--drive " + text + ": it must be of the form X=DIR"};
+    arguments.drives[letter] = folder;
+  }
+  for (const std::string& text : raw.options) {
+    const auto [path, value] = SplitAssignment(text, "--option");
+    const size_t dot = path.find('.');
+    if (dot == std::string::npos || dot == 0 || dot + 1 == path.size()) {
+      throw UsageError{"--option " + text + ": it must be of the form NAME.KEY=VALUE"};
+    }
+    arguments.options.push_back({path.substr(0, dot), path.substr(dot + 1), value});
+  }
+  if (arguments.verbose && arguments.quiet) throw UsageError{"-v and -q exclude each other"};
+}
+
+}  // namespace
+
+VariableDefinition SplitAssignment(const std::string& text, const std::string& what) {
+  const size_t equals = text.find('=');
+  if (equals == std::string::npos || equals == 0) {
+    throw UsageError{what + " " + text + ": it must be of the form NAME=VALUE"};
+  }
+  return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
+  CLI::App app("vekrun executes build projects.", "vekrun");
+  app.set_version_flag("--version", "vekrun " VEK_VERSION);
+  app.require_subcommand(1);
+  app.footer(kExamples);
+  RawArguments raw;
+  DeclareCommands(app, arguments, raw);
+  try {
+    std::reverse(words.begin(), words.end());  // the parser takes them from the back
+    app.parse(std::move(words));
+    TakeApart(raw, arguments);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kWrongUsage;
+  } catch (const UsageError& error) {
+    std::cerr << "vekrun: " << error.message << '\n';
+    return kWrongUsage;
+  }
+  return {};
+}

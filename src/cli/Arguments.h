@@ -1,0 +1,48 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "host/ProjectVariables.h"
+
+enum class Command { Run, Exec, Validate, Actions, Describe };
+enum class LogFormat { Text, Jsonl, Junit };
+
+/// What the command line asks for.
+struct Arguments {
+  Command command = Command::Run;
+  std::string subject;                   // the project's file, or a type id
+  std::vector<std::string> assignments;  // of exec: PROP=VALUE, PROP+=LINE
+  std::vector<std::string> scripts;      // of exec: EVENT=FILE
+  std::vector<VariableDefinition> variables;
+
+  LogFormat logFormat = LogFormat::Text;
+  std::string logFile;  // empty: standard output
+  bool json = false;
+  bool validate = false;
+  bool unattended = false;
+  bool verbose = false;
+  bool quiet = false;
+
+  std::vector<std::string> packages;
+  std::map<char, std::string> drives;  // by upper-case letter
+  struct Option {
+    std::string name, key, value;
+  };
+  std::vector<Option> options;
+};
+
+/// Wrong usage; the message says what is wrong.
+struct UsageError {
+  std::string message;
+};
+
+/// Splits "NAME=VALUE" at the first '='; raises UsageError, which shows `what` and the form wanted.
+VariableDefinition SplitAssignment(const std::string& text, const std::string& what);
+
+/// Reads the command line. Answers an exit code instead when there is nothing left to do: help and version
+/// were asked for (0), or the usage is wrong (2, said on standard error).
+std::optional<int> ReadArguments(StringList words, Arguments& arguments);

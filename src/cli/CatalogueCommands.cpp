@@ -1,0 +1,25 @@
+#include "cli/CatalogueCommands.h"
+
+#include <iostream>
+
+#include "cli/NoEvents.h"
+#include "cli/Session.h"
+#include "host/BuildContext.h"
+#include "host/Description.h"
+
+int ListActions(const Arguments& arguments) {
+  const Session session(arguments, true);
+  std::cout << (arguments.json ? ListActionsAsJson(session.GetCatalogue())
+                               : ListActionsAsText(session.GetCatalogue()));
+  return 0;
+}
+
+int DescribeAction(const Arguments& arguments) {
+  const Session session(arguments, true);
+  NoEvents events;
+  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
+  const CatalogueEntry& entry = session.FindType(arguments.subject);
+  std::cout << (arguments.json ? DescribeAsJson(session.GetCatalogue(), entry, context)
+                               : DescribeAsText(session.GetCatalogue(), entry, context));
+  return 0;
+}

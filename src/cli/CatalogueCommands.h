@@ -1,0 +1,7 @@
+#pragma once
+
+#include "cli/Arguments.h"
+
+/// The commands that show what the packages hold; they answer the exit code and raise EVekError.
+int ListActions(const Arguments& arguments);
+int DescribeAction(const Arguments& arguments);

@@ -1,0 +1,49 @@
+#include "cli/Session.h"
+
+#include "base/NearestName.h"
+#include "coreapi/Vekerrors.h"
+#include "host/ActionGroup.h"
+#include "platform/Environment.h"
+#include "platform/ErrorTexts.h"
+#include "platform/Files.h"
+
+Session::Session(const Arguments& arguments, bool designTime)
+    : drives_(arguments.drives),
+      owner_(CreatePlatform([this](char letter) { return DriveFolder(letter); })),
+      dialogs_(owner_->GetConsole()),
+      services_{catalogue_, catalogue_, options_, dialogs_},
+      packages_(owner_->Get()) {
+  SetOptions(arguments);
+  InstallVekServices(&services_);
+  if (arguments.packages.empty()) packages_.Load(packages_.DefaultPackage(), designTime);
+  for (const std::string& file : arguments.packages) packages_.Load(file, designTime);
+  RegisterHostActions(catalogue_);
+}
+
+Session::~Session() { InstallVekServices(nullptr); }
+
+const CatalogueEntry& Session::FindType(const std::string& typeId) const {
+  if (const CatalogueEntry* entry = catalogue_.Find(typeId)) return *entry;
+  throw EVekError("unknown action type \"" + typeId + '"' + DidYouMean(typeId, catalogue_.TypeIds()));
+}
+
+std::string Session::ReadFile(const std::string& path) const {
+  std::string contents;
+  const SysResult read = GetPlatform().files.FolderExists(path)
+                             ? SysResult::Failure(Win32Error::Directory)
+                             : GetPlatform().files.ReadWhole(path, contents);
+  if (!read) throw EVekError(path + ": " + GetPlatform().errorTexts.Text(read.code));
+  return contents;
+}
+
+void Session::SetOptions(const Arguments& arguments) {
+  options_.Load(GetPlatform());
+  for (const auto& [name, key, value] : arguments.options) options_.Override(name, key, value);
+}
+
+std::optional<std::string> Session::DriveFolder(char letter) {
+  const auto given = drives_.find(letter);
+  if (given != drives_.end()) return given->second;
+  const std::string stored = options_.ReadOption("Drives", std::string(1, letter));
+  return stored.empty() ? std::nullopt : std::optional(stored);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "cli/Arguments.h"
+#include "coreapi/Vekservices.h"
+#include "host/Catalogue.h"
+#include "host/ConsoleDialogs.h"
+#include "host/OptionStore.h"
+#include "host/Packages.h"
+#include "platform/CreatePlatform.h"
+
+/// What every command needs: the platform, the option store and the loaded packages. Lives as long as
+/// anything made from the packages' classes.
+class Session {
+ public:
+  /// Loads the packages; raises EVekError when one does not load or the option store is unreadable.
+  Session(const Arguments& arguments, bool designTime);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  const Platform& GetPlatform() const { return owner_->Get(); }
+  Console& GetConsole() { return owner_->GetConsole(); }
+  ConsoleDialogs& Dialogs() { return dialogs_; }
+  const Catalogue& GetCatalogue() const { return catalogue_; }
+
+  /// The entry of a type id; raises EVekError, which names the nearest one, when there is none.
+  const CatalogueEntry& FindType(const std::string& typeId) const;
+
+  /// The contents of a file; raises EVekError with the system's word for what went wrong.
+  std::string ReadFile(const std::string& path) const;
+
+ private:
+  void SetOptions(const Arguments& arguments);
+  std::optional<std::string> DriveFolder(char letter);
+
+  const std::map<char, std::string> drives_;
+  OptionStore options_;
+  std::unique_ptr<PlatformOwner> owner_;
+  Catalogue catalogue_;
+  ConsoleDialogs dialogs_;
+  VekHostServices services_;
+  Packages packages_;
+};

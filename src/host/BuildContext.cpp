@@ -1,0 +1,108 @@
+#include "host/BuildContext.h"
+
+#include "coreapi/Vekactionapi.h"
+#include "host/Catalogue.h"
+#include "host/EventSink.h"
+#include "host/Project.h"
+#include "platform/Environment.h"
+#include "platform/Platform.h"
+
+/// The project's named objects. None are kept yet; a look-up answers that there is none of the name.
+class BuildContext::ProjectObjects final : public IVekProjectObjectAPI {
+ public:
+  IVekProjectObject* FindObject(std::string_view /*name*/, std::string_view /*objectType*/) override {
+    return nullptr;
+  }
+};
+
+BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
+                           bool unattended)
+    : platform_(platform),
+      catalogue_(catalogue),
+      events_(events),
+      unattended_(unattended),
+      objects_(std::make_unique<ProjectObjects>()) {}
+
+BuildContext::~BuildContext() = default;
+
+bool BuildContext::EvaluateCondition(std::string_view expression) {
+  return Trim(expression).empty() || IsTrue(Scripts().Evaluate(expression));
+}
+
+std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
+
+std::optional<std::string> BuildContext::VariableText(std::string_view name) {
+  if (const Variant* value = variables_.Find(name)) return VariantToText(*value);
+  return platform_.environment.Variable(name);
+}
+
+Variant BuildContext::EvaluateScript(std::string_view source) {
+  try {
+    return Scripts().Evaluate(source);
+  } catch (const EScriptError& error) {
+    throw EVekExpressionError(error.what());
+  }
+}
+
+Variant BuildContext::GetVariableValue(std::string_view name) {
+  if (const Variant* value = variables_.Find(name)) return *value;
+  throw EVekError("variable \"" + std::string(name) + "\" is not defined");
+}
+
+void BuildContext::SetVariable(std::string_view name, Variant value) {
+  events_.Variable(path_, name, value);
+  variables_.Set(name, std::move(value));
+}
+
+bool BuildContext::IsVariableDefined(std::string_view name) { return variables_.Find(name) != nullptr; }
+
+void BuildContext::SendMessage(std::string_view text) { events_.Message(path_, text); }
+void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
+  events_.Status(path_, message.Lines());
+}
+void BuildContext::SendProgress(std::string_view text, int32_t percent) {
+  events_.Progress(path_, text, percent);
+}
+void BuildContext::ReportError(std::string_view text) { events_.Error(path_, text); }
+
+bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript& script, Variant& result) {
+  try {
+    result = Scripts().Run(script.Text(), script.Params());
+    return true;
+  } catch (const EScriptError& error) {
+    const std::string line = error.Line() > 0 ? ", line " + std::to_string(error.Line()) : "";
+    ReportError("script " + script.Name() + line + ": " + error.what());
+    return false;
+  }
+}
+
+void BuildContext::Synchronize(const std::function<void()>& method) {
+  // The build thread is this host's user-interface thread.
+  inSynchronize_ = true;
+  try {
+    method();
+  } catch (...) {
+    inSynchronize_ = false;
+    throw;
+  }
+  inSynchronize_ = false;
+}
+
+IVekProjectObjectAPI& BuildContext::GetProjectObjectAPI() { return *objects_; }
+
+IVekScriptObject* BuildContext::ActionByName(std::string_view name) {
+  TCustomVekAction* action = project_ ? FindActionByName(project_->actions, name) : nullptr;
+  if (!action) return nullptr;
+  auto& object = scriptObjects_[action];
+  if (!object) object = CreateActionScriptObject(*action);
+  return object.get();
+}
+
+const std::vector<std::pair<std::string, Variant>>& BuildContext::Constants() {
+  return catalogue_.ScriptConstants();
+}
+
+ScriptEngine& BuildContext::Scripts() {
+  if (!scripts_) scripts_ = CreateScriptEngine(*this);
+  return *scripts_;
+}

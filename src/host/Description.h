@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+class Catalogue;
+class IVekActionHost;
+struct CatalogueEntry;
+
+/// The catalogue for people: one line per action type, grouped by category.
+std::string ListActionsAsText(const Catalogue& catalogue);
+std::string ListActionsAsJson(const Catalogue& catalogue);
+
+/// Everything that an action type answers about itself. The host is what an instance is made with, for its
+/// defaults.
+std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host);
+std::string DescribeAsJson(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host);

@@ -1,0 +1,232 @@
+#include <set>
+
+#include "host/Catalogue.h"
+#include "host/ProjectFile.h"
+#include "host/ProjectXml.h"
+#include "host/PropertyAssignment.h"
+#include "host/Quoted.h"
+#include "host/VariableName.h"
+
+namespace {
+
+using Node = pugi::xml_node;
+using NameSet = std::set<std::string, LessNoCase>;
+
+constexpr std::string_view kVariableTypes[] = {"String", "Integer", "Boolean", "Float", "DateTime"};
+constexpr size_t kDeepestAction = 100;
+
+/// The saved properties of an action, from its element Properties.
+class SavedProperties final : public IVekStateReader {
+ public:
+  SavedProperties(const ProjectXml& xml, Node section, const std::string& place,
+                  const TCustomVekAction& action)
+      : xml_(xml), section_(section), place_(place), action_(action) {}
+
+  void ReadProperties(const Assign& assign) override {
+    for (const Node element : section_.children()) {
+      if (xml_.IsElement(element, place_)) ReadProperty(element, assign);
+    }
+  }
+
+ private:
+  void ReadProperty(Node element, const Assign& assign) {
+    const PropertyRow& row = xml_.Placed(
+        element, place_, [&]() -> const PropertyRow& { return AssignableProperty(action_, element.name()); });
+    const std::string place = place_ + ": property " + std::string(row.name);
+    xml_.CheckAttributes(element, place, {});
+    if (!assigned_.insert(&row).second) xml_.Fail(element, place, "given twice");
+    const PropertyValue value =
+        row.type == PropertyType::StringList ? ReadLines(element, place) : ReadValue(element, place, row);
+    xml_.Placed(element, place, [&] { assign(row, value); });
+  }
+
+  PropertyValue ReadLines(Node element, const std::string& place) const {
+    StringList lines;
+    xml_.ForEachElement(element, place, {"Line"}, [&](Node line) {
+      xml_.CheckAttributes(line, place, {});
+      lines.push_back(xml_.Text(line, place));
+    });
+    return lines;
+  }
+
+  PropertyValue ReadValue(Node element, const std::string& place, const PropertyRow& row) const {
+    if (const Node line = element.child("Line"))
+      xml_.Fail(line, place, "a Line, but the property is no list");
+    const std::string text = xml_.Text(element, place);
+    return xml_.Placed(element, place_, [&] { return FittingValue(row, text); });
+  }
+
+  const ProjectXml& xml_;
+  Node section_;
+  const std::string& place_;
+  const TCustomVekAction& action_;
+  std::set<const PropertyRow*> assigned_;
+};
+
+class Reader {
+ public:
+  Reader(const ProjectXml& xml, const Catalogue& catalogue, IVekActionHost& host)
+      : xml_(xml), catalogue_(catalogue), host_(host) {}
+
+  Project Read();
+
+ private:
+  void CheckVersion(Node root) const;
+  VariableDeclaration ReadVariable(Node element, NameSet& names) const;
+  std::string ReadVariableType(Node element, const std::string& place) const;
+  FileSetDeclaration ReadFileSet(Node element, NameSet& names) const;
+  std::vector<ActionNode> ReadActions(Node section, const std::string& place, const std::string& path,
+                                      size_t depth) const;
+  ActionNode ReadAction(Node element, const std::string& path, size_t depth) const;
+  ActionNode CreateAction(Node element, const std::string& place) const;
+  void ReadScript(Node element, const std::string& place, TCustomVekAction& action, NameSet& events) const;
+
+  const ProjectXml& xml_;
+  const Catalogue& catalogue_;
+  IVekActionHost& host_;
+};
+
+Project Reader::Read() {
+  const Node root = xml_.Root("VekProject");
+  CheckVersion(root);
+  Project project;
+  NameSet variables, fileSets;
+  xml_.ForEachElement(root, "", {"Variables", "FileSets", "Actions"}, [&](Node section) {
+    xml_.RefuseSecond(section, "");
+    xml_.CheckAttributes(section, "", {});
+    const std::string_view name = section.name();
+    if (name == "Variables") {
+      xml_.ForEachElement(section, "", {"Variable"}, [&](Node element) {
+        project.variables.push_back(ReadVariable(element, variables));
+      });
+    } else if (name == "FileSets") {
+      xml_.ForEachElement(section, "", {"FileSet"},
+                          [&](Node element) { project.fileSets.push_back(ReadFileSet(element, fileSets)); });
+    } else {
+      project.actions = ReadActions(section, "", "", 1);
+    }
+  });
+  return project;
+}
+
+void Reader::CheckVersion(Node root) const {
+  xml_.CheckAttributes(root, "", {"Version"});
+  const std::string version = xml_.RequiredAttribute(root, "", "Version");
+  if (version != "1") {
+    xml_.Fail(root, "", "version " + Quoted(version) + " is not supported; version 1 is");
+  }
+}
+
+VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
+  xml_.CheckAttributes(element, "", {"Name", "Type"});
+  VariableDeclaration variable;
+  variable.line = xml_.LineOf(element);
+  variable.name = xml_.RequiredAttribute(element, "", "Name");
+  if (!IsVariableName(variable.name)) {
+    xml_.Fail(element, "",
+              "variable name " + Quoted(variable.name) + " is not made of letters, digits and _ . - ( )");
+  }
+  const std::string place = "variable " + OneLine(variable.name);
+  if (!names.insert(variable.name).second) xml_.Fail(element, place, "declared twice");
+  variable.type = ReadVariableType(element, place);
+  variable.text = xml_.Text(element, place);
+  // What holds a reference can only be checked when it has been expanded.
+  const bool literal =
+      variable.text.find('%') == std::string::npos && variable.text.find("$(") == std::string::npos;
+  if (literal && !VariantFromText(variable.type, variable.text)) {
+    xml_.Fail(element, place, Quoted(variable.text) + " is no value of type " + variable.type);
+  }
+  return variable;
+}
+
+std::string Reader::ReadVariableType(Node element, const std::string& place) const {
+  const std::string wanted = xml_.Attribute(element, place, "Type").value_or("String");
+  for (std::string_view type : kVariableTypes) {
+    if (SameText(type, wanted)) return std::string(type);
+  }
+  xml_.Fail(element, place, "unknown type " + Quoted(wanted) + Suggestion(wanted, kVariableTypes));
+}
+
+FileSetDeclaration Reader::ReadFileSet(Node element, NameSet& names) const {
+  xml_.CheckAttributes(element, "", {"Name", "BaseDirectory"});
+  FileSetDeclaration fileSet;
+  fileSet.line = xml_.LineOf(element);
+  fileSet.name = xml_.RequiredAttribute(element, "", "Name");
+  if (Trim(fileSet.name).empty()) xml_.Fail(element, "", "a file set without a name");
+  const std::string place = "file set " + Quoted(fileSet.name);
+  if (!names.insert(fileSet.name).second) xml_.Fail(element, place, "declared twice");
+  fileSet.baseDirectory = xml_.RequiredAttribute(element, place, "BaseDirectory");
+  xml_.ForEachElement(element, place, {"Include", "Exclude"}, [&](Node pattern) {
+    xml_.CheckAttributes(pattern, place, {});
+    const bool includes = std::string_view(pattern.name()) == "Include";
+    (includes ? fileSet.includes : fileSet.excludes).push_back(xml_.Text(pattern, place));
+  });
+  return fileSet;
+}
+
+std::vector<ActionNode> Reader::ReadActions(Node section, const std::string& place, const std::string& path,
+                                            size_t depth) const {
+  std::vector<ActionNode> actions;
+  xml_.ForEachElement(section, place, {"Action"}, [&](Node element) {
+    actions.push_back(ReadAction(element, path + '/' + std::to_string(actions.size() + 1), depth));
+  });
+  return actions;
+}
+
+ActionNode Reader::ReadAction(Node element, const std::string& path, size_t depth) const {
+  std::string place = "action " + path;
+  if (depth > kDeepestAction) {
+    // The path of such an action is long and says nothing.
+    xml_.Fail(element, "", "actions are nested more than " + std::to_string(kDeepestAction) + " deep");
+  }
+  ActionNode node = CreateAction(element, place);
+  place += ' ' + node.typeId;
+  NameSet events;
+  xml_.ForEachElement(element, place, {"Properties", "Script", "Actions"}, [&](Node part) {
+    const std::string_view name = part.name();
+    if (name == "Script") return ReadScript(part, place, *node.action, events);
+    xml_.RefuseSecond(part, place);
+    xml_.CheckAttributes(part, place, {});
+    if (name == "Properties") {
+      SavedProperties saved(xml_, part, place, *node.action);
+      node.action->ReadState(saved);
+    } else {
+      node.children = ReadActions(part, place, path, depth + 1);
+    }
+  });
+  return node;
+}
+
+ActionNode Reader::CreateAction(Node element, const std::string& place) const {
+  xml_.CheckAttributes(element, place, {"Type"});
+  const std::string typeId = xml_.RequiredAttribute(element, place, "Type");
+  const CatalogueEntry* entry = catalogue_.Find(typeId);
+  if (!entry) {
+    xml_.Fail(element, place, "unknown type " + Quoted(typeId) + Suggestion(typeId, catalogue_.TypeIds()));
+  }
+  ActionNode node;
+  node.typeId = entry->typeId;
+  node.action = entry->actionClass->create(host_);
+  node.line = xml_.LineOf(element);
+  return node;
+}
+
+void Reader::ReadScript(Node element, const std::string& place, TCustomVekAction& action,
+                        NameSet& events) const {
+  xml_.CheckAttributes(element, place, {"Event"});
+  const std::string event = xml_.RequiredAttribute(element, place, "Event");
+  const std::string text = xml_.Text(element, place);
+  xml_.Placed(element, place, [&] { AttachScript(action, event, text); });
+  if (!events.insert(event).second)
+    xml_.Fail(element, place, "a second script for the event " + Quoted(event));
+}
+
+}  // namespace
+
+Project ReadProject(std::string_view text, std::string_view fileName, const Catalogue& catalogue,
+                    IVekActionHost& host) {
+  const ProjectXml xml(text, fileName);
+  Project project = Reader(xml, catalogue, host).Read();
+  project.fileName = fileName;
+  return project;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "coreapi/Vekproperties.h"
+
+class TCustomVekAction;
+
+/// The published property of that name, without regard to case. Raises EProjectError for an unknown property
+/// (with the nearest name) and for a read-only one.
+const PropertyRow& AssignableProperty(const TCustomVekAction& action, std::string_view name);
+
+/// The value that the text stands for; raises EProjectError when it does not fit.
+PropertyValue FittingValue(const PropertyRow& row, std::string_view text);

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+class TCustomVekAction;
+
+/// Ends a build before its time: at the user's wish, when the log cannot be written, or, for one action and
+/// what runs below it, when its time is up. The running actions are asked to terminate; loops poll Stopped.
+class StopControl {
+ public:
+  StopControl() = default;
+  ~StopControl();
+  StopControl(const StopControl&) = delete;
+  StopControl& operator=(const StopControl&) = delete;
+
+  /// Asks the whole build to stop. [any thread]
+  void RequestStop();
+  bool StopRequested() const { return stopRequested_.load(std::memory_order_relaxed); }
+
+  /// The build is to stop, or the time of a running action is up. [any thread]
+  bool Stopped() const { return interrupted_.load(std::memory_order_relaxed); }
+
+  /// An action that is running, innermost last; an outer one's time takes in what runs below it.
+  class Running {
+   public:
+    /// `timeoutSeconds` 0: no limit.
+    Running(StopControl& control, TCustomVekAction& action, uint32_t timeoutSeconds);
+    ~Running();
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+    bool TimedOut() const;
+
+   private:
+    StopControl& control_;
+  };
+
+  /// Waits; false when the wait was cut short by a stop.
+  bool Wait(double seconds);
+
+ private:
+  using TimePoint = std::chrono::steady_clock::time_point;
+  struct Entry {
+    TCustomVekAction* action;
+    TimePoint deadline;
+    bool timedOut = false;
+  };
+
+  void Watch();
+  void MarkExpired(TimePoint now);
+  void TerminateRunning(size_t outermost);
+
+  // Recursive, because what an action does to end may make the log fail, which asks the build to stop.
+  std::recursive_mutex mutex_;
+  std::condition_variable_any changed_;
+  std::vector<Entry> running_;
+  std::atomic<bool> stopRequested_ = false;
+  std::atomic<bool> interrupted_ = false;
+  bool quit_ = false;
+  std::thread watchdog_;
+};

@@ -1,0 +1,90 @@
+#include <string>
+
+#include "host/LogOutput.h"
+#include "host/Logs.h"
+#include "host/ProgressLine.h"
+#include "host/QuietLog.h"
+#include "host/TextFormat.h"
+
+namespace {
+
+/// Writes what happens as it happens: one write for each event that has something to show.
+class TextLog final : public EventSink {
+ public:
+  TextLog(LogOutput& output, const TextLogStyle& style)
+      : output_(output),
+        format_(style.colours),
+        progress_(style.liveProgress ? style.width : 0),
+        verbose_(style.verbosity == Verbosity::Verbose) {}
+
+  void BuildStart(std::string_view project) override {
+    format_.Heading(pending_, project);
+    Write();
+  }
+
+  void ActionStart(const ActionPlace& place) override {
+    format_.Title(pending_, place);
+    Write();
+  }
+
+  void Message(std::string_view path, std::string_view text) override {
+    format_.Text(pending_, path, text);
+    Write();
+  }
+
+  void Status(std::string_view path, const StringList& lines) override {
+    for (const std::string& line : lines) format_.Text(pending_, path, line);
+    Write();
+  }
+
+  void Progress(std::string_view /*path*/, std::string_view text, int32_t percent) override {
+    output_.Write(progress_.Draw(text, percent));
+  }
+
+  void Variable(std::string_view path, std::string_view name, const Variant& value) override {
+    if (!verbose_) return;
+    format_.Variable(pending_, path, name, value);
+    Write();
+  }
+
+  void Error(std::string_view path, std::string_view text) override {
+    format_.Error(pending_, path, text);
+    Write();
+  }
+
+  void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override {
+    if (verbose_) {
+      format_.TimedResult(pending_, place, result, seconds);
+    } else if (result != ActionResult::Success) {
+      format_.Result(pending_, place, result);
+    }
+    Write();
+  }
+
+  void BuildEnd(const BuildSummary& summary) override {
+    pending_ += '\n';
+    format_.Summary(pending_, summary);
+    Write();
+  }
+
+ private:
+  /// Writes the pending lines in place of the progress line, which is over when an action has ended.
+  void Write() {
+    pending_.insert(0, progress_.Erase());
+    output_.Write(pending_);
+    pending_.clear();
+  }
+
+  LogOutput& output_;
+  TextFormat format_;
+  ProgressLine progress_;
+  bool verbose_;
+  std::string pending_;
+};
+
+}  // namespace
+
+std::unique_ptr<EventSink> CreateTextLog(LogOutput& output, const TextLogStyle& style) {
+  if (style.verbosity == Verbosity::Quiet) return CreateQuietLog(output, style.colours);
+  return std::make_unique<TextLog>(output, style);
+}

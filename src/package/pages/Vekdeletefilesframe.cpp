@@ -1,0 +1,12 @@
+#include "pages/Vekdeletefilesframe.h"
+
+TDeleteFilesFrame::TDeleteFilesFrame() : TActionFrame("Details") {
+  Heading("File Spec");
+  ButtonEdit("txtSource", "FileSpec")
+      .Hint("Source Files")
+      .BrowsesForFile("Select File", "All Files (*.*)|*.*");
+  Heading("Options");
+  CheckBox("chkDeleteReadOnly", "Delete Read Only Files", "DeleteReadOnly");
+  CheckBox("chkDeleteHiddenFiles", "Delete Hidden Files", "DeleteHidden");
+  CheckBox("chkFailIfZero", "Fail if Zero Files Affected", "FailIfNoFile");
+}

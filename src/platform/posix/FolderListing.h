@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Names of one folder, kept together in one block and sorted by their upper-cased form.
+class FolderListing {
+ public:
+  void Add(std::string_view name);
+  void Sort();
+
+  size_t Size() const { return entries_.size(); }
+
+  /// Ends in a zero byte, as the system wants names.
+  const char* Name(size_t index) const { return names_.data() + entries_[index].start; }
+
+ private:
+  struct Entry {
+    uint64_t key;  // what the first characters in which names differ are ordered by
+    size_t start;
+    uint32_t length;
+  };
+
+  std::string_view Text(const Entry& entry) const { return {names_.data() + entry.start, entry.length}; }
+  size_t CommonPrefix() const;
+  bool IsBefore(const Entry& a, const Entry& b) const;
+
+  std::string names_;
+  std::vector<Entry> entries_;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+class PosixClock final : public Clock {
+ public:
+  double Seconds() override;
+  TDateTime LocalNow() override;
+};

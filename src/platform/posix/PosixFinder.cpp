@@ -1,0 +1,119 @@
+#include "platform/posix/PosixFinder.h"
+
+#include "base/Wildcard.h"
+#include "base/WindowsPath.h"
+#include "platform/FileAttributes.h"
+#include "platform/posix/EntryStatus.h"
+#include "platform/posix/FolderListing.h"
+#include "platform/posix/FolderReader.h"
+#include "platform/posix/PosixErrors.h"
+
+namespace {
+
+/// The names are read at once, what stands under them is looked up when it is their turn.
+class PosixFindSearch final : public FindSearch {
+ public:
+  PosixFindSearch() = default;
+  PosixFindSearch(std::shared_ptr<const Folder> folder, FolderListing names, uint32_t mask)
+      : folder_(std::move(folder)), names_(std::move(names)), excluded_(kByMaskOnly & ~mask) {
+    hasFirst_ = Find(first_);
+  }
+
+  bool IsEmpty() const { return !hasFirst_; }
+
+  bool Next(FoundEntry& entry) override {
+    if (!hasFirst_) return Find(entry);
+    hasFirst_ = false;
+    entry = std::move(first_);
+    return true;
+  }
+
+ private:
+  static constexpr uint32_t kByMaskOnly =
+      FileAttribute::Hidden | FileAttribute::System | FileAttribute::Directory;
+
+  bool Find(FoundEntry& entry) {
+    while (next_ < names_.Size()) {
+      if (Look(names_.Name(next_++), entry)) return true;
+    }
+    return false;
+  }
+
+  bool Look(const char* name, FoundEntry& entry) const {
+    EntryStatus found;
+    const int folder = folder_->fd.Get();
+    if (!ReadStatus(folder, name, found)) return false;
+    if (found.IsFolder() && (excluded_ & FileAttribute::Directory) != 0) return false;
+    entry.attributes = AttributesOf(folder, name, found);
+    if ((entry.attributes & excluded_) != 0) return false;
+    if (entry.attributes == 0) entry.attributes = FileAttribute::Normal;
+    entry.name = name;
+    const timespec& time = found.status.st_mtim;
+    entry.size = S_ISREG(found.status.st_mode) ? static_cast<uint64_t>(found.status.st_size) : 0;
+    entry.lastWrite = static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    return true;
+  }
+
+  std::shared_ptr<const Folder> folder_;
+  FolderListing names_;
+  uint32_t excluded_ = 0;
+  size_t next_ = 0;
+  FoundEntry first_;
+  bool hasFirst_ = false;
+};
+
+/// Whether a path can say the name. It cannot where the name would be read as something else.
+bool IsAddressable(std::string_view name, bool hasFolder) {
+  const bool looksLikeDrive = name.size() > 1 && name[1] == ':';
+  return name.find('\\') == std::string_view::npos && (hasFolder || !looksLikeDrive);
+}
+
+/// The names that the wildcards match; false with the reason in errno.
+bool ListMatches(const Place& place, bool hasFolder, bool wantsFolders, FolderListing& names) {
+  FolderReader reader(place.Fd());
+  if (!reader) return false;
+  const DosMask wanted(place.name);
+  while (const dirent* entry = reader.Next()) {
+    if (entry->d_type == DT_DIR && !wantsFolders) continue;
+    const std::string_view name = entry->d_name;
+    if (wanted.Matches(name) && IsAddressable(name, hasFolder)) names.Add(name);
+  }
+  names.Sort();
+  return true;
+}
+
+/// The one name that a spec without wildcards means.
+bool FindOne(PosixPaths& paths, Place& place, FolderListing& names) {
+  EntryStatus ignored;
+  if (!ReadStatus(place.Fd(), place.Name(), ignored) && (errno != ENOENT || !paths.OtherCase(place)))
+    return false;
+  names.Add(place.name);
+  return true;
+}
+
+std::unique_ptr<FindSearch> Nothing(SysResult& result, Win32Error code) {
+  result = SysResult::Failure(code);
+  return std::make_unique<PosixFindSearch>();
+}
+
+}  // namespace
+
+std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t mask, SysResult& result) {
+  Place place = paths_.Locate(spec);
+  const std::string_view folderPart = FolderPart(spec);
+  if (!place.folder) {
+    const bool badName = folderPart.find_first_of("*?") != std::string_view::npos;
+    return Nothing(result, badName ? Win32Error::InvalidName : place.error);
+  }
+  if (IsPathDelimiter(spec.back())) return Nothing(result, Win32Error::FileNotFound);
+
+  FolderListing names;
+  const bool hasWildcards = place.name.find_first_of("*?") != std::string::npos;
+  const bool listed =
+      hasWildcards ? ListMatches(place, !folderPart.empty(), (mask & FileAttribute::Directory) != 0, names)
+                   : FindOne(paths_, place, names);
+  if (!listed) return Nothing(result, FromErrno(errno));
+  auto search = std::make_unique<PosixFindSearch>(std::move(place.folder), std::move(names), mask);
+  result = search->IsEmpty() ? SysResult::Failure(Win32Error::FileNotFound) : SysResult();
+  return search;
+}

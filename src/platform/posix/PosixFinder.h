@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Finder.h"
+#include "platform/posix/PosixPaths.h"
+
+class PosixFinder final : public Finder {
+ public:
+  explicit PosixFinder(PosixPaths& paths) : paths_(paths) {}
+
+  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) override;
+
+ private:
+  PosixPaths& paths_;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+class Win32Clock final : public Clock {
+ public:
+  double Seconds() override;
+  TDateTime LocalNow() override;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/Environment.h"
+
+class Win32Environment final : public Environment {
+ public:
+  std::optional<std::string> Variable(std::string_view name) override;
+  std::string CurrentFolder() override;
+  SysResult SetCurrentFolder(std::string_view path) override;
+  std::string FullPath(std::string_view path) override;
+  std::string TempFolder() override;
+  std::string SystemFolder() override;
+  std::string DataFolder() override;
+  std::string ProgramFolder() override;
+  std::string CommandInterpreter() override;
+};

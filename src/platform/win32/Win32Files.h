@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Files.h"
+
+class Win32Files final : public Files {
+ public:
+  bool FileExists(std::string_view path) override;
+  bool FolderExists(std::string_view path) override;
+  bool EntryExists(std::string_view path) override;
+  SysResult GetAttributes(std::string_view path, uint32_t& attributes) override;
+  SysResult SetAttributes(std::string_view path, uint32_t attributes) override;
+  SysResult Delete(std::string_view path) override;
+  SysResult CreateFolder(std::string_view path) override;
+  SysResult CreateFolders(std::string_view path) override;
+  SysResult RemoveFolder(std::string_view path) override;
+  SysResult ReadWhole(std::string_view path, std::string& contents) override;
+  SysResult Replace(std::string_view path, std::string_view contents) override;
+};

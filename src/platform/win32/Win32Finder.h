@@ -1,0 +1,8 @@
+#pragma once
+
+#include "platform/Finder.h"
+
+class Win32Finder final : public Finder {
+ public:
+  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) override;
+};

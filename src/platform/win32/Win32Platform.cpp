@@ -1,0 +1,34 @@
+#include "platform/CreatePlatform.h"
+#include "platform/Platform.h"
+#include "platform/win32/Win32Clock.h"
+#include "platform/win32/Win32Console.h"
+#include "platform/win32/Win32Environment.h"
+#include "platform/win32/Win32ErrorTexts.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Finder.h"
+#include "platform/win32/Win32Modules.h"
+
+namespace {
+
+class Win32Platform final : public PlatformOwner {
+ public:
+  const Platform& Get() const override { return platform_; }
+  Console& GetConsole() override { return console_; }
+
+ private:
+  Win32Files files_;
+  Win32Finder finder_;
+  Win32Environment environment_;
+  Win32Clock clock_;
+  Win32ErrorTexts errorTexts_;
+  Win32Modules modules_;
+  Win32Console console_;
+  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_};
+};
+
+}  // namespace
+
+/// Windows has drives of its own and asks for none.
+std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup /*drives*/) {
+  return std::make_unique<Win32Platform>();
+}

@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# Sample breaches in a temporary tree must be found, and nothing beside them.
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+failures=0
+
+# expect WANTED FILE CODE: a tree that holds only this line gives a reason with WANTED in it, or, when WANTED
+# is empty, nothing.
+expect() {
+  local wanted=$1 file=$2 code=$3 got rc=0
+  rm -rf "${tree:?}"/*
+  mkdir -p "$tree/src" "$tree/tests" "$tree/$(dirname "$file")"
+  printf '// a line before\n%s\n' "$code" >"$tree/$file"
+  got=$("$here/check_arrows.sh" "$tree" 2>&1) || rc=$?
+  if [[ $wanted ]]; then
+    [[ $rc == 1 && $got == "$file:2: "*"$wanted"* && $got != *$'\n'* ]] && return
+  else
+    [[ $rc == 0 && -z $got ]] && return
+  fi
+  printf 'FAILED: %s in %s\n  wanted: %s\n  got %s: %s\n' "$code" "$file" "${wanted:-nothing}" "$rc" "$got"
+  failures=$((failures + 1))
+}
+
+# Who includes whom.
+expect 'base must not include coreapi' src/base/Text.cpp '#include "coreapi/Vekvariant.h"'
+expect 'platform must not include coreapi' src/platform/Files.h '#include "coreapi/Vekvariant.h"'
+expect 'coreapi must not include host' src/coreapi/A.cpp '#include "host/Logs.h"'
+expect 'coreapi must not include platform/posix' src/coreapi/A.cpp '#include "platform/posix/Errno.h"'
+expect 'forms must not include platform' src/forms/A.cpp '#include "platform/Files.h"'
+expect 'package/fileops must not include package/textini' src/package/fileops/A.cpp '#include "textini/B.h"'
+expect 'package/fileops must not include forms' src/package/fileops/A.cpp '#include "forms/Vekpluginapi.h"'
+expect 'package/pages must not include package/frame' src/package/pages/A.cpp '#include "frame/Vekfilereg.h"'
+expect 'package/textini must not include host' src/package/textini/A.cpp '#  include "host/Logs.h"'
+expect 'host must not include package/fileops' src/host/A.cpp '#include "package/fileops/B.h"'
+expect 'host/scripts must not include cli' src/host/scripts/A.cpp '#include "cli/Run.h"'
+expect 'host must not include platform/posix' src/host/A.cpp '#include "platform/posix/Errno.h"'
+expect 'platform/posix must not include platform/win32' src/platform/posix/A.cpp '#include "platform/win32/B.h"'
+expect 'cli must not include forms' src/cli/main.cpp '#include "forms/Vekpluginapi.h"'
+expect 'starts neither' src/base/Text.cpp '#include "Text.h"'
+expect '' src/package/fileops/A.cpp '#include "checksum/Md5.h"'
+expect '' src/package/textini/A.cpp '#include "platform/Files.h"'
+expect '' src/package/pages/A.cpp '#include "fileops/B.h"'
+expect '' src/package/frame/A.cpp '#include "pages/B.h"'
+expect '' src/host/A.cpp '#include "host/scripts/Engine.h"'
+expect '' src/host/scripts/A.cpp '#include "host/ScriptEngine.h"'
+expect '' src/cli/main.cpp '#include "platform/CreatePlatform.h"'
+expect '' src/base/Text.h '#include "vekcoreapi_export.h"'
+expect '' tests/host/A.cpp '#include "platform/posix/Errno.h"'
+
+# Libraries and the operating system.
+expect 'belongs to an operating system' src/host/A.cpp '#include <unistd.h>'
+expect 'belongs to an operating system' src/cli/main.cpp '#include <sys/stat.h>'
+expect 'for platform/win32 only' src/platform/posix/A.cpp '#include <Windows.h>'
+expect 'for host/scripts only' src/host/A.cpp '#include <duktape.h>'
+expect 'for host only' src/package/fileops/A.cpp '#include <pugixml.hpp>'
+expect 'for host cli only' src/coreapi/A.cpp '#include <nlohmann/json.hpp>'
+expect 'for platform only' src/host/A.cpp '#include <filesystem>'
+expect '' src/platform/posix/A.cpp '#include <sys/stat.h>'
+expect '' src/platform/win32/A.cpp '#include <windows.h>'
+expect '' src/host/scripts/A.cpp '#include "duktape.h"'
+expect '' src/base/Text.h '#include <string>'
+
+# Words.
+expect 'console' src/host/A.cpp '  std::cout << "x";'
+expect 'through platform' src/coreapi/A.cpp 'auto value = std::getenv("X");'
+expect 'through platform' src/package/fileops/A.cpp 'auto now = std::time(nullptr);'
+expect 'through platform' src/host/A.cpp 'auto now = std::chrono::system_clock::now();'
+expect 'through platform' src/host/A.cpp 'if (chdir("/") != 0) return;'
+expect 'not a conditional' src/base/Text.cpp '#ifdef _WIN32'
+expect 'not a conditional' src/cli/main.cpp '#if defined(__linux__) && X'
+expect 'not a conditional' tests/e2e/A.cpp '#ifndef _WIN32'
+expect '' src/platform/posix/A.cpp 'auto value = getenv("X");'
+expect '' src/cli/main.cpp '  std::cout << "x";'
+expect '' src/host/A.cpp 'double seconds = clock.time(0);'
+expect '' src/host/A.cpp 'Say("std::cout"); /* getenv( */ // chdir('
+expect '' src/host/A.cpp $'/* a comment\n#include <unistd.h>\n getenv("X") */'
+
+((failures == 0)) && echo "all samples as wanted"

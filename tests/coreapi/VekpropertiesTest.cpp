@@ -1,0 +1,153 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "coreapi/Vekproperties.h"
+#include "support/NullHost.h"
+#include "support/SampleAction.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+const PropertyRow& Row(std::string_view name) {
+  for (const PropertyRow& row : TSampleAction::kPublished) {
+    if (row.name == name) return row;
+  }
+  throw std::out_of_range(std::string(name));
+}
+
+struct TextCase {
+  const char* property;
+  const char* text;
+  const char* back;  // what the value is written as; null: the text does not fit
+};
+
+constexpr TextCase kTextCases[] = {
+    {"Text", "", ""},
+    {"Text", "  kept \t", "  kept \t"},
+    {"Wide", " \xFF ", " \xFF "},
+    {"Flag", "True", "True"},
+    {"Flag", " false ", "False"},
+    {"Flag", "-1", "True"},
+    {"Switch", "1", "True"},
+    {"Switch", "0", "False"},
+    {"Switch", "TRUE", "True"},
+    {"Switch", "2", nullptr},
+    {"Switch", "yes", nullptr},
+    {"Switch", "", nullptr},
+    {"Number", "-2147483648", "-2147483648"},
+    {"Number", " 2147483647 ", "2147483647"},
+    {"Number", "2147483648", nullptr},
+    {"Number", "99999999999999999999", nullptr},
+    {"Number", "007", "7"},
+    {"Number", "1.5", nullptr},
+    {"Number", "0x10", nullptr},
+    {"Number", "1 2", nullptr},
+    {"Number", "", nullptr},
+    {"Count", "4294967295", "4294967295"},
+    {"Count", "4294967296", nullptr},
+    {"Count", "-1", nullptr},
+    {"Mode", "smThird", "smThird"},
+    {"Mode", " SMFIRST ", "smFirst"},
+    {"Mode", "0", nullptr},
+    {"Mode", "", nullptr},
+    {"Modes", "[]", "[]"},
+    {"Modes", " [ smThird , smfirst ] ", "[smFirst,smThird]"},
+    {"Modes", "[smFirst,smFirst]", "[smFirst]"},
+    {"Modes", "[smFirst,]", nullptr},
+    {"Modes", "[,smFirst]", nullptr},
+    {"Modes", "[smNone]", nullptr},
+    {"Modes", "smFirst", nullptr},
+    {"Modes", "[", nullptr},
+    {"Lines", "a\r\nb\nc\r", "a\r\nb\r\nc"},
+    {"Lines", "", ""},
+    {"When", "2007-03-05T10:00:00", "2007-03-05T10:00:00"},
+    {"When", "2007-03-05", "2007-03-05T00:00:00"},
+    {"When", "2007-02-29", nullptr},
+    {"When", "today", nullptr},
+};
+
+TEST(Properties, HaveTextForms) {
+  for (const TextCase& wanted : kTextCases) {
+    const PropertyRow& row = Row(wanted.property);
+    const auto value = PropertyFromText(row, wanted.text);
+    ASSERT_EQ(value.has_value(), wanted.back != nullptr) << wanted.property << " \"" << wanted.text << '"';
+    if (!value) continue;
+    EXPECT_EQ(PropertyToText(row, *value), wanted.back) << wanted.property;
+  }
+}
+
+TEST(Properties, TravelThroughTheirRows) {
+  NullHost host;
+  TSampleAction action(host), copy(host);
+  action.Wide = WideString("w");
+  action.Number = -7;
+  action.Count = 4000000000;
+  action.Mode = TSampleMode::smThird;
+  action.Modes = {TSampleMode::smSecond};
+  action.Lines = {"", "b"};
+  action.When = {0.5};
+  action.Flag = false;
+  for (const PropertyRow& row : TSampleAction::kPublished) {
+    if (row.set) row.set(copy, row.get(action));
+  }
+  for (const PropertyRow& row : TSampleAction::kPublished) {
+    EXPECT_EQ(row.get(copy), row.get(action)) << row.name;
+  }
+  EXPECT_EQ(copy.Modes, action.Modes);
+}
+
+TEST(Properties, ATrueWordBoolIsWrittenWithAllBitsSet) {
+  NullHost host;
+  TSampleAction action(host);
+  action.Flag = WordBool::FromRaw(4);
+  EXPECT_EQ(PropertyToText(Row("Flag"), Row("Flag").get(action)), "True");
+  Row("Flag").set(action, true);
+  EXPECT_EQ(action.Flag.Raw(), -1);
+  Row("Flag").set(action, false);
+  EXPECT_EQ(action.Flag.Raw(), 0);
+}
+
+TEST(Properties, SayWhatTheyAreAndExpect) {
+  const struct {
+    const char* property;
+    const char* typeName;
+    const char* expected;
+  } cases[] = {
+      {"Text", "ByteString", "text"},
+      {"Wide", "WideString", "text"},
+      {"Flag", "WordBool", "True or False"},
+      {"Switch", "Boolean", "True or False"},
+      {"Number", "Integer", "a whole number from -2147483648 to 2147483647"},
+      {"Count", "Cardinal", "a whole number from 0 to 4294967295"},
+      {"Mode", "TSampleMode", "one of smFirst, smSecond, smThird"},
+      {"Modes", "TSampleMode", "a set such as [smFirst,smSecond] of smFirst, smSecond, smThird"},
+      {"Lines", "StringList", "text"},
+      {"When", "DateTime", "a date and time such as 2007-03-05T10:00:00"},
+  };
+  for (const auto& wanted : cases) {
+    EXPECT_EQ(Row(wanted.property).TypeName(), wanted.typeName);
+    EXPECT_EQ(DescribeExpectedText(Row(wanted.property)), wanted.expected);
+  }
+}
+
+/// Collects the names of what is saved.
+struct SavedNames final : IVekStateWriter {
+  StringList names;
+  void WriteProperty(const PropertyRow& row, const PropertyValue&) override { names.emplace_back(row.name); }
+};
+
+TEST(Properties, InheritedOnesAreSavedFirstAndResultsNever) {
+  NullHost host;
+  TSampleAction action(host);
+  SavedNames saved;
+  action.WriteState(saved);
+  EXPECT_THAT(saved.names,
+              ElementsAre("Name", "Enabled", "Description", "IgnoreFailure", "Condition", "RetryCount",
+                          "RetryDelaySeconds", "TimeoutSeconds", "Text", "Wide", "Flag", "Switch", "Number",
+                          "Count", "Mode", "Modes", "Lines", "When"));
+  EXPECT_NE(action.FindProperty("result"), nullptr);
+  EXPECT_EQ(action.FindProperty("Results"), nullptr);
+}
+
+}  // namespace

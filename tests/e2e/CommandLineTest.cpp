@@ -1,0 +1,103 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "support/Vekrun.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+struct WrongUsage {
+  StringList arguments;
+  const char* message;  // on standard error
+};
+
+TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
+  const TempFolder folder;
+  folder.Write("not-a-package.so", "x");
+  const WrongUsage cases[] = {
+      {{}, "subcommand"},
+      {{"exec", "HDELETE_FIEL"}, "unknown action type \"HDELETE_FIEL\"; did you mean \"HDELETE_FILE\"?"},
+      {{"describe", "NOPE"}, "unknown action type \"NOPE\""},
+      {{"exec", "HDELETE_FILE", "FileSpek=x"}, "did you mean \"FileSpec\"?"},
+      {{"exec", "HDELETE_FILE", "DeleteHidden=maybe"}, "\"maybe\" is not True or False"},
+      {{"exec", "HDELETE_FILE", "FileSpec"}, "property FileSpec: it must be of the form NAME=VALUE"},
+      {{"exec", "HDELETE_FILE", "FileSpec+=x"}, "FileSpec"},
+      {{"exec", "HDELETE_FILE", "FilesAffected=1"}, "FilesAffected"},
+      {{"exec", "HDELETE_FILE", "--script", "OnStdOut=x.js"}, "x.js"},
+      {{"exec", "HDELETE_FILE", "--script", "OnStdOut=" + folder.Path("not-a-package.so")}, "OnStdOut"},
+      {{"exec", "HDELETE_FILE", "--option", "Robocopy"}, "NAME"},
+      {{"exec", "HDELETE_FILE", "--drive", "XY=/"}, "X=DIR"},
+      {{"exec", "HDELETE_FILE", "-D", "A%B=1"}, "variable name"},
+      {{"exec", "HDELETE_FILE", "--no-such-option"}, "--no-such-option"},
+      {{"exec", "HDELETE_FILE", "--log-format", "xml"}, "xml"},
+      {{"exec", "HDELETE_FILE", "-v", "-q"}, "-v and -q"},
+      {{"actions", "--package", folder.Path("missing.so")}, "missing.so does not load"},
+      {{"actions", "--package", folder.Path("not-a-package.so")}, "not-a-package.so does not load"},
+      {{"actions", "--package", VEK_BIN_DIR "/libVek40CoreAPI.so"}, "has no VekRegister"},
+      {{"run", folder.Path("missing.vekproj")},
+       "missing.vekproj: The system cannot find the file specified."},
+      {{"run", folder.Path()}, "The directory name is invalid."},
+  };
+  for (const WrongUsage& wrong : cases) {
+    const ProgramResult result = RunVekrun(wrong.arguments);
+    EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(wrong.arguments);
+    EXPECT_THAT(result.err, HasSubstr(wrong.message)) << testing::PrintToString(wrong.arguments);
+    EXPECT_EQ(result.out, "") << testing::PrintToString(wrong.arguments);
+  }
+}
+
+TEST(CommandLine, HelpAndVersionSucceed) {
+  for (const StringList& arguments :
+       {StringList{"--help"}, {"run", "--help"}, {"exec", "--help"}, {"--version"}}) {
+    const ProgramResult result = RunVekrun(arguments);
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_THAT(result.out, HasSubstr("vekrun"));
+  }
+}
+
+TEST(CommandLine, ExecRunsOneAction) {
+  const TempFolder folder;
+  const VekrunResult result = RunJsonl({"exec", "hcreatefile", "NewFileName=" + folder.Path("a.txt"),
+                                        "filecontents=%GREETING%, %% $(6 * 7)", "-D", "GREETING=Hello"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.Short(),
+              ElementsAre("build-start", "start /1", "message /1 File created: " + folder.Path("a.txt"),
+                          "end /1 success", "build-end success"));
+  EXPECT_EQ(result.Of("action-start")[0].at("type"), "HCREATEFILE");
+  EXPECT_EQ(folder.Read("a.txt"), "Hello, % 42");
+}
+
+TEST(CommandLine, ActionsListsTheCatalogueInRegistrationOrder) {
+  const auto actions = nlohmann::json::parse(RunVekrun({"actions", "--json"}).out);
+  StringList ids;
+  for (const auto& action : actions) ids.push_back(action.at("typeId"));
+  EXPECT_THAT(ids, ElementsAre("HDELETE_FILE", "HCREATEFILE", "WRITETOTEXTFILE", "ACTIONGROUP"));
+  EXPECT_EQ(actions[0],
+            nlohmann::json::parse(R"json({"typeId": "HDELETE_FILE", "displayName": "Delete File(s)",
+      "className": "TDeleteFilesAction", "category": "Files & Directories", "pages": ["TDeleteFilesFrame"]})json"));
+}
+
+TEST(CommandLine, DescribeAnswersWhatTheClassAnswers) {
+  const auto answer = nlohmann::json::parse(RunVekrun({"describe", "WRITETOTEXTFILE", "--json"}).out);
+  EXPECT_EQ(answer.at("actionName"), "Write to Text File");
+  EXPECT_EQ(answer.at("helpTopicId"), 3230);
+  EXPECT_EQ(answer.at("quickHelpFilename"), "Plugins\\WriteToTextFile.html");
+  EXPECT_EQ(answer.at("pages")[0].at("className"), "TWriteToTextFileFrame");
+  const auto& last = answer.at("properties").back();
+  EXPECT_EQ(last,
+            nlohmann::json::parse(R"({"name": "WriteToPosition", "type": "Enumeration", "default": "toEnd",
+      "stored": true, "inherited": false, "values": ["toStart", "toEnd"]})"));
+  EXPECT_EQ(answer.at("properties")[0].at("name"), "Name");
+  EXPECT_EQ(answer.at("aliases")[0], "[Action]");
+
+  const auto deleteFiles = nlohmann::json::parse(RunVekrun({"describe", "HDELETE_FILE", "--json"}).out);
+  for (const auto& editor : deleteFiles.at("editors")) {
+    EXPECT_EQ(editor.at("editor"), "TFileNameEditEx");
+    EXPECT_EQ(editor.at("applies"), false);
+  }
+  EXPECT_EQ(deleteFiles.at("editors").size(), 2u);
+}
+
+}  // namespace

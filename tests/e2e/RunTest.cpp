@@ -1,0 +1,164 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "support/Vekrun.h"
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+namespace {
+
+struct Run : testing::Test {
+  VekrunResult RunProject(const std::string& text, const StringList& options = {},
+                          const ProgramSetup& setup = {}) {
+    folder.Write("p.vekproj", text);
+    StringList arguments{"run", folder.Path("p.vekproj")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return RunJsonl(arguments, setup);
+  }
+
+  TempFolder folder;
+};
+
+const std::string kEndless = "(function () { for (;;) {} })()";
+
+TEST_F(Run, ReportsEveryStepOfANestedProject) {
+  folder.Write("a.tmp", "x");
+  const auto result = RunProject(ProjectOf(
+      ActionOf("HCREATEFILE", "<NewFileName>%OUT%\\b.tmp</NewFileName><FileContents>$(1+1)</FileContents>") +
+          ActionOf("ACTIONGROUP", "<Description>clean</Description>",
+                   ActionOf("HDELETE_FILE", "<FileSpec>%OUT%\\*.tmp</FileSpec>") +
+                       ActionOf("HDELETE_FILE",
+                                "<FileSpec>%OUT%\\*.tmp</FileSpec><IgnoreFailure>True</IgnoreFailure>") +
+                       ActionOf("HDELETE_FILE", "<Condition>COUNT &gt; 3</Condition>")),
+      "<Variable Name=\"OUT\">%PROJECTDIR%</Variable><Variable Name=\"COUNT\" "
+      "Type=\"Integer\">3</Variable>"));
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  const std::string out = folder.Path();
+  EXPECT_THAT(
+      result.Short(),
+      ElementsAre("build-start", "start /1", "message /1 File created: " + out + "\\b.tmp", "end /1 success",
+                  "start /2", "start /2/1",
+                  "status /2/1 Deleting files : " + out + "\\*.tmp|2 Files Deleted.", "end /2/1 success",
+                  "start /2/2", "status /2/2 Deleting files : " + out + "\\*.tmp|0 Files Deleted.",
+                  "end /2/2 failure", "start /2/3", "end /2/3 skipped", "end /2 success",
+                  "build-end success"));
+  EXPECT_EQ(result.Of("action-start")[1].at("title"), "clean");
+  EXPECT_EQ(result.events.back().at("actions"), 4);
+  EXPECT_EQ(result.events.back().at("failures"), 1);
+  EXPECT_THAT(folder.Names(), ElementsAre("p.vekproj"));
+}
+
+TEST_F(Run, AFailedActionEndsTheBuild) {
+  const auto result = RunProject(ProjectOf(
+      ActionOf("HDELETE_FILE", "<FileSpec>%PROJECTDIR%\\*.no</FileSpec>", ActionOf("ACTIONGROUP", "")) +
+      ActionOf("ACTIONGROUP", "")));
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.Of("action-start"), testing::SizeIs(1));
+  EXPECT_EQ(result.events.back().at("result"), "failure");
+}
+
+TEST_F(Run, CommandLineVariablesStandAsTheyAreAndMustFit) {
+  const std::string project =
+      ProjectOf(ActionOf("HCREATEFILE",
+                         "<NewFileName>%PROJECTDIR%\\o</NewFileName>"
+                         "<OverwriteExisting>1</OverwriteExisting>"
+                         "<FileContents>%A%|%B%|$(N + 1)|%NEW%</FileContents>"),
+                "<Variable Name=\"A\">a</Variable><Variable Name=\"B\">[%a%]</Variable>"
+                "<Variable Name=\"N\" Type=\"Integer\">1</Variable>");
+  EXPECT_EQ(RunProject(project, {"-D", "a=%x%", "-D", "N=41", "-D", "NEW=y=z"}).exitCode, 0);
+  EXPECT_EQ(folder.Read("o"), "%x%|[%x%]|42|y=z");
+  const auto refused = RunProject(project, {"-D", "N=many", "-D", "NEW="});
+  EXPECT_EQ(refused.exitCode, 2);
+  EXPECT_THAT(refused.err, AllOf(HasSubstr("N"), HasSubstr("\"many\""), HasSubstr("Integer")));
+}
+
+TEST_F(Run, AnUnusableProjectIsRefusedBeforeAnythingRuns) {
+  folder.Write("keep.tmp", "x");
+  folder.Write("log", "of an earlier build");
+  const std::string file = folder.Path("p.vekproj");
+  const auto result =
+      RunProject(ProjectOf(ActionOf("HDELETE_FILE", "<FileSpec>%PROJECTDIR%\\*.tmp</FileSpec>") +
+                           "<Action Type=\"HDELETE_FILES\"/>"),
+                 {"--log", folder.Path("log")});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(
+      result.err,
+      "vekrun: " + file + ":5: action /2: unknown type \"HDELETE_FILES\"; did you mean \"HDELETE_FILE\"?\n");
+  EXPECT_THAT(result.out, IsEmpty());
+  EXPECT_EQ(folder.Read("keep.tmp"), "x");
+  EXPECT_EQ(folder.Read("log"), "of an earlier build");
+}
+
+TEST_F(Run, ValidateRefusesIncompleteSettings) {
+  const std::string project =
+      ProjectOf(ActionOf("HDELETE_FILE", "") +
+                ActionOf("ACTIONGROUP", "<Enabled>False</Enabled>", ActionOf("HDELETE_FILE", "")));
+  const std::string problem = "/1 HDELETE_FILE: File Spec: The file spec has not been set\n";
+  EXPECT_EQ(RunProject(project).exitCode, 1);
+  const auto refused = RunProject(project, {"--validate"});
+  EXPECT_EQ(refused.exitCode, 2);
+  EXPECT_EQ(refused.err, folder.Path("p.vekproj") + ": " + problem);
+  EXPECT_THAT(refused.out, IsEmpty());
+
+  const auto validated = RunVekrun({"validate", folder.Path("p.vekproj"), "--json"});
+  EXPECT_EQ(validated.exitCode, 1);
+  EXPECT_EQ(nlohmann::json::parse(validated.out),
+            nlohmann::json::parse(R"([{"path": "/1", "type": "HDELETE_FILE", "title": "File Spec",
+                                       "message": "The file spec has not been set"}])"));
+}
+
+TEST_F(Run, CtrlCStopsTheBuild) {
+  const auto result =
+      RunProject(ProjectOf(ActionOf("ACTIONGROUP", "<Condition>" + kEndless + "</Condition>") +
+                           ActionOf("ACTIONGROUP", "")),
+                 {}, {.interruptAfterSeconds = 0.3});
+  EXPECT_EQ(result.exitCode, 130) << result.out << result.err;
+  EXPECT_EQ(result.events.back().at("result"), "stopped");
+  EXPECT_THAT(result.Of("action-start"), testing::SizeIs(1));
+}
+
+TEST_F(Run, ALogThatCannotBeWrittenEndsTheBuild) {
+  folder.Write("keep.tmp", "x");
+  const std::string project = ProjectOf(ActionOf("HDELETE_FILE", "<FileSpec>%PROJECTDIR%\\*.tmp</FileSpec>"));
+  const auto full = RunProject(project, {"--log", "/dev/full"});
+  EXPECT_EQ(full.exitCode, 1);
+  EXPECT_EQ(full.err, "vekrun: cannot write the log /dev/full: There is not enough space on the disk.\n");
+  EXPECT_EQ(folder.Read("keep.tmp"), "x");
+
+  std::string many;
+  for (int i = 0; i < 5000; ++i) many += ActionOf("ACTIONGROUP", "");
+  folder.Write("p.vekproj", ProjectOf(many));
+  const auto closed = RunVekrun({"run", folder.Path("p.vekproj"), "-v"}, {.closeOutputAfter = 100});
+  EXPECT_EQ(closed.exitCode, 1);
+  EXPECT_THAT(closed.err, StartsWith("vekrun: cannot write the log: "));
+}
+
+TEST_F(Run, AJunitLogHasATestCasePerLeaf) {
+  folder.Write("p.vekproj", ProjectOf(ActionOf("ACTIONGROUP", "",
+                                               ActionOf("HDELETE_FILE", "<FileSpec>nowhere\\*</FileSpec>"))));
+  const auto result = RunVekrun({"run", folder.Path("p.vekproj"), "--log-format", "junit"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_THAT(result.out,
+              AllOf(HasSubstr("tests=\"1\""), HasSubstr("failures=\"1\""), HasSubstr("HDELETE_FILE")));
+}
+
+TEST_F(Run, DrivesAreMappedByOptionAndByTheOptionStore) {
+  folder.Write("d/a.tmp", "x");
+  folder.Write("d/b.tmp", "x");
+  folder.Write("vekrun/options.json", R"({"Drives": {"Q": ")" + folder.Path("d") + "\"}}");
+  const ProgramSetup withStore{.environment = {"XDG_DATA_HOME=" + folder.Path()}};
+  EXPECT_EQ(
+      RunVekrun({"exec", "HDELETE_FILE", "FileSpec=X:\\A.TMP", "--drive", "x=" + folder.Path("d")}).exitCode,
+      0);
+  EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=q:\\*.tmp"}, withStore).exitCode, 0);
+  EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=Q:\\*.tmp"}).exitCode, 1);
+  EXPECT_THAT(folder.Names("d"), IsEmpty());
+  folder.Write("vekrun/options.json", "[]");
+  EXPECT_EQ(RunVekrun({"actions"}, withStore).exitCode, 2);
+}
+
+}  // namespace

@@ -1,0 +1,173 @@
+#include <functional>
+#include <pugixml.hpp>
+
+#include "gtest/gtest.h"
+
+#include "host/LogTesting.h"
+#include "host/Logs.h"
+
+namespace {
+
+std::string Record(const std::function<void(EventSink&)>& play) {
+  MemoryStream stream;
+  LogOutput output(stream, {});
+  play(*CreateJunitLog(output));
+  return stream.Text();
+}
+
+/// The report as a CI system reads it.
+class Report {
+ public:
+  explicit Report(const std::string& xml) {
+    const auto parsed =
+        document_.load_buffer(xml.data(), xml.size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
+    EXPECT_TRUE(parsed) << parsed.description() << '\n' << xml;
+    suite = document_.first_child().child("testsuite");
+  }
+
+  /// "tests failures errors skipped"
+  std::string Counts() const {
+    std::string counts;
+    for (const char* name : {"tests", "failures", "errors", "skipped"})
+      counts += suite.attribute(name).value();
+    return counts;
+  }
+
+  pugi::xml_node Case(const char* name) const {
+    return suite.find_child_by_attribute("testcase", "name", name);
+  }
+
+  pugi::xml_node suite;
+
+ private:
+  pugi::xml_document document_;
+};
+
+TEST(JunitLog, ShowsABuild) {
+  EXPECT_EQ(Record(PlaySmallBuild), R"(<?xml version="1.0" encoding="UTF-8"?>
+<testsuites>
+  <testsuite name="demo.vekproj" tests="2" failures="1" errors="0" skipped="1" time="2.000">
+    <testcase name="Delete File(s): *.obj" classname="HDELETEFILES" time="0.250">
+      <failure message="Access is denied.">Deleting files : *.obj
+ --&gt; Access is denied.
+0 Files Deleted.
+</failure>
+      <system-out>Deleting files : *.obj
+ --&gt; Access is denied.
+0 Files Deleted.
+</system-out>
+    </testcase>
+    <testcase name="Create out" classname="HCREATEDIR" time="0.000">
+      <skipped/>
+    </testcase>
+    <system-out>Cleaned
+</system-out>
+  </testsuite>
+</testsuites>
+)");
+}
+
+TEST(JunitLog, AFailureCarriesTheLineThatExplainsIt) {
+  const struct {
+    std::function<void(EventSink&)> talk;
+    std::string_view wanted;
+  } kCases[] = {
+      {[](EventSink&) {}, "failed"},
+      {[](EventSink& log) { log.Message("/1/1", "first\n  last \n \n"); }, "last"},
+      {[](EventSink& log) { log.Error("/1/1", "Unknown variable \"A\""), log.Message("/1/1", "after"); },
+       "Unknown variable \"A\""},
+      {[](EventSink& log) {
+         log.Error("/1/1", "Attempt 1 failed"), log.Status("/1/1", {"--> Denied", "0"});
+       },
+       "Denied"},
+  };
+  for (const auto& [talk, wanted] : kCases) {
+    const Report report(Record([talk = talk](EventSink& log) {
+      log.ActionStart(kDelete);
+      talk(log);
+      log.ActionEnd(kDelete, ActionResult::Failure, 0);
+      log.BuildEnd({ActionResult::Failure, 0, 1, 1});
+    }));
+    EXPECT_EQ(report.Case("Delete File(s): *.obj").child("failure").attribute("message").value(), wanted);
+    EXPECT_EQ(report.Counts(), "1100");
+  }
+}
+
+TEST(JunitLog, AnActionWithChildrenShowsOnlyWhenNoneOfThemExplainsItsEnd) {
+  const struct {
+    ActionResult child, group;
+    std::string_view wanted;  // tests, failures, errors, skipped
+  } kCases[] = {
+      {ActionResult::Success, ActionResult::Success, "1000"},
+      {ActionResult::Failure, ActionResult::Success, "1100"},
+      {ActionResult::Failure, ActionResult::Failure, "1100"},
+      {ActionResult::Success, ActionResult::Failure, "2100"},
+      {ActionResult::Stopped, ActionResult::Stopped, "1010"},
+      {ActionResult::Success, ActionResult::Stopped, "2010"},
+      {ActionResult::Skipped, ActionResult::Failure, "2101"},
+  };
+  const ActionPlace outer{"", "ACTIONGROUP", "Outer", true};
+  for (const auto& [child, group, wanted] : kCases) {
+    const Report report(Record([&, child = child, group = group](EventSink& log) {
+      log.ActionStart(outer);
+      log.ActionStart(kGroup);
+      log.ActionStart(kCreate);
+      log.ActionEnd(kCreate, child, 0);
+      log.ActionEnd(kGroup, group, 0);
+      log.ActionEnd(outer, group, 0);
+      log.BuildEnd({group, 0, 3, 0});
+    }));
+    EXPECT_EQ(report.Counts(), wanted);
+    EXPECT_FALSE(report.Case("Outer"));
+  }
+}
+
+TEST(JunitLog, ABuildThatFailedOutsideItsActionsIsNotGreen) {
+  const auto endOnly = [](ActionResult result) {
+    return Report(Record([result](EventSink& log) { log.BuildEnd({result, 0, 0, 0}); }));
+  };
+  EXPECT_EQ(endOnly(ActionResult::Success).Counts(), "0000");
+  EXPECT_EQ(endOnly(ActionResult::Failure).Counts(), "1100");
+  EXPECT_EQ(endOnly(ActionResult::Stopped).Counts(), "1010");
+
+  const Report report(Record([](EventSink& log) {
+    log.Error("", "cannot expand \"OUT\"");
+    log.BuildEnd({ActionResult::Failure, 0, 0, 0});
+  }));
+  EXPECT_EQ(report.Counts(), "1100");
+  EXPECT_STREQ(report.Case("Build").child("failure").attribute("message").value(), "cannot expand \"OUT\"");
+}
+
+TEST(JunitLog, EveryPassOfALoopIsACaseWithItsOwnOutput) {
+  const Report report(Record([](EventSink& log) {
+    for (const char* text : {"first", "second"}) {
+      log.ActionStart(kCreate);
+      log.Message("/1/2", text);
+      log.ActionEnd(kCreate, ActionResult::Success, 0);
+    }
+    log.BuildEnd({ActionResult::Success, 0, 2, 0});
+  }));
+  EXPECT_EQ(report.Counts(), "2000");
+  EXPECT_STREQ(report.suite.first_child().child_value("system-out"), "first\n");
+  EXPECT_STREQ(report.suite.last_child().child_value("system-out"), "second\n");
+}
+
+TEST(JunitLog, IsWellFormedWhateverTheBytes) {
+  std::string bytes;
+  for (int c = 0; c < 256; ++c) bytes += static_cast<char>(c);
+  bytes += "]]></system-out><!--&amp;\"'";
+  const Report report(Record([&bytes](EventSink& log) {
+    log.BuildStart(bytes);
+    log.ActionStart({"/1", bytes, bytes});
+    log.Message("/1", bytes);
+    log.ActionEnd({"/1", bytes, bytes}, ActionResult::Failure, 0);
+    log.Error("", bytes);
+    log.BuildEnd({ActionResult::Failure, 0, 1, 1});
+  }));
+  EXPECT_EQ(report.Counts(), "2200");
+  const std::string output = report.suite.first_child().child_value("system-out");
+  EXPECT_TRUE(output.ends_with("]]></system-out><!--&amp;\"'\n"));
+  EXPECT_EQ(output.find_first_of("\x1b\x01"), std::string::npos);
+}
+
+}  // namespace

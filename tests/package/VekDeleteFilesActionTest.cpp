@@ -1,0 +1,191 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "fileops/VekDeleteFilesAction.h"
+#include "platform/FileAttributes.h"
+#include "platform/Files.h"
+#include "support/ActionFixture.h"
+#include "support/FailingFiles.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+struct DeleteFiles : ActionFixture, testing::Test {
+  explicit DeleteFiles(const Wrap& wrap = {}) : ActionFixture(wrap) {}
+
+  bool Delete(const std::string& spec) {
+    action->SetFileSpec(spec);
+    return ActionFixture::Run(*action);
+  }
+  void Write(std::initializer_list<const char*> names) {
+    for (const char* name : names) folder.Write(name, "x");
+  }
+  void SetAttributes(const char* name, uint32_t attributes) {
+    ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path(name), attributes));
+  }
+
+  std::unique_ptr<TDeleteFilesAction> action = Make<TDeleteFilesAction>();
+};
+
+TEST_F(DeleteFiles, DeletesTheMatchesInOneStatusMessage) {
+  Write({"a.tmp", "B.TMP", "c.txt"});
+  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
+  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "2 Files Deleted."));
+  EXPECT_THAT(folder.Names(), ElementsAre("c.txt"));
+  EXPECT_EQ(action->FilesAffected(), 2);
+  EXPECT_EQ(Events().events.size(), 1u);
+}
+
+TEST_F(DeleteFiles, StopsAtAReadOnlyFileInTheOrderOfUpperCasedNames) {
+  Write({"a.tmp", "B.tmp", "c.tmp"});
+  SetAttributes("B.tmp", FileAttribute::ReadOnly);
+  EXPECT_FALSE(Delete(folder.Path("*.tmp")));
+  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"),
+                                   " --> Error Deleting File : " + folder.Path("B.tmp"),
+                                   " --> " + SystemText(Win32Error::AccessDenied), "1 Files Deleted."));
+  EXPECT_THAT(folder.Names(), ElementsAre("B.tmp", "c.tmp"));
+}
+
+TEST_F(DeleteFiles, ClearsReadOnlyAndHiddenWhenToldTo) {
+  Write({"a.tmp", ".b.tmp", "c.tmp"});
+  SetAttributes("a.tmp", FileAttribute::ReadOnly);
+  SetAttributes("c.tmp", FileAttribute::ReadOnly | FileAttribute::Hidden);
+  action->DeleteReadOnly = true;
+  action->DeleteHidden = true;
+  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
+  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "3 Files Deleted."));
+  EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST_F(DeleteFiles, HiddenFilesGoWithoutBeingCleared) {
+  Write({".hidden"});
+  EXPECT_TRUE(Delete(folder.Path("*")));
+  EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST_F(DeleteFiles, NeverMatchesSystemFilesAndFolders) {
+  Write({"kept.tmp", "sub.tmp/inner.tmp"});
+  SetAttributes("kept.tmp", FileAttribute::System | FileAttribute::Hidden);
+  EXPECT_FALSE(Delete(folder.Path("*.tmp")));
+  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "0 Files Deleted."));
+  EXPECT_THAT(folder.Names(), ElementsAre("kept.tmp", "sub.tmp"));
+}
+
+TEST_F(DeleteFiles, NoFileIsAFailureOnlyWhenAsked) {
+  EXPECT_FALSE(Delete(folder.Path("*.tmp")));
+  action->SetFailIfNoFile(false);
+  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
+  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "0 Files Deleted."));
+  EXPECT_TRUE(Delete(folder.Path("missing\\*.tmp")));
+}
+
+TEST_F(DeleteFiles, BlankSpecSaysNothing) {
+  for (const bool failIfNoFile : {true, false}) {
+    action->SetFailIfNoFile(failIfNoFile);
+    EXPECT_EQ(Delete(" \t"), !failIfNoFile);
+    EXPECT_THAT(Events().events, IsEmpty());
+  }
+}
+
+TEST_F(DeleteFiles, ExpansionFailureIsAStatusMessage) {
+  EXPECT_FALSE(Delete("%NO_SUCH_VARIABLE_ANYWHERE%\\*.tmp"));
+  ASSERT_EQ(Lines().size(), 2u);
+  EXPECT_EQ(Lines()[0], "Unable to Delete file : ");
+  EXPECT_THAT(Lines()[1],
+              testing::AllOf(testing::StartsWith("--> "), testing::HasSubstr("NO_SUCH_VARIABLE_ANYWHERE")));
+  EXPECT_EQ(action->FilesAffected(), 0);
+}
+
+TEST_F(DeleteFiles, ExpandsAndTrimsTheSpec) {
+  Write({"a.tmp"});
+  Context().SetVariable("DIR", folder.Path());
+  EXPECT_TRUE(Delete("  %dir%\\a.TMP "));
+  EXPECT_EQ(Lines().front(), "Deleting files : " + folder.Path() + "\\a.TMP");
+  EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+/// What the system reports for the file "b.tmp", and what comes of it.
+struct FailureCase {
+  const char* name;
+  FailingFiles::Deletion deletion;
+  bool result;
+  StringList errorLines;  // after " --> Error Deleting File : "
+  const char* summary;
+  size_t filesLeft;
+};
+
+void PrintTo(const FailureCase& testCase, std::ostream* stream) { *stream << testCase.name; }
+
+struct DeleteFilesFailing : testing::TestWithParam<FailureCase> {};
+
+TEST_P(DeleteFilesFailing, Reports) {
+  const FailureCase& wanted = GetParam();
+  std::unique_ptr<FailingFiles> failing;
+  ActionFixture fixture([&](const Platform& real) {
+    failing = std::make_unique<FailingFiles>(real.files);
+    failing->deletions["b.tmp"] = wanted.deletion;
+    return Platform{*failing, real.finder, real.environment, real.clock, real.errorTexts, real.modules};
+  });
+  for (const char* name : {"a.tmp", "b.tmp", "c.tmp"}) fixture.folder.Write(name, "x");
+  const auto action = fixture.Make<TDeleteFilesAction>();
+  action->SetFileSpec(fixture.folder.Path("*.tmp"));
+
+  EXPECT_EQ(fixture.Run(*action), wanted.result);
+  StringList lines{"Deleting files : " + fixture.folder.Path("*.tmp")};
+  if (!wanted.errorLines.empty())
+    lines.push_back(" --> Error Deleting File : " + fixture.folder.Path("b.tmp"));
+  lines.insert(lines.end(), wanted.errorLines.begin(), wanted.errorLines.end());
+  lines.emplace_back(wanted.summary);
+  EXPECT_EQ(fixture.Lines(), lines);
+  EXPECT_EQ(fixture.folder.Names().size(), wanted.filesLeft);
+}
+
+constexpr SysResult kDone;
+INSTANTIATE_TEST_SUITE_P(Table, DeleteFilesFailing,
+                         testing::Values(FailureCase{"DiskFails",
+                                                     {SysResult::Failure(Win32Error::WriteProtect)},
+                                                     false,
+                                                     {" --> The media is write protected."},
+                                                     "1 Files Deleted.",
+                                                     2},
+                                         FailureCase{"NoErrorCode",
+                                                     {SysResult::Failure(Win32Error::Success)},
+                                                     true,
+                                                     {},
+                                                     "2 Files Deleted.",
+                                                     1},
+                                         FailureCase{"FileSurvives",
+                                                     {kDone},
+                                                     false,
+                                                     {" --> The operation completed successfully."},
+                                                     "1 Files Deleted.",
+                                                     2}),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(DeleteFiles, AnswersWhatTheCatalogueShows) {
+  StringList alias, help;
+  action->GetPropertyAlias(alias);
+  action->GetPropertyHelp(help);
+  ASSERT_GE(alias.size(), 5u);
+  EXPECT_THAT(StringList(alias.end() - 5, alias.end()),
+              ElementsAre("[Files]", "FileSpec=File Specification", "DeleteReadOnly=Delete Read Only Files",
+                          "DeleteHidden=Delete Hidden Files", "FailIfNoFile=Fail If No File"));
+  ASSERT_GE(help.size(), 4u);
+  EXPECT_EQ(help[help.size() - 4], "FileSpec=File Specification, can include wilde cards (* or ?)");
+  EXPECT_EQ(help.back(), "FailIfNoFile=Fail if no file to Delete");
+  EXPECT_EQ(action->GetActionName(), "Delete File(s)");
+  EXPECT_EQ(action->GetHelpTopicID(), 550);
+  EXPECT_EQ(action->GetQuickHelpFilename(), "Plugins\\DeleteFiles.html");
+}
+
+TEST_F(DeleteFiles, FailIfNoFileKeepsItsBitsWhileItsTruthStays) {
+  action->SetFailIfNoFile(WordBool::FromRaw(2));
+  EXPECT_EQ(action->FailIfNoFile().Raw(), -1);
+  action->SetFailIfNoFile(false);
+  action->SetFailIfNoFile(WordBool::FromRaw(2));
+  EXPECT_EQ(action->FailIfNoFile().Raw(), 2);
+}
+
+}  // namespace

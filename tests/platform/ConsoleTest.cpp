@@ -1,0 +1,61 @@
+#include <future>
+#include <thread>
+
+#include "platform/Console.h"
+#include "platform/PlatformTest.h"
+
+namespace {
+
+using ConsoleTest = PlatformTest;
+
+TEST_F(ConsoleTest, OpenFileStartsOver) {
+  folder.Write("Log", "something longer");
+  SysResult result;
+  for (const char* name : {"LOG", "new"}) {
+    const auto stream = owner->GetConsole().OpenFile(Path(name), result);
+    ASSERT_NE(stream, nullptr) << name;
+    EXPECT_TRUE(stream->Write("one "));
+    EXPECT_TRUE(stream->Write("two"));
+  }
+  EXPECT_EQ(folder.Read("Log"), "one two");
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"Log", "new"}));
+  EXPECT_EQ(owner->GetConsole().OpenFile(Path("missing/x"), result), nullptr);
+  EXPECT_EQ(result.code, Win32Error::PathNotFound);
+}
+
+TEST_F(ConsoleTest, AWriteThatFailsIsReported) {
+  SysResult result;
+  const auto stream = owner->GetConsole().OpenFile(Path("log"), result);
+  WithFileSizeLimit(10, [&] { result = stream->Write("more than ten bytes"); });
+  EXPECT_EQ(result.code, Win32Error::DiskFull);
+}
+
+TEST_F(ConsoleTest, TheFirstInterruptCallsTheHandlerOnAnotherThread) {
+  std::promise<std::thread::id> called;
+  const auto guard = owner->GetConsole().OnInterrupt([&] { called.set_value(std::this_thread::get_id()); });
+  SendInterrupt();
+  EXPECT_NE(called.get_future().get(), std::this_thread::get_id());
+}
+
+TEST_F(ConsoleTest, AWatchEndsUnusedAndCanBeFollowedByAnother) {
+  int calls = 0;
+  owner->GetConsole().OnInterrupt([&] { ++calls; }).reset();
+  std::promise<void> called;
+  auto guard = owner->GetConsole().OnInterrupt([&] { called.set_value(); });
+  SendInterrupt();
+  called.get_future().wait();
+  guard.reset();
+  EXPECT_EQ(calls, 0);
+}
+
+TEST_F(ConsoleTest, TheSecondInterruptEndsTheProcess) {
+  EXPECT_EXIT(
+      {
+        const auto guard = owner->GetConsole().OnInterrupt([] {});
+        SendInterrupt();
+        SendInterrupt();
+      },
+      testing::ExitedWithCode(130), "");
+}
+
+}  // namespace

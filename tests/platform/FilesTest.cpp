@@ -1,0 +1,140 @@
+#include "platform/Files.h"
+#include "platform/PlatformTest.h"
+
+namespace {
+
+using FilesTest = PlatformTest;
+
+TEST_F(FilesTest, ExistenceByKindAndCase) {
+  folder.Write("Sub/File.txt");
+  MakeLink("nowhere", Path("dangling"));
+  const struct {
+    std::string path;
+    bool isFile, isFolder, isEntry;
+  } cases[] = {
+      {Path("Sub/File.txt"), true, false, true},
+      {Path("sUb\\FILE.TXT"), true, false, false},
+      {Path("SUB/File.txt"), true, false, true},
+      {Path("Sub"), false, true, true},
+      {Path("sub\\"), false, true, false},
+      {"Q:\\", false, true, true},
+      {"Q:sub", false, true, false},
+      {"Z:" + Path("Sub"), false, true, true},
+      {Path("dangling"), true, false, true},
+      {Path("missing"), false, false, false},
+      {Path("missing\\File.txt"), false, false, false},
+      {Path("Sub/File.txt/x"), false, false, false},
+      {"W:\\", false, false, false},
+      {"", false, false, false},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(files.FileExists(c.path), c.isFile) << c.path;
+    EXPECT_EQ(files.FolderExists(c.path), c.isFolder) << c.path;
+    EXPECT_EQ(files.EntryExists(c.path), c.isEntry) << c.path;
+  }
+}
+
+TEST_F(FilesTest, DeletingTakesTheExactSpellingFirst) {
+  folder.Write("a.txt");
+  folder.Write("A.TXT");
+  EXPECT_TRUE(files.Delete(Path("a.txt")));
+  EXPECT_FALSE(files.EntryExists(Path("a.txt")));
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"A.TXT"});
+  EXPECT_TRUE(files.Delete(Path("a.txt")));
+  EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST_F(FilesTest, DeleteRefuses) {
+  folder.Write("locked");
+  SetMode(Path("locked"), 0444);
+  folder.MakeFolder("folder");
+  const std::pair<std::string, Win32Error> cases[] = {
+      {Path("locked"), Win32Error::AccessDenied},
+      {Path("folder"), Win32Error::AccessDenied},
+      {Path("missing"), Win32Error::FileNotFound},
+      {Path("missing\\x"), Win32Error::PathNotFound},
+      {"W:\\x", Win32Error::PathNotFound},
+      {Path(std::string(300, 'x')), Win32Error::FilenameExcedRange},
+  };
+  for (const auto& [path, code] : cases) {
+    const SysResult result = files.Delete(path);
+    EXPECT_FALSE(result.ok) << path;
+    EXPECT_EQ(result.code, code) << path;
+  }
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"folder", "locked"}));
+}
+
+TEST_F(FilesTest, DeletingALinkLeavesWhatItLeadsTo) {
+  folder.Write("target", "kept");
+  SetMode(Path("target"), 0444);
+  folder.MakeFolder("place");
+  MakeLink("target", Path("a"));
+  MakeLink("place", Path("b"));
+  EXPECT_FALSE(files.SetAttributes(Path("a"), FileAttribute::Normal));
+  EXPECT_TRUE(files.Delete(Path("a")));
+  EXPECT_TRUE(files.Delete(Path("b")));
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"place", "target"}));
+  EXPECT_EQ(ModeOf(Path("target")), 0444u);
+}
+
+TEST_F(FilesTest, ADeletedNameIsNotFoundUnderAnotherFolderOfTheSameName) {
+  folder.Write("work/file");
+  EXPECT_TRUE(files.EntryExists(Path("work/file")));
+  EXPECT_TRUE(files.Delete(Path("work/file")));
+  EXPECT_TRUE(files.RemoveFolder(Path("work")));
+  EXPECT_EQ(files.Delete(Path("work/file")).code, Win32Error::PathNotFound);
+  folder.Write("work/file");
+  EXPECT_TRUE(files.EntryExists(Path("work/file")));
+}
+
+TEST_F(FilesTest, CreateFolder) {
+  folder.Write("file");
+  EXPECT_TRUE(files.CreateFolder(Path("New")));
+  EXPECT_TRUE(files.CreateFolder("Q:\\NEW\\Inner\\"));
+  EXPECT_EQ(folder.Names("New"), std::vector<std::string>{"Inner"});
+  EXPECT_EQ(files.CreateFolder(Path("New")).code, Win32Error::AlreadyExists);
+  EXPECT_EQ(files.CreateFolder(Path("nEW")).code, Win32Error::AlreadyExists);
+  EXPECT_EQ(files.CreateFolder(Path("File")).code, Win32Error::AlreadyExists);
+  EXPECT_EQ(files.CreateFolder(Path("missing/x")).code, Win32Error::PathNotFound);
+}
+
+TEST_F(FilesTest, CreateFolders) {
+  folder.Write("file");
+  folder.MakeFolder("Old");
+  EXPECT_TRUE(files.CreateFolders(Path("OLD\\a\\b/c")));
+  EXPECT_TRUE(files.CreateFolders(Path("old/A")));
+  EXPECT_TRUE(folder.Exists("Old/a/b/c"));
+  EXPECT_EQ(folder.Names("Old"), std::vector<std::string>{"a"});
+  EXPECT_FALSE(files.CreateFolders(Path("file/x")));
+  EXPECT_FALSE(files.CreateFolders(Path("file")));
+  EXPECT_EQ(files.CreateFolders("W:\\a\\b").code, Win32Error::PathNotFound);
+}
+
+TEST_F(FilesTest, RemoveFolder) {
+  folder.Write("full/file");
+  folder.MakeFolder("Empty");
+  folder.MakeFolder("locked");
+  SetMode(Path("locked"), 0555);
+  MakeLink("full", Path("link"));
+  EXPECT_TRUE(files.RemoveFolder(Path("EMPTY")));
+  EXPECT_TRUE(files.RemoveFolder(Path("link")));
+  EXPECT_EQ(files.RemoveFolder(Path("locked")).code, Win32Error::AccessDenied);
+  EXPECT_EQ(files.RemoveFolder(Path("full")).code, Win32Error::DirNotEmpty);
+  EXPECT_EQ(files.RemoveFolder(Path("full/file")).code, Win32Error::Directory);
+  EXPECT_EQ(files.RemoveFolder(Path("missing")).code, Win32Error::FileNotFound);
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"full", "locked"}));
+}
+
+TEST_F(FilesTest, SeesNamesThatOthersMakeAndTakeAway) {
+  EXPECT_FALSE(files.FileExists(Path("name")));
+  folder.Write("NAME");
+  EXPECT_TRUE(files.FileExists(Path("name")));
+  EXPECT_TRUE(files.Replace(Path("other"), ""));
+  folder.Write("Third");
+  EXPECT_TRUE(files.FileExists(Path("OTHER")));
+  EXPECT_TRUE(files.FileExists(Path("THIRD")));
+  EXPECT_TRUE(files.Delete(Path("third")));
+  EXPECT_FALSE(files.FileExists(Path("THIRD")));
+}
+
+}  // namespace

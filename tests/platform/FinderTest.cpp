@@ -1,0 +1,178 @@
+#include "platform/PlatformTest.h"
+
+namespace {
+
+using namespace FileAttribute;  // NOLINT(google-build-using-namespace): masks read as sums of bits
+
+class FinderTest : public PlatformTest {
+ protected:
+  std::vector<FoundEntry> Entries(const std::string& spec, uint32_t mask, SysResult* result = nullptr) {
+    SysResult opened;
+    const auto search = finder.Open(spec, mask, opened);
+    std::vector<FoundEntry> entries;
+    for (FoundEntry entry; search->Next(entry);) entries.push_back(entry);
+    EXPECT_EQ(opened.ok, !entries.empty()) << spec;
+    if (result != nullptr) *result = opened;
+    return entries;
+  }
+
+  std::vector<std::string> Find(const std::string& spec, uint32_t mask = ReadOnly | Hidden) {
+    std::vector<std::string> names;
+    for (const FoundEntry& entry : Entries(spec, mask)) names.push_back(entry.name);
+    return names;
+  }
+
+  Win32Error CodeOf(const std::string& spec) {
+    SysResult result;
+    Entries(spec, ReadOnly, &result);
+    return result.code;
+  }
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(FinderTest, EntriesComeByUpperCasedName) {
+  const Names wanted = {"!",
+                        "a-long-common-start-1",
+                        "A-long-common-start-2",
+                        "a-long-common-start-_",
+                        "ab",
+                        "B",
+                        "c.txt",
+                        "_",
+                        "\xC3\xA4",
+                        "\xC3\x9Cb"};
+  for (auto name = wanted.rbegin(); name != wanted.rend(); ++name) folder.Write(*name);
+  EXPECT_EQ(Find(Path("*")), wanted);
+  EXPECT_EQ(Find(Path("a-*")),
+            (Names{"a-long-common-start-1", "A-long-common-start-2", "a-long-common-start-_"}));
+}
+
+TEST_F(FinderTest, MaskRule) {
+  if (!StoresAttributes(folder.Path())) GTEST_SKIP() << "this file system stores no attributes";
+  for (const auto& [name, attributes] : std::vector<std::pair<std::string, uint32_t>>{{"archive", Archive},
+                                                                                      {"hidden", Hidden},
+                                                                                      {"hs", Hidden | System},
+                                                                                      {"normal", 0},
+                                                                                      {"readonly", ReadOnly},
+                                                                                      {"system", System}}) {
+    folder.Write(name);
+    ASSERT_TRUE(files.SetAttributes(Path(name), attributes)) << name;
+  }
+  folder.MakeFolder("folder");
+  const std::pair<uint32_t, Names> cases[] = {
+      {0, {"archive", "normal", "readonly"}},
+      {ReadOnly | Archive, {"archive", "normal", "readonly"}},
+      {ReadOnly | Hidden, {"archive", "hidden", "normal", "readonly"}},
+      {System, {"archive", "normal", "readonly", "system"}},
+      {Hidden | System, {"archive", "hidden", "hs", "normal", "readonly", "system"}},
+      {Directory, {".", "..", "archive", "folder", "normal", "readonly"}},
+      {AnyFile, {".", "..", "archive", "folder", "hidden", "hs", "normal", "readonly", "system"}},
+  };
+  for (const auto& [mask, wanted] : cases) EXPECT_EQ(Find(Path("*.*"), mask), wanted) << mask;
+}
+
+TEST_F(FinderTest, DotsComeOnlyWhereTheWildcardsMatchThem) {
+  folder.MakeFolder("a");
+  EXPECT_EQ(Find(Path("*"), Directory), (Names{".", "..", "a"}));
+  EXPECT_EQ(Find(Path("a*"), Directory), Names{"a"});
+  EXPECT_EQ(Find(Path("a"), Directory), Names{"a"});
+}
+
+TEST_F(FinderTest, FormsOfASpec) {
+  folder.Write("Sub/One.tmp");
+  folder.Write("Sub/two.TMP");
+  folder.Write("Sub/three.txt");
+  const Names both = {"One.tmp", "two.TMP"};
+  ASSERT_TRUE(environment.SetCurrentFolder(folder.Path()));
+  for (const std::string& spec :
+       {Path("Sub/*.tmp"), Path("Sub\\*.tmp"), Path("sUB/*.tmp"), std::string("Q:\\Sub\\*.tmp"),
+        std::string("q:/SUB\\\\*.tmp"), std::string("Q:sub\\*.tmp"), std::string("sub\\*.tmp"),
+        std::string(".\\sub\\..\\Sub\\*.tmp"), "Z:" + Path("Sub\\*.tmp")}) {
+    EXPECT_EQ(Find(spec), both) << spec;
+  }
+  ASSERT_TRUE(environment.SetCurrentFolder("Q:\\sub"));
+  EXPECT_EQ(Find("*.tmp"), both);
+  EXPECT_EQ(Find("THREE.TXT"), Names{"three.txt"});
+  ASSERT_TRUE(environment.SetCurrentFolder("/"));
+}
+
+TEST_F(FinderTest, ASpecWithoutWildcardsFindsTheOneEntry) {
+  folder.Write("Name.TXT");
+  folder.Write("Other");
+  folder.Write("other");
+  EXPECT_EQ(Find(Path("nAmE.txt")), Names{"Name.TXT"});
+  EXPECT_EQ(Find(Path("other")), Names{"other"});
+  EXPECT_EQ(Find(Path("Other")), Names{"Other"});
+}
+
+TEST_F(FinderTest, SaysWhyNothingIsFound) {
+  folder.Write("file");
+  folder.MakeFolder("folder");
+  const std::pair<std::string, Win32Error> cases[] = {
+      {Path("*.nothing"), Win32Error::FileNotFound}, {Path("nothing"), Win32Error::FileNotFound},
+      {Path("folder"), Win32Error::FileNotFound},    {Path("file/"), Win32Error::FileNotFound},
+      {Path("missing/*"), Win32Error::PathNotFound}, {Path("file/*"), Win32Error::PathNotFound},
+      {"W:\\*", Win32Error::PathNotFound},           {"", Win32Error::PathNotFound},
+      {Path("f*/x"), Win32Error::InvalidName},
+  };
+  for (const auto& [spec, code] : cases) EXPECT_EQ(CodeOf(spec), code) << spec;
+}
+
+TEST_F(FinderTest, TellsWhatTheDiskHolds) {
+  folder.Write("a", "12345");
+  folder.MakeFolder("b");
+  const auto entries = Entries(Path("?"), Directory);
+  ASSERT_EQ(entries.size(), 2u);
+  EXPECT_EQ(entries[0].size, 5u);
+  EXPECT_EQ(entries[1].size, 0u);
+  EXPECT_EQ(entries[1].attributes, Directory);
+  EXPECT_GT(entries[0].lastWrite, 1.7e9);
+}
+
+TEST_F(FinderTest, ALinkIsWhatItLeadsTo) {
+  folder.Write("target", "123");
+  folder.MakeFolder("place");
+  MakeLink("target", Path("toFile"));
+  MakeLink(Path("place"), Path("toFolder"));
+  MakeLink("nowhere", Path("toNothing"));
+  EXPECT_EQ(Find(Path("to*")), (Names{"toFile", "toNothing"}));
+  const auto entries = Entries(Path("to*"), Directory);
+  ASSERT_EQ(entries.size(), 3u);
+  EXPECT_EQ(entries[0].attributes, ReparsePoint);
+  EXPECT_EQ(entries[0].size, 3u);
+  EXPECT_EQ(entries[1].attributes, ReparsePoint | Directory);
+  EXPECT_EQ(entries[2].attributes, ReparsePoint);
+}
+
+TEST_F(FinderTest, NamesThatAreNotUtf8PassThrough) {
+  const std::string name = "bad\xFF\xC3name.tmp";
+  folder.Write(name, "x");
+  ASSERT_EQ(Find(Path("BAD*.TMP")), Names{name});
+  EXPECT_TRUE(files.Delete(Path(name)));
+  EXPECT_FALSE(files.EntryExists(Path(name)));
+}
+
+TEST_F(FinderTest, LeavesOutNamesThatAPathWouldTakeForAnother) {
+  folder.Write("keep");
+  folder.Write("sub/..\\keep");
+  folder.Write("sub/q:keep");
+  EXPECT_EQ(Find(Path("sub\\*")), Names{"q:keep"});
+  ASSERT_TRUE(environment.SetCurrentFolder(Path("sub")));
+  EXPECT_EQ(Find("*"), Names{});
+  ASSERT_TRUE(environment.SetCurrentFolder("/"));
+}
+
+TEST_F(FinderTest, PassesOverWhatVanishes) {
+  for (const char* name : {"a", "b", "c"}) folder.Write(name);
+  SysResult result;
+  const auto search = finder.Open(Path("*"), 0, result);
+  FoundEntry entry;
+  ASSERT_TRUE(search->Next(entry));
+  ASSERT_TRUE(files.Delete(Path("b")));
+  ASSERT_TRUE(search->Next(entry));
+  EXPECT_EQ(entry.name, "c");
+  EXPECT_FALSE(search->Next(entry));
+}
+
+}  // namespace

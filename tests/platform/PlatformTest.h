@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "gtest/gtest.h"
+
+#include "platform/Console.h"
+#include "platform/CreatePlatform.h"
+#include "platform/Environment.h"
+#include "platform/ErrorTexts.h"
+#include "platform/FileAttributes.h"
+#include "platform/Files.h"
+#include "platform/Finder.h"
+#include "platform/Modules.h"
+#include "support/OsFixture.h"
+#include "support/TempFolder.h"
+
+/// The machine's platform and a folder to try it on; the drive Q: is that folder.
+class PlatformTest : public testing::Test {
+ protected:
+  std::string Path(std::string_view name) const { return folder.Path(name); }
+
+  uint32_t AttributesOf(std::string_view name) {
+    uint32_t attributes = 0;
+    EXPECT_TRUE(files.GetAttributes(Path(name), attributes)) << name;
+    return attributes;
+  }
+
+  TempFolder folder;
+  std::unique_ptr<PlatformOwner> owner = CreatePlatform(
+      [this](char letter) { return letter == 'Q' ? std::optional(folder.Path()) : std::nullopt; });
+  Files& files = owner->Get().files;
+  Finder& finder = owner->Get().finder;
+  Environment& environment = owner->Get().environment;
+};

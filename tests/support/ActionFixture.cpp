@@ -1,0 +1,53 @@
+#include "support/ActionFixture.h"
+
+#include "coreapi/Vekactionapi.h"
+#include "platform/ErrorTexts.h"
+
+void RecordingEvents::Add(std::string_view kind, std::string_view rest) {
+  events.push_back(std::string(kind) + ' ' + std::string(rest));
+}
+
+void RecordingEvents::Message(std::string_view path, std::string_view text) {
+  Add("message", std::string(path) + ' ' + std::string(text));
+  lines.emplace_back(text);
+}
+
+void RecordingEvents::Status(std::string_view path, const StringList& status) {
+  Add("status", path);
+  lines.insert(lines.end(), status.begin(), status.end());
+}
+
+void RecordingEvents::Progress(std::string_view path, std::string_view text, int32_t percent) {
+  Add("progress", std::string(path) + ' ' + std::string(text) + ' ' + std::to_string(percent));
+}
+
+void RecordingEvents::Variable(std::string_view path, std::string_view name, const Variant& value) {
+  Add("variable", std::string(path) + ' ' + std::string(name) + '=' + VariantToText(value));
+}
+
+void RecordingEvents::Error(std::string_view path, std::string_view text) {
+  Add("error", std::string(path) + ' ' + std::string(text));
+  errors.emplace_back(text);
+}
+
+void RecordingEvents::ActionEnd(const ActionPlace& place, ActionResult result, double /*seconds*/) {
+  Add("end", std::string(place.path) + ' ' + std::string(ActionResultName(result)));
+}
+
+void RecordingEvents::BuildEnd(const BuildSummary& summary) {
+  Add("build-end", std::string(ActionResultName(summary.result)) + ' ' + std::to_string(summary.actions) +
+                       ' ' + std::to_string(summary.failures));
+}
+
+ActionFixture::ActionFixture(const Wrap& wrap)
+    : owner_(CreatePlatform([](char) { return std::nullopt; })),
+      platform_(wrap ? wrap(owner_->Get()) : owner_->Get()),
+      context_(platform_, catalogue_, events_, true) {}
+
+bool ActionFixture::Run(TCustomVekAction& action) {
+  events_.lines.clear();
+  events_.errors.clear();
+  return action.Run();
+}
+
+std::string ActionFixture::SystemText(Win32Error code) const { return platform_.errorTexts.Text(code); }

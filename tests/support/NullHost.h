@@ -1,0 +1,32 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "coreapi/Vekactionhost.h"
+
+/// A host for actions that are only loaded, edited and saved: it raises when it is asked for anything that
+/// belongs to a build.
+class NullHost : public IVekActionHost {
+ public:
+  const Platform& GetPlatform() override { Refuse("GetPlatform"); }
+  std::string ExpandExpression(std::string_view) override { Refuse("ExpandExpression"); }
+  Variant GetVariableValue(std::string_view) override { Refuse("GetVariableValue"); }
+  void SetVariable(std::string_view, Variant) override { Refuse("SetVariable"); }
+  bool IsVariableDefined(std::string_view) override { Refuse("IsVariableDefined"); }
+  void SendMessage(std::string_view) override { Refuse("SendMessage"); }
+  void SendStatusMessage(const IVekActionLogMessage&) override { Refuse("SendStatusMessage"); }
+  void SendProgress(std::string_view, int32_t) override { Refuse("SendProgress"); }
+  void ReportError(std::string_view) override { Refuse("ReportError"); }
+  bool ExecuteScript(TCustomVekAction&, IVekActionScript&, Variant&) override { Refuse("ExecuteScript"); }
+  bool StopSignalled() override { Refuse("StopSignalled"); }
+  bool IsUnattended() override { Refuse("IsUnattended"); }
+  void Synchronize(const std::function<void()>&) override { Refuse("Synchronize"); }
+  IVekProjectObjectAPI& GetProjectObjectAPI() override { Refuse("GetProjectObjectAPI"); }
+  void SetProjectModified() override {}  // key values of any action that is loaded
+
+ private:
+  [[noreturn]] static void Refuse(const char* operation) {
+    throw std::logic_error(std::string("no build is running: ") + operation);
+  }
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "base/Text.h"
+
+/// A program that ran to its end.
+struct ProgramResult {
+  int exitCode = -1;  // 128 + n when signal n ended it
+  std::string out, err;
+};
+
+struct ProgramSetup {
+  std::string input = {};            // what it reads; end of input follows
+  std::string folder = {};           // its current folder; empty: the test's
+  StringList environment = {};       // NAME=VALUE, on top of the test's
+  size_t closeOutputAfter = 0;       // bytes after which the reader of its output goes away; 0: never
+  double interruptAfterSeconds = 0;  // Ctrl-C once this time has passed; 0: never
+};
+
+/// Runs a program with the arguments as given, no shell between.
+ProgramResult RunProgram(const std::string& file, const StringList& arguments,
+                         const ProgramSetup& setup = {});
+
+/// Runs the vekrun that was built beside this test.
+ProgramResult RunVekrun(const StringList& arguments, const ProgramSetup& setup = {});

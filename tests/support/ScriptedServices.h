@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "coreapi/Vekservices.h"
+
+/// A user who answers every chooser the same way, and an option store; installed as the process's host
+/// services while it lives.
+class ScriptedServices final : IVekActionServices,
+                               IVekScriptingServices,
+                               IVekOptionsServices,
+                               IVekDialogServices {
+ public:
+  ScriptedServices() { InstallVekServices(&services_); }
+  ~ScriptedServices() { InstallVekServices(nullptr); }
+  ScriptedServices(const ScriptedServices&) = delete;
+  ScriptedServices& operator=(const ScriptedServices&) = delete;
+
+  std::optional<std::string> answer;  // nothing: the user cancels
+  StringList asked;                   // title, text, filter, default extension of the last chooser
+  std::map<std::pair<std::string, std::string>, std::string> options;
+
+ private:
+  bool BrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
+                     std::string_view defaultExtension) override {
+    asked = {std::string(title), fileName, std::string(filter), std::string(defaultExtension)};
+    return Answer(fileName);
+  }
+  bool BrowseForDirectory(std::string_view title, std::string& folder) override {
+    asked = {std::string(title), folder};
+    return Answer(folder);
+  }
+  bool Answer(std::string& text) const {
+    if (answer) text = *answer;
+    return answer.has_value();
+  }
+
+  std::string ReadOption(std::string_view name, std::string_view key) override {
+    const auto option = options.find({std::string(name), std::string(key)});
+    return option == options.end() ? "" : option->second;
+  }
+
+  void RegisterAction(std::string_view, std::string_view, const ActionClass&, std::string_view) override {}
+  void RegisterPropertyPages(const ActionClass&, std::span<const PageClass* const>) override {}
+  void RegisterPropertyEditor(std::string_view, const ActionClass&, const EditorClass&,
+                              std::string_view) override {}
+  void RegisterScriptConstant(std::string_view, const Variant&) override {}
+  void RegisterScriptMethod(const ActionClass&, std::string_view, std::string_view,
+                            ScriptMethodHandler) override {}
+  void RegisterScriptEnumType(const EnumType&) override {}
+  ScriptMethodHandler FindScriptMethod(const ActionClass&, std::string_view) override { return nullptr; }
+  void RegisterOptionsPage(const OptionsClass&, std::string_view) override {}
+
+  const VekHostServices services_{*this, *this, *this, *this};
+};

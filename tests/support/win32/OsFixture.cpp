@@ -1,0 +1,66 @@
+#include "support/OsFixture.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <windows.h>
+
+#include "gtest/gtest.h"
+
+#include "platform/win32/Win32Text.h"
+
+namespace {
+
+// A crash or a missing DLL ends the test instead of asking in a box; the programs that it starts inherit it.
+[[maybe_unused]] const UINT kErrorMode =
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+
+std::wstring Wide(const std::string& text) { return ToWide(text).value(); }
+
+constexpr uint32_t kWritable = 0200;
+
+}  // namespace
+
+void MakeLink(const std::string& target, const std::string& path) {
+  constexpr DWORD kUnprivileged = 2;  // for developers
+  const DWORD attributes = GetFileAttributesW(Wide(target).c_str());
+  const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  const DWORD flags = kUnprivileged | (isFolder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0);
+  ASSERT_TRUE(CreateSymbolicLinkW(Wide(path).c_str(), Wide(target).c_str(), flags)) << path;
+}
+
+void SetMode(const std::string& path, uint32_t mode) {
+  const DWORD attributes =
+      GetFileAttributesW(Wide(path).c_str()) & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+  const DWORD readOnly = (mode & kWritable) != 0 ? 0 : FILE_ATTRIBUTE_READONLY;
+  ASSERT_TRUE(SetFileAttributesW(Wide(path).c_str(), attributes | readOnly)) << path;
+}
+
+uint32_t ModeOf(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
+  EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES) << path;
+  return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0444 | kWritable;
+}
+
+bool StoreRawAttributes(const std::string& /*path*/, const std::string& /*value*/) { return false; }
+std::optional<std::string> RawAttributes(const std::string& /*path*/) { return std::nullopt; }
+bool StoresAttributes(const std::string& /*folder*/) { return true; }
+
+void WithFileSizeLimit(uint64_t /*bytes*/, const std::function<void()>& /*body*/) {
+  GTEST_SKIP() << "no such limit here";
+}
+
+ExclusiveOpen::ExclusiveOpen(const std::string& path) : handle_(-1) {
+  EXPECT_EQ(_wsopen_s(&handle_, Wide(path).c_str(), _O_RDWR | _O_BINARY, _SH_DENYRW, 0), 0) << path;
+}
+
+ExclusiveOpen::~ExclusiveOpen() { _close(handle_); }
+
+void SendInterrupt() {
+  if (GetConsoleWindow() == nullptr) AllocConsole();  // a test run has none
+  GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+}
+
+void SetVariable(const std::string& name, const std::optional<std::string>& value) {
+  SetEnvironmentVariableW(Wide(name).c_str(), value ? Wide(*value).c_str() : nullptr);
+}

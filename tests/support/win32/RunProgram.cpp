@@ -1,0 +1,112 @@
+#include "support/RunProgram.h"
+
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+#include <windows.h>
+
+#include "platform/win32/Win32Text.h"
+
+namespace {
+
+std::wstring Wide(std::string_view text) { return ToWide(text).value(); }
+
+/// Both ends of a pipe; the child inherits one of them.
+struct Pipe {
+  Pipe() {
+    SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    if (!CreatePipe(&read, &write, &inherited, 0)) throw std::runtime_error("CreatePipe");
+  }
+  ~Pipe() { Close(read), Close(write); }
+  static void Close(HANDLE& end) {
+    if (end) CloseHandle(end);
+    end = nullptr;
+  }
+  static void Keep(HANDLE end) { SetHandleInformation(end, HANDLE_FLAG_INHERIT, 0); }
+
+  HANDLE read = nullptr, write = nullptr;
+};
+
+/// One argument, quoted so that the program's start-up code finds it as it was.
+std::wstring Quoted(std::wstring_view argument) {
+  std::wstring text = L"\"";
+  size_t backslashes = 0;
+  for (const wchar_t c : argument) {
+    if (c == L'"') text.append(backslashes + 1, L'\\');
+    backslashes = c == L'\\' ? backslashes + 1 : 0;
+    text += c;
+  }
+  return text.append(backslashes, L'\\') + L'"';
+}
+
+/// The test's variables behind the given ones: the first of a name counts.
+std::wstring Environment(const StringList& extra) {
+  std::wstring block;
+  for (const std::string& entry : extra) block += Wide(entry) + L'\0';
+  wchar_t* const own = GetEnvironmentStringsW();
+  for (const wchar_t* entry = own; *entry; entry += wcslen(entry) + 1) block.append(entry).push_back(L'\0');
+  FreeEnvironmentStringsW(own);
+  return block + L'\0';
+}
+
+/// Reads until the writer closes, or until `limit` bytes have come when it is not 0.
+void ReadAll(HANDLE& end, std::string& text, size_t limit) {
+  char buffer[65536];
+  for (DWORD count = 0; ReadFile(end, buffer, sizeof buffer, &count, nullptr) && count > 0;) {
+    text.append(buffer, count);
+    if (limit != 0 && text.size() >= limit) break;
+  }
+  Pipe::Close(end);
+}
+
+std::string Native(std::string file) {
+  for (char& c : file) c = c == '/' ? '\\' : c;
+  return file;
+}
+
+}  // namespace
+
+ProgramResult RunProgram(const std::string& file, const StringList& arguments, const ProgramSetup& setup) {
+  Pipe in, out, err;
+  Pipe::Keep(in.write), Pipe::Keep(out.read), Pipe::Keep(err.read);
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = in.read, startup.hStdOutput = out.write, startup.hStdError = err.write;
+
+  std::wstring commandLine = Quoted(Wide(Native(file)));
+  for (const std::string& argument : arguments) commandLine += L' ' + Quoted(Wide(argument));
+  std::wstring environment = Environment(setup.environment);
+  const std::wstring folder = Wide(Native(setup.folder));
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_UNICODE_ENVIRONMENT,
+                      environment.data(), folder.empty() ? nullptr : folder.c_str(), &startup, &process)) {
+    throw std::runtime_error("cannot start " + file);
+  }
+  CloseHandle(process.hThread);
+  Pipe::Close(in.read), Pipe::Close(out.write), Pipe::Close(err.write);
+
+  ProgramResult result;
+  std::thread readOut([&] { ReadAll(out.read, result.out, setup.closeOutputAfter); });
+  std::thread readErr([&] { ReadAll(err.read, result.err, 0); });
+  DWORD written = 0;
+  if (!setup.input.empty()) {
+    WriteFile(in.write, setup.input.data(), static_cast<DWORD>(setup.input.size()), &written, nullptr);
+  }
+  Pipe::Close(in.write);
+  if (setup.interruptAfterSeconds > 0) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(setup.interruptAfterSeconds));
+    GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+  }
+  readOut.join(), readErr.join();
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD exitCode = 0;
+  GetExitCodeProcess(process.hProcess, &exitCode);
+  CloseHandle(process.hProcess);
+  result.exitCode = static_cast<int>(exitCode);
+  return result;
+}
+
+ProgramResult RunVekrun(const StringList& arguments, const ProgramSetup& setup) {
+  return RunProgram(VEK_BIN_DIR "/vekrun.exe", arguments, setup);
+}

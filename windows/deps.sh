@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Builds the third-party libraries for Windows and prints the folder they lie in. The versions are those of
+# the installed Debian packages, so both platforms stand on the same sources; what is there already is kept.
+# usage: deps.sh x64|x86
+set -euo pipefail
+
+here=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+root=${here%/*}
+case ${1:-} in
+  x64) triple=x86_64-w64-mingw32 compiler=g++-mingw-w64-x86-64-posix ;;
+  x86) triple=i686-w64-mingw32 compiler=g++-mingw-w64-i686-posix ;;
+  *) echo "usage: deps.sh x64|x86" >&2; exit 2 ;;
+esac
+
+# shellcheck disable=SC2016
+packages=$(dpkg-query -W -f='${Package} ${source:Version}\n' \
+  libpugixml-dev libgtest-dev libcli11-dev nlohmann-json3-dev duktape-dev "$compiler")
+key=$({ cat "$here/deps.sh" "$root/cmake/mingw.cmake"; echo "$packages"; } | sha256sum | cut -c1-12)
+prefix=$root/build/windows-deps/$key/$1
+if [[ -f $prefix/complete ]]; then
+  echo "$prefix"
+  exit
+fi
+
+work=$prefix.work
+rm -rf "$prefix" "$work"
+mkdir -p "$prefix"/{include,share/cmake} "$work/apt/"{lists,cache/archives}/partial
+
+# fetch_source PACKAGE VERSION: by lists of its own, so that the machine's stay as they are. The archive and
+# the suite are those that the installed package came from.
+fetch_source() {
+  local uri suite keyring=/usr/share/keyrings/debian-archive-keyring.gpg apt
+  read -r uri suite < <(apt-cache policy libpugixml-dev | awk '$2 ~ /^https?:/ { print $2, $3; exit }')
+  [[ $uri ]] || { echo "no archive offers libpugixml-dev; apt-get update first" >&2; return 1; }
+  [[ -f $keyring ]] && keyring="[signed-by=$keyring]" || keyring=
+  echo "deb-src $keyring $uri ${suite%/*} ${suite#*/}" >"$work/apt/sources.list"
+  apt=(apt-get -qq -o "Dir::Etc::sourcelist=$work/apt/sources.list" -o Dir::Etc::sourceparts=/dev/null
+       -o "Dir::State::lists=$work/apt/lists" -o "Dir::Cache=$work/apt/cache" -o APT::Sandbox::User=root)
+  "${apt[@]}" update
+  (cd "$work" && "${apt[@]}" source "$1=$2")
+}
+
+# cross_build SOURCE OPTION...
+cross_build() {
+  local source=$1
+  shift
+  cmake -S "$source" -B "$work/build" --fresh -G Ninja -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw.cmake" \
+    -DVEK_TRIPLE="$triple" -DVEK_MINGW_PREFIX="$prefix" -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_INSTALL_LIBDIR=lib -DBUILD_SHARED_LIBS=OFF "$@"
+  cmake --build "$work/build" --target install
+  rm -rf "$work/build"
+}
+
+{
+  fetch_source pugixml "$(awk '$1 == "libpugixml-dev" { print $2 }' <<<"$packages")"
+  cross_build "$work"/pugixml-*/ -DPUGIXML_BUILD_TESTS=OFF
+  cross_build /usr/src/googletest -DINSTALL_GTEST=ON -DBUILD_GMOCK=ON
+  # Headers and sources are copied: the compiler must never look into /usr/include.
+  cp -r /usr/include/{CLI,nlohmann} "$prefix/include/"
+  cp -r /usr/share/cmake/{CLI11,nlohmann_json} "$prefix/share/cmake/"
+  cp -r /usr/share/duktape "$prefix/share/"
+} >"$prefix/log" 2>&1 </dev/null || {
+  tail -n 30 "$prefix/log" >&2
+  exit 1
+}
+rm -rf "$work"
+touch "$prefix/complete"
+echo "$prefix"
