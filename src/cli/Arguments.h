@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "host/ProjectVariables.h"
+#include "host/project/ProjectVariables.h"
 
 enum class Command { Run, Exec, Validate, Actions, Describe };
 enum class LogFormat { Text, Jsonl, Junit };

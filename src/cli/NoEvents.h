@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/EventSink.h"
+#include "host/log/EventSink.h"
 
 /// Takes events while a project is loaded and nothing runs yet.
 class NoEvents final : public EventSink {

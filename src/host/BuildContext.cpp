@@ -2,8 +2,8 @@
 
 #include "coreapi/Vekactionapi.h"
 #include "host/Catalogue.h"
-#include "host/EventSink.h"
-#include "host/Project.h"
+#include "host/log/EventSink.h"
+#include "host/project/Project.h"
 #include "platform/Environment.h"
 #include "platform/Platform.h"
 

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/EventSink.h"
-#include "host/Project.h"
 #include "host/StopControl.h"
+#include "host/log/EventSink.h"
+#include "host/project/Project.h"
 
 class BuildContext;
 

@@ -7,8 +7,8 @@
 #include "base/Text.h"
 #include "coreapi/Vekerrors.h"
 #include "host/ExpressionEnd.h"
-#include "host/Quoted.h"
 #include "host/VariableName.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

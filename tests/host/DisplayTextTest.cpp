@@ -1,6 +1,6 @@
 #include "gtest/gtest.h"
 
-#include "host/DisplayText.h"
+#include "host/log/DisplayText.h"
 
 namespace {
 

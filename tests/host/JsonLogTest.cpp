@@ -6,7 +6,7 @@
 #include "gtest/gtest.h"
 
 #include "host/LogTesting.h"
-#include "host/Logs.h"
+#include "host/log/Logs.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "gtest/gtest.h"
 
-#include "host/LogOutput.h"
 #include "host/LogTesting.h"
-#include "host/Logs.h"
+#include "host/log/LogOutput.h"
+#include "host/log/Logs.h"
 
 namespace {
 

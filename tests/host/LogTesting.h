@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/EventSink.h"
-#include "host/LogOutput.h"
+#include "host/log/EventSink.h"
+#include "host/log/LogOutput.h"
 #include "platform/Console.h"
 
 /// Keeps every write; refuses those that would go past `capacity` bytes, as a full disk does.

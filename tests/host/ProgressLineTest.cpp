@@ -1,6 +1,6 @@
 #include "gtest/gtest.h"
 
-#include "host/ProgressLine.h"
+#include "host/log/ProgressLine.h"
 
 namespace {
 

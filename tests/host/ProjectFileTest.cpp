@@ -2,7 +2,7 @@
 #include "gtest/gtest.h"
 
 #include "host/Catalogue.h"
-#include "host/ProjectFile.h"
+#include "host/project/ProjectFile.h"
 #include "support/NullHost.h"
 #include "support/SampleAction.h"
 

@@ -1,7 +1,7 @@
 #include "gtest/gtest.h"
 
 #include "host/LogTesting.h"
-#include "host/QuietLog.h"
+#include "host/log/QuietLog.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "gtest/gtest.h"
 
-#include "host/XmlText.h"
+#include "host/log/XmlText.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "host/BuildContext.h"
 #include "host/Catalogue.h"
-#include "host/EventSink.h"
+#include "host/log/EventSink.h"
 #include "platform/CreatePlatform.h"
 #include "support/TempFolder.h"
 

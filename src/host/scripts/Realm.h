@@ -8,7 +8,7 @@
 void PrepareRealm(duk_context* context);
 
 /// Equips a new realm for expressions: free names are variables where they are no built-in names, and nothing
-/// that an expression does lasts, because all built-in objects are frozen.
+/// that an expression defines lasts, because the built-in objects are frozen.
 void PrepareExpressionRealm(duk_context* context);
 
 /// Gives the realm a fresh global object on top of the built-in ones; what the last script defined is gone.

@@ -1,7 +1,7 @@
-#include "host/PropertyAssignment.h"
+#include "host/project/PropertyAssignment.h"
 
-#include "host/ProjectFile.h"
-#include "host/Quoted.h"
+#include "host/project/ProjectFile.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/EventSink.h"
+#include "host/log/EventSink.h"
 
 class LogOutput;
 

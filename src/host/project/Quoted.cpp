@@ -1,4 +1,4 @@
-#include "host/Quoted.h"
+#include "host/project/Quoted.h"
 
 #include <cstdio>
 

@@ -1,9 +1,9 @@
-#include "host/SourceText.h"
+#include "host/project/SourceText.h"
 
 #include <algorithm>
 
 #include "base/Text.h"
-#include "host/Quoted.h"
+#include "host/project/Quoted.h"
 
 SourceText::SourceText(std::string_view text) : text_(text), lineStarts_{0} {
   for (size_t i = 0; (i = text.find_first_of("\r\n", i)) != std::string_view::npos;) {

@@ -1,10 +1,10 @@
 #include <string>
 
-#include "host/LogOutput.h"
-#include "host/Logs.h"
-#include "host/ProgressLine.h"
-#include "host/QuietLog.h"
-#include "host/TextFormat.h"
+#include "host/log/LogOutput.h"
+#include "host/log/Logs.h"
+#include "host/log/ProgressLine.h"
+#include "host/log/QuietLog.h"
+#include "host/log/TextFormat.h"
 
 namespace {
 

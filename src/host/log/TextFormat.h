@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/EventSink.h"
+#include "host/log/EventSink.h"
 
 /// The lines of the log for people: how they are indented, marked and coloured.
 class TextFormat {

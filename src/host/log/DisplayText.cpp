@@ -1,4 +1,4 @@
-#include "host/DisplayText.h"
+#include "host/log/DisplayText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
-#include "host/ProjectVariables.h"
+#include "host/project/ProjectVariables.h"
 
 #include "base/WindowsPath.h"
 #include "host/BuildContext.h"
-#include "host/Project.h"
-#include "host/Quoted.h"
+#include "host/project/Project.h"
+#include "host/project/Quoted.h"
 #include "platform/Environment.h"
 #include "platform/Platform.h"
 

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "host/LogOutput.h"
-#include "host/Logs.h"
-#include "host/XmlText.h"
+#include "host/log/LogOutput.h"
+#include "host/log/Logs.h"
+#include "host/log/XmlText.h"
 
 namespace {
 

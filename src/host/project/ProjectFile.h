@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/Project.h"
+#include "host/project/Project.h"
 
 class Catalogue;
 class IVekActionHost;

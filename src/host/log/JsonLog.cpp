@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "host/LogOutput.h"
-#include "host/Logs.h"
+#include "host/log/LogOutput.h"
+#include "host/log/Logs.h"
 
 namespace {
 

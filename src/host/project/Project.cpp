@@ -1,4 +1,4 @@
-#include "host/Project.h"
+#include "host/project/Project.h"
 
 TCustomVekAction* FindActionByName(const std::vector<ActionNode>& actions, std::string_view name) {
   for (const ActionNode& node : actions) {

@@ -1,11 +1,11 @@
-#include "host/QuietLog.h"
+#include "host/log/QuietLog.h"
 
 #include <algorithm>
 #include <string>
 #include <vector>
 
-#include "host/LogOutput.h"
-#include "host/TextFormat.h"
+#include "host/log/LogOutput.h"
+#include "host/log/TextFormat.h"
 
 namespace {
 

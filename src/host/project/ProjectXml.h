@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/Project.h"
-#include "host/SourceText.h"
+#include "host/project/Project.h"
+#include "host/project/SourceText.h"
 
 /// The elements of a project file, and the faults found in them, by line. A place is what a fault is in:
 /// "action /1/2 HDELETE_FILE", or nothing. Every fault is raised as EProjectError.

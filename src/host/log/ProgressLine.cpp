@@ -1,9 +1,9 @@
-#include "host/ProgressLine.h"
+#include "host/log/ProgressLine.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "host/DisplayText.h"
+#include "host/log/DisplayText.h"
 
 namespace {
 

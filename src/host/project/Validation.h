@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Project.h"
+#include "host/project/Project.h"
 
 /// A setting that an action reports as missing or inconsistent.
 struct ValidationProblem {

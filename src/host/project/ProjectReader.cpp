@@ -1,11 +1,11 @@
 #include <set>
 
 #include "host/Catalogue.h"
-#include "host/ProjectFile.h"
-#include "host/ProjectXml.h"
-#include "host/PropertyAssignment.h"
-#include "host/Quoted.h"
 #include "host/VariableName.h"
+#include "host/project/ProjectFile.h"
+#include "host/project/ProjectXml.h"
+#include "host/project/PropertyAssignment.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/Validation.h"
+#include "host/project/Validation.h"
 
 namespace {
 

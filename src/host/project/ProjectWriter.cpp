@@ -1,6 +1,6 @@
-#include "host/ProjectFile.h"
-#include "host/ProjectText.h"
-#include "host/Quoted.h"
+#include "host/project/ProjectFile.h"
+#include "host/project/ProjectText.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "host/TextFormat.h"
+#include "host/log/TextFormat.h"
 
 #include <algorithm>
 
-#include "host/DisplayText.h"
+#include "host/log/DisplayText.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/LogOutput.h"
+#include "host/log/LogOutput.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
-#include "host/ProjectXml.h"
+#include "host/project/ProjectXml.h"
 
 #include <algorithm>
 #include <span>
 
-#include "host/ProjectText.h"
-#include "host/Quoted.h"
+#include "host/project/ProjectText.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/ProjectText.h"
+#include "host/project/ProjectText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "host/Quoted.h"
+#include "host/project/Quoted.h"
 
 namespace {
 

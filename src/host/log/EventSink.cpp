@@ -1,4 +1,4 @@
-#include "host/EventSink.h"
+#include "host/log/EventSink.h"
 
 std::string_view ActionResultName(ActionResult result) {
   constexpr std::string_view kNames[] = {"success", "failure", "skipped", "stopped"};

@@ -1,4 +1,4 @@
-#include "host/XmlText.h"
+#include "host/log/XmlText.h"
 
 #include "base/Text.h"
 
