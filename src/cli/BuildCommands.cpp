@@ -153,11 +153,16 @@ int Build(const Arguments& arguments, const Load& load) {
     PrintProblems(problems, arguments.subject, std::cerr);
     if (!problems.empty()) return kUnusable;
   }
-  DefineVariables(context, project, arguments.variables);
+  const auto interrupt = session.GetConsole().OnInterrupt([&context] { context.Stop().RequestStop(); });
+  try {
+    DefineVariables(context, project, arguments.variables);
+  } catch (const EProjectError&) {
+    if (context.Stop().StopRequested()) return kStopped;
+    throw;
+  }
 
   log.Open();
   session.Dialogs().SetBuild(&context);
-  const auto interrupt = session.GetConsole().OnInterrupt([&context] { context.Stop().RequestStop(); });
   const BuildSummary summary = Engine(context).Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);
   if (log.ReportFailure()) return kFailed;

@@ -68,6 +68,8 @@ std::string TCustomVekAction::GetQuickHelpFilename() const {
   return std::string(ClassType().QuickHelpFilename());
 }
 
+std::string TCustomVekAction::GetCopyRight() const { return std::string(ClassType().CopyRight()); }
+
 void TCustomVekAction::GetPropertyHelp(StringList& lines) const {
   AppendLines(&ClassType(), &ActionClass::help, lines);
 }

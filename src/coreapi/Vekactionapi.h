@@ -87,6 +87,7 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   std::string GetActionName() const;
   virtual int32_t GetHelpTopicID() const;
   virtual std::string GetQuickHelpFilename() const;
+  std::string GetCopyRight() const;
   virtual void GetPropertyHelp(StringList& lines) const;
   virtual void GetPropertyAlias(StringList& lines) const;
   virtual void GetHiddenProperties(StringList& names) const;

@@ -134,18 +134,25 @@ std::string Marks(const PropertyRow& row, const StringList& hidden, const String
   return text;
 }
 
-std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own) {
+/// What the property is for: its help text, or its display title where it has none.
+std::string MeaningOf(const PropertyRow& row, const TCustomVekAction& action) {
   const auto help = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyHelp));
+  if (const auto text = help.find(row.name); text != help.end()) return text->second;
+  const auto titles = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyAlias));
+  const auto title = titles.find(row.name);
+  return title == titles.end() ? std::string() : title->second;
+}
+
+std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own) {
   const StringList hidden = LinesOf(action, &TCustomVekAction::GetHiddenProperties);
   const StringList readOnly = LinesOf(action, &TCustomVekAction::GetReadOnlyProperties);
   std::vector<StringList> rows;
   for (const PropertyRow* row : action.PropertyRows()) {
     if (!row->published || IsOwn(row, entry) != own) continue;
     const std::string value = PropertyToText(*row, row->get(action));
-    const auto text = help.find(row->name);
     const std::string marks = Marks(*row, hidden, readOnly);
     rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value,
-                    (text == help.end() ? "" : text->second) + (marks.empty() ? "" : " (" + marks + ")")});
+                    MeaningOf(*row, action) + (marks.empty() ? "" : " (" + marks + ")")});
   }
   return Table(rows, "  ");
 }

@@ -15,8 +15,8 @@ StopControl::~StopControl() {
 
 void StopControl::RequestStop() {
   if (stopRequested_.exchange(true)) return;
-  interrupted_ = true;
   const std::lock_guard lock(mutex_);
+  interrupted_ = true;
   TerminateRunning(0);
   changed_.notify_all();
 }

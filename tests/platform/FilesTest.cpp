@@ -64,6 +64,18 @@ TEST_F(FilesTest, DeleteRefuses) {
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"folder", "locked"}));
 }
 
+TEST_F(FilesTest, WhatASearchSawDoesNotOutliveAChange) {
+  folder.Write("file");
+  SysResult result;
+  const auto search = finder.Open(Path("*"), FileAttribute::ReadOnly, result);
+  FoundEntry entry;
+  ASSERT_TRUE(search->Next(entry));
+  ASSERT_TRUE(files.SetAttributes(Path("file"), FileAttribute::ReadOnly));
+  EXPECT_EQ(files.Delete(Path("file")).code, Win32Error::AccessDenied);
+  ASSERT_TRUE(files.SetAttributes(Path("file"), FileAttribute::Normal));
+  EXPECT_TRUE(files.Delete(Path("file")));
+}
+
 TEST_F(FilesTest, DeletingALinkLeavesWhatItLeadsTo) {
   folder.Write("target", "kept");
   SetMode(Path("target"), 0444);

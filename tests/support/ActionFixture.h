@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Win32Error.h"
 #include "host/BuildContext.h"
 #include "host/Catalogue.h"
 #include "host/log/EventSink.h"

@@ -21,36 +21,43 @@ mode_t WithReadOnly(mode_t mode, bool readOnly) {
   return (mode & 0222) == 0 ? mode | 0200 : mode;
 }
 
-SysResult SetAttributesAt(const Place& place, uint32_t attributes) {
-  EntryStatus entry = {};
-  if (const SysResult found = StatusAt(place, entry); !found) return found;
-  constexpr uint32_t kSettable =
-      FileAttribute::ReadOnly | FileAttribute::Hidden | FileAttribute::System | FileAttribute::Archive;
-  const uint32_t present = AttributesOf(place.Fd(), place.Name(), entry);
-  const uint32_t changed = (present ^ attributes) & kSettable;
-  if (changed == 0) return {};
-  // A link has no attributes of its own, and what it leads to is not what was named.
-  if (entry.isLink) return SysResult::Failure(Win32Error::NotSupported);
+/// Changes the mode of one entry back and forth; remembers what it is.
+class ModeChange {
+ public:
+  ModeChange(const Place& place, mode_t mode) : place_(place), mode_(mode & 07777) {}
 
-  const mode_t oldMode = entry.status.st_mode & 07777;
-  const mode_t newMode = WithReadOnly(oldMode, (attributes & FileAttribute::ReadOnly) != 0);
-  mode_t mode = oldMode;
-  const auto changeMode = [&](mode_t wanted) {
-    if (mode == wanted) return true;
-    if (fchmodat(place.Fd(), place.Name(), wanted, 0) != 0) return false;
-    mode = wanted;
+  bool To(mode_t wanted) {
+    if (mode_ == wanted) return true;
+    if (fchmodat(place_.Fd(), place_.Name(), wanted, 0) != 0) return false;
+    mode_ = wanted;
     return true;
-  };
-  if ((changed & ~FileAttribute::ReadOnly) != 0) {
+  }
+
+ private:
+  const Place& place_;
+  mode_t mode_;
+};
+
+constexpr uint32_t kStored = FileAttribute::Hidden | FileAttribute::System | FileAttribute::Archive;
+
+SysResult WriteAttributes(const Place& place, const SeenEntry& present, uint32_t attributes) {
+  const uint32_t changed = present.attributes ^ attributes;
+  // A link has no attributes of its own, and what it leads to is not what was named.
+  if (present.entry.isLink) return SysResult::Failure(Win32Error::NotSupported);
+
+  const mode_t mode = present.entry.status.st_mode & 07777;
+  ModeChange change(place, mode);
+  if ((changed & kStored) != 0) {
     // The system stores attributes only in what may be written.
-    if (!changeMode(WithReadOnly(oldMode, false))) return LastFailure();
+    if (!change.To(WithReadOnly(mode, false))) return LastFailure();
     if (!StoreAttributes(place.Fd(), place.Name(), attributes)) {
       const SysResult failure = LastFailure();
-      changeMode(oldMode);
+      change.To(mode);
       return failure;
     }
   }
-  return changeMode(newMode) ? SysResult() : LastFailure();
+  return change.To(WithReadOnly(mode, (attributes & FileAttribute::ReadOnly) != 0)) ? SysResult()
+                                                                                    : LastFailure();
 }
 
 }  // namespace
@@ -84,7 +91,17 @@ SysResult PosixFiles::GetAttributes(std::string_view path, uint32_t& attributes)
 }
 
 SysResult PosixFiles::SetAttributes(std::string_view path, uint32_t attributes) {
-  return paths_.OnEntry(path, [&](const Place& place) { return SetAttributesAt(place, attributes); });
+  return paths_.OnEntry(path, [&](const Place& place) {
+    auto present = paths_.Recent().Find(*place.folder, place.name);
+    if (!present) {
+      EntryStatus entry = {};
+      if (const SysResult found = StatusAt(place, entry); !found) return found;
+      present = {entry, ::AttributesOf(place.Fd(), place.Name(), entry)};
+    }
+    if (((present->attributes ^ attributes) & (kStored | FileAttribute::ReadOnly)) == 0) return SysResult();
+    paths_.Recent().Forget();
+    return WriteAttributes(place, *present, attributes);
+  });
 }
 
 SysResult PosixFiles::Delete(std::string_view path) {
@@ -92,9 +109,15 @@ SysResult PosixFiles::Delete(std::string_view path) {
 }
 
 SysResult PosixFiles::DeleteAt(const Place& place) {
-  struct stat status = {};
-  if (fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
-  if (S_ISDIR(status.st_mode) || IsReadOnly(status)) return SysResult::Failure(Win32Error::AccessDenied);
+  EntryStatus entry = {};
+  if (const auto seen = paths_.Recent().Find(*place.folder, place.name)) {
+    entry = seen->entry;
+  } else if (const SysResult found = StatusAt(place, entry); !found) {
+    return found;
+  }
+  if (!entry.isLink && (entry.IsFolder() || IsReadOnly(entry.status))) {
+    return SysResult::Failure(Win32Error::AccessDenied);
+  }
   NameIndex::Change change(paths_.Names(), place.Fd());
   if (unlinkat(place.Fd(), place.Name(), 0) != 0) return LastFailure();
   change.Removed(place.name);

@@ -14,8 +14,12 @@ namespace {
 class PosixFindSearch final : public FindSearch {
  public:
   PosixFindSearch() = default;
-  PosixFindSearch(std::shared_ptr<const Folder> folder, FolderListing names, uint32_t mask)
-      : folder_(std::move(folder)), names_(std::move(names)), excluded_(kByMaskOnly & ~mask) {
+  PosixFindSearch(RecentEntry& recent, std::shared_ptr<const Folder> folder, FolderListing names,
+                  uint32_t mask)
+      : recent_(&recent),
+        folder_(std::move(folder)),
+        names_(std::move(names)),
+        excluded_(kByMaskOnly & ~mask) {
     hasFirst_ = Find(first_);
   }
 
@@ -46,6 +50,7 @@ class PosixFindSearch final : public FindSearch {
     if (found.IsFolder() && (excluded_ & FileAttribute::Directory) != 0) return false;
     entry.attributes = AttributesOf(folder, name, found);
     if ((entry.attributes & excluded_) != 0) return false;
+    recent_->Keep(*folder_, name, {found, entry.attributes});
     if (entry.attributes == 0) entry.attributes = FileAttribute::Normal;
     entry.name = name;
     const timespec& time = found.status.st_mtim;
@@ -54,6 +59,7 @@ class PosixFindSearch final : public FindSearch {
     return true;
   }
 
+  RecentEntry* recent_ = nullptr;
   std::shared_ptr<const Folder> folder_;
   FolderListing names_;
   uint32_t excluded_ = 0;
@@ -113,7 +119,8 @@ std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t ma
       hasWildcards ? ListMatches(place, !folderPart.empty(), (mask & FileAttribute::Directory) != 0, names)
                    : FindOne(paths_, place, names);
   if (!listed) return Nothing(result, FromErrno(errno));
-  auto search = std::make_unique<PosixFindSearch>(std::move(place.folder), std::move(names), mask);
+  auto search =
+      std::make_unique<PosixFindSearch>(paths_.Recent(), std::move(place.folder), std::move(names), mask);
   result = search->IsEmpty() ? SysResult::Failure(Win32Error::FileNotFound) : SysResult();
   return search;
 }

@@ -97,6 +97,7 @@ bool PosixPaths::OtherCase(Place& place) {
 
 void PosixPaths::Forget() {
   names_.Forget();
+  recent_.Forget();
   ForgetFolder();
 }
 

@@ -12,6 +12,7 @@
 #include "base/Win32Error.h"
 #include "platform/CreatePlatform.h"
 #include "platform/posix/NameIndex.h"
+#include "platform/posix/RecentEntry.h"
 #include "platform/posix/UniqueFd.h"
 
 /// A folder held open, so that what is done in it needs the short name only.
@@ -67,6 +68,7 @@ class PosixPaths {
   void Forget();
 
   NameIndex& Names() { return names_; }
+  RecentEntry& Recent() { return recent_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -77,6 +79,7 @@ class PosixPaths {
 
   DriveLookup drives_;
   NameIndex names_;
+  RecentEntry recent_;
   std::mutex mutex_;
   std::array<std::optional<std::optional<std::string>>, 26> roots_;
   std::string lastText_;

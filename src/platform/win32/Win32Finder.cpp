@@ -54,6 +54,13 @@ SysResult List(const std::wstring& native, Take take) {
   return end.code == Win32Error::NoMoreFiles ? SysResult{} : end;
 }
 
+bool IsFile(std::string_view folder) {
+  std::wstring native;
+  if (!NativePath(WithoutTrailingDelimiter(folder), native)) return false;
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 class Win32Search final : public FindSearch {
  public:
   /// Takes the whole folder in at once: its file system need not list in the order promised.
@@ -82,6 +89,8 @@ class Win32Search final : public FindSearch {
         entries_.push_back(std::move(entry));
       }
     });
+    // A file on the way is a folder that is missing, whatever code the system has for it.
+    if (!result && matches && IsFile(folder)) return SysResult::Failure(Win32Error::PathNotFound);
     std::sort(entries_.begin(), entries_.end(), ComesBefore);
     if (result.ok && entries_.empty()) return SysResult::Failure(Win32Error::FileNotFound);
     return result;

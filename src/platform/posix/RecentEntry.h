@@ -1,0 +1,36 @@
+#pragma once
+
+#include <chrono>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "platform/posix/EntryStatus.h"
+
+struct Folder;
+
+/// An entry as it was found.
+struct SeenEntry {
+  EntryStatus entry;
+  uint32_t attributes;
+};
+
+/// What a search has just found, so that acting on it at once needs no second look: it is believed for less
+/// time than another program takes to start. Whoever changes an entry's mode or attributes calls Forget.
+/// [any thread]
+class RecentEntry {
+ public:
+  void Keep(const Folder& folder, const char* name, const SeenEntry& seen);
+  std::optional<SeenEntry> Find(const Folder& folder, const std::string& name);
+  void Forget();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  std::mutex mutex_;
+  dev_t device_ = 0;
+  ino_t inode_ = 0;
+  std::string name_;  // empty: nothing is kept
+  SeenEntry seen_ = {};
+  Clock::time_point when_;
+};

@@ -1,0 +1,3 @@
+#include "support/WineLimits.h"
+
+bool RunsOnWine() { return false; }
