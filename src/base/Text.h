@@ -24,7 +24,8 @@ VEK_API std::string UpCase(std::string_view text);
 /// Equal without regard to case.
 VEK_API bool SameText(std::string_view a, std::string_view b);
 
-/// Orders by upper-cased text, as file names and variable names are ordered; equal texts by their bytes.
+/// Orders by upper-cased text, as file names and variable names are ordered; texts that differ in case only
+/// are equal.
 struct LessNoCase {
   using is_transparent = void;
   VEK_API bool operator()(std::string_view a, std::string_view b) const;

@@ -4,9 +4,9 @@ namespace {
 
 /// Length of the folder part.
 size_t FolderLength(std::string_view path) {
-  size_t length = path.size();
-  while (length > 0 && !IsPathOrDriveDelimiter(path[length - 1])) --length;
-  return length;
+  const size_t delimiter = path.find_last_of("\\/");
+  if (delimiter != std::string_view::npos) return delimiter + 1;
+  return NamesDrive(path) ? 2 : 0;
 }
 
 }  // namespace

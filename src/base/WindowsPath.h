@@ -8,7 +8,12 @@
 /// Windows path syntax: both '\' and '/' separate, "X:" names a drive. Nothing here touches the disk.
 
 constexpr bool IsPathDelimiter(char c) { return c == '\\' || c == '/'; }
-constexpr bool IsPathOrDriveDelimiter(char c) { return IsPathDelimiter(c) || c == ':'; }
+
+/// Whether the path begins with a drive. A colon further on is part of a name.
+constexpr bool NamesDrive(std::string_view path) {
+  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+  return path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
+}
 
 /// Everything up to and including the last path delimiter or drive colon; empty when there is none.
 VEK_API std::string_view FolderPart(std::string_view path);

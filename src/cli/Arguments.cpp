@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kWrongUsage = 2;
 
-const std::map<std::string, LogFormat> kLogFormats = {
+constexpr std::pair<std::string_view, LogFormat> kLogFormats[] = {
     {"text", LogFormat::Text}, {"jsonl", LogFormat::Jsonl}, {"junit", LogFormat::Junit}};
 
 constexpr auto kExamples = R"(
@@ -26,6 +26,7 @@ Run "vekrun COMMAND --help" for the options of a command.)";
 /// The texts as they come, before they are taken apart.
 struct RawArguments {
   std::vector<std::string> variables, drives, options;
+  std::optional<std::string> logFormat, logFile;
 };
 
 /// One value per use, however often it is used: what follows is never swallowed.
@@ -44,10 +45,8 @@ void AddCommonOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
 void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   AddRepeatable(app, "-D", raw.variables, "NAME=VALUE",
                 "Set a variable; takes the place of a declared value as it stands");
-  app.add_option("--log-format", arguments.logFormat, "text (for people), jsonl or junit")
-      ->type_name("FORMAT")
-      ->transform(CLI::CheckedTransformer(kLogFormats, CLI::ignore_case).description(""));
-  app.add_option("--log", arguments.logFile, "Write the log to a file instead of standard output")
+  app.add_option("--log-format", raw.logFormat, "text (for people), jsonl or junit")->type_name("FORMAT");
+  app.add_option("--log", raw.logFile, "Write the log to a file instead of standard output")
       ->type_name("FILE");
   app.add_flag("--unattended", arguments.unattended,
                "Ask the user nothing (also when standard input is no terminal)");
@@ -94,23 +93,39 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   }
 }
 
+LogFormat FormatOf(const std::string& name) {
+  for (const auto& [known, format] : kLogFormats) {
+    if (SameText(known, name)) return format;
+  }
+  throw UsageError{"--log-format " + name + ": it must be text, jsonl or junit"};
+}
+
+void TakeLog(const RawArguments& raw, Arguments& arguments) {
+  if (raw.logFormat) arguments.logFormat = FormatOf(*raw.logFormat);
+  if (!raw.logFile) return;
+  if (raw.logFile->empty()) throw UsageError{"--log: the name of the file is empty"};
+  arguments.logFile = *raw.logFile;
+}
+
 void TakeApart(const RawArguments& raw, Arguments& arguments) {
+  TakeLog(raw, arguments);
   for (const std::string& text : raw.variables) {
-    arguments.variables.push_back(SplitAssignment(text, "-D"));
+    arguments.variables.push_back(SplitAssignment(text, "-D", "NAME=VALUE"));
     const std::string& name = arguments.variables.back().first;
     if (!IsVariableName(name)) {
       throw UsageError{"-D " + text + ": \"" + name + "\" is no variable name (letters, digits, _ . - ( ))"};
     }
   }
   for (const std::string& text : raw.drives) {
-    const auto [drive, folder] = SplitAssignment(text, "--drive");
+    const auto [drive, folder] = SplitAssignment(text, "--drive", "X=DIR");
     const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] & ~0x20);
     const bool isLetter = letter >= 'A' && letter <= 'Z' && (drive.size() == 1 || drive.substr(1) == ":");
     if (!isLetter || folder.empty()) throw UsageError{"--drive " + text + ": it must be of the form X=DIR"};
+    if (letter == 'Z') throw UsageError{"--drive " + text + ": Z: is always /"};
     arguments.drives[letter] = folder;
   }
   for (const std::string& text : raw.options) {
-    const auto [path, value] = SplitAssignment(text, "--option");
+    const auto [path, value] = SplitAssignment(text, "--option", "NAME.KEY=VALUE");
     const size_t dot = path.find('.');
     if (dot == std::string::npos || dot == 0 || dot + 1 == path.size()) {
       throw UsageError{"--option " + text + ": it must be of the form NAME.KEY=VALUE"};
@@ -122,10 +137,11 @@ void TakeApart(const RawArguments& raw, Arguments& arguments) {
 
 }  // namespace
 
-VariableDefinition SplitAssignment(const std::string& text, const std::string& what) {
+VariableDefinition SplitAssignment(const std::string& text, const std::string& what,
+                                   const std::string& form) {
   const size_t equals = text.find('=');
   if (equals == std::string::npos || equals == 0) {
-    throw UsageError{what + " " + text + ": it must be of the form NAME=VALUE"};
+    throw UsageError{what + " " + text + ": it must be of the form " + form};
   }
   return {text.substr(0, equals), text.substr(equals + 1)};
 }
@@ -142,7 +158,9 @@ std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
     app.parse(std::move(words));
     TakeApart(raw, arguments);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kWrongUsage;
+    if (error.get_exit_code() == 0) return app.exit(error);
+    std::cerr << "vekrun: " << error.what() << " (vekrun --help shows the usage)\n";
+    return kWrongUsage;
   } catch (const UsageError& error) {
     std::cerr << "vekrun: " << error.message << '\n';
     return kWrongUsage;

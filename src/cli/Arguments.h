@@ -41,7 +41,7 @@ struct UsageError {
 };
 
 /// Splits "NAME=VALUE" at the first '='; raises UsageError, which shows `what` and the form wanted.
-VariableDefinition SplitAssignment(const std::string& text, const std::string& what);
+VariableDefinition SplitAssignment(const std::string& text, const std::string& what, const std::string& form);
 
 /// Reads the command line. Answers an exit code instead when there is nothing left to do: help and version
 /// were asked for (0), or the usage is wrong (2, said on standard error).

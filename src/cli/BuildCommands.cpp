@@ -16,6 +16,8 @@
 #include "platform/Console.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
+#include "platform/FileAttributes.h"
+#include "platform/Files.h"
 
 namespace {
 
@@ -37,9 +39,18 @@ class BuildLog final : private OutputStream {
   void OnFailure(std::function<void()> handler) { onFailure_ = std::move(handler); }
 
   /// Raises EVekError when the log file cannot be written.
-  void Open() {
+  void Open(const Project& project) {
     target_ = &session_.GetConsole().StandardOutput();
     if (fileName_.empty()) return;
+    const Platform& platform = session_.GetPlatform();
+    if (!project.fileName.empty() && platform.environment.FullPath(fileName_) == project.fileName) {
+      throw EVekError("cannot write the log " + fileName_ + ": it is the project");
+    }
+    uint32_t attributes = 0;
+    const bool exists = platform.files.GetAttributes(fileName_, attributes).ok;
+    if (exists && (attributes & FileAttribute::ReadOnly) != 0) {
+      throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(Win32Error::AccessDenied));
+    }
     SysResult opened;
     file_ = session_.GetConsole().OpenFile(fileName_, opened);
     if (!file_) throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(opened.code));
@@ -104,7 +115,7 @@ Project MakeProject(const Session& session, const Arguments& arguments, IVekActi
   node.typeId = entry.typeId;
   node.action = entry.actionClass->create(host);
   for (const std::string& text : arguments.assignments) {
-    auto [name, value] = SplitAssignment(text, "property");
+    auto [name, value] = SplitAssignment(text, "property", "PROP=VALUE");
     if (name.ends_with('+')) {
       name.pop_back();
       AppendToListProperty(*node.action, name, value);
@@ -113,7 +124,7 @@ Project MakeProject(const Session& session, const Arguments& arguments, IVekActi
     }
   }
   for (const std::string& text : arguments.scripts) {
-    const auto [event, file] = SplitAssignment(text, "--script");
+    const auto [event, file] = SplitAssignment(text, "--script", "EVENT=FILE");
     AttachScript(*node.action, event, session.ReadFile(file));
   }
   return project;
@@ -161,7 +172,7 @@ int Build(const Arguments& arguments, const Load& load) {
     throw;
   }
 
-  log.Open();
+  log.Open(project);
   session.Dialogs().SetBuild(&context);
   const BuildSummary summary = Engine(context).Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);

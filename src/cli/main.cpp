@@ -4,10 +4,12 @@
 #include "cli/Arguments.h"
 #include "cli/BuildCommands.h"
 #include "cli/CatalogueCommands.h"
+#include "host/project/Quoted.h"
 #include "platform/CreatePlatform.h"
 
 namespace {
 
+constexpr int kFailed = 1;
 constexpr int kUnusable = 2;
 
 int Dispatch(const Arguments& arguments) {
@@ -26,17 +28,26 @@ int Dispatch(const Arguments& arguments) {
   return kUnusable;
 }
 
+/// Output that could not be written (a full disk, a closed pipe) is a failure, whatever it was.
+int AfterOutput(int exitCode) {
+  if (std::cout.flush()) return exitCode;
+  std::cerr << "vekrun: cannot write the output\n";
+  return exitCode == 0 ? kFailed : exitCode;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
     Arguments arguments;
-    if (const auto exitCode = ReadArguments(StartProgram(argc, argv), arguments)) return *exitCode;
-    return Dispatch(arguments);
+    const auto settled = ReadArguments(StartProgram(argc, argv), arguments);
+    return AfterOutput(settled ? *settled : Dispatch(arguments));
   } catch (const UsageError& error) {
-    std::cerr << "vekrun: " << error.message << '\n';
+    std::cerr << "vekrun: " << OneLine(error.message) << '\n';
   } catch (const std::exception& error) {
-    std::cerr << "vekrun: " << error.what() << '\n';
+    std::cerr << "vekrun: " << OneLine(error.what()) << '\n';
+  } catch (...) {
+    std::cerr << "vekrun: unknown exception\n";
   }
   return kUnusable;
 }

@@ -1,5 +1,7 @@
 #include "host/BuildContext.h"
 
+#include <utility>
+
 #include "coreapi/Vekactionapi.h"
 #include "host/Catalogue.h"
 #include "host/log/EventSink.h"
@@ -78,14 +80,12 @@ bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript&
 
 void BuildContext::Synchronize(const std::function<void()>& method) {
   // The build thread is this host's user-interface thread.
-  inSynchronize_ = true;
-  try {
-    method();
-  } catch (...) {
-    inSynchronize_ = false;
-    throw;
-  }
-  inSynchronize_ = false;
+  struct Scope {
+    bool& flag;
+    const bool before = std::exchange(flag, true);
+    ~Scope() { flag = before; }
+  } scope{inSynchronize_};
+  method();
 }
 
 IVekProjectObjectAPI& BuildContext::GetProjectObjectAPI() { return *objects_; }

@@ -98,7 +98,7 @@ std::optional<bool> Engine::EvaluateCondition(TCustomVekAction& action) {
   const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
   try {
     return context_.EvaluateCondition(action.Condition);
-  } catch (const EVekError& error) {
+  } catch (const std::exception& error) {
     context_.ReportError(std::string("Condition: ") + error.what());
     ReportTimeout(running, action);
     return {};

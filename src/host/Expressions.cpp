@@ -39,9 +39,9 @@ class Expansion {
 
   void TakePercent() {
     if (At("%%")) return TakeLiteral("%", 2);
-    size_t end = position_ + 1;
-    while (end < text_.size() && IsVariableNameByte(text_[end])) ++end;
-    const std::string_view name = text_.substr(position_ + 1, end - position_ - 1);
+    const std::string_view rest = text_.substr(position_ + 1);
+    const std::string_view name = rest.substr(0, VariableNameLength(rest));
+    const size_t end = position_ + 1 + name.size();
     if (name.empty() || end == text_.size() || text_[end] != '%') return TakeLiteral("%", 1);
 
     const auto value = source_.VariableText(name);

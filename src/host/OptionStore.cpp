@@ -10,10 +10,12 @@
 #include "platform/Platform.h"
 
 void OptionStore::Load(const Platform& platform) {
-  const std::string file = WithTrailingDelimiter(platform.environment.DataFolder()) + "options.json";
+  const std::string file = platform.environment.FullPath(
+      WithTrailingDelimiter(platform.environment.DataFolder()) + "options.json");
   std::string text;
   const SysResult read = platform.files.ReadWhole(file, text);
-  if (read.code == Win32Error::FileNotFound || read.code == Win32Error::PathNotFound) return;
+  // A data folder that this user may not look into is as good as none.
+  if (!read && !platform.files.EntryExists(file)) return;
   if (!read) throw EVekError("option store " + file + ": " + platform.errorTexts.Text(read.code));
 
   const auto root = nlohmann::json::parse(text, nullptr, false);

@@ -26,7 +26,8 @@ class Files {
   virtual SysResult GetAttributes(std::string_view path, uint32_t& attributes) = 0;
 
   /// Writes read-only, hidden, system and archive as given; Normal or 0 clears them. Fails with the system's
-  /// error where the file system cannot store a bit that is to be set.
+  /// error where the file system cannot store a bit that is to be set. A link stores none of its own (a
+  /// change is NotSupported), and what it leads to is not touched.
   virtual SysResult SetAttributes(std::string_view path, uint32_t attributes) = 0;
 
   /// Deletes a file or a link. A read-only one and a folder are refused with AccessDenied.

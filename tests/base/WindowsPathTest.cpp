@@ -17,6 +17,8 @@ TEST(WindowsPath, Parts) {
       {"/a\\b/c", "/a\\b/", "c", "/a\\b", "/a\\b"},
       {"\\a", "\\", "a", "\\", "\\"},
       {"a\\b", "a\\", "b", "a", "a"},
+      {"ab:c", "", "ab:c", "", ""},
+      {"/a:b", "/", "a:b", "/", "/"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(FolderPart(c.path), c.folder) << c.path;

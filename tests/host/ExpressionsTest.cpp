@@ -66,6 +66,10 @@ TEST(Expressions, TextsAndWhatTheyExpandTo) {
       {"%LOOP%", "%A%$(6*7)%%"},
       // Per cent signs that stand for themselves.
       {"100% sure", "100% sure"},
+      {"50%\u2013"
+       "60% of \u20AC",
+       "50%\u2013"
+       "60% of \u20AC"},  // a dash is no letter
       {"50%", "50%"},
       {"%", "%"},
       {"a%b c%d", "a%b c%d"},

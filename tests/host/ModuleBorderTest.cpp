@@ -31,16 +31,26 @@ struct ModuleBorder : ActionFixture, testing::Test {
 };
 
 TEST_F(ModuleBorder, ErrorsAreCaughtByTheirTypes) {
-  Packages packages(GetPlatform());
+  const auto registerTypes = Find<bool(bool)>("VekRegister");
   try {
-    packages.Load(file, false);
+    registerTypes(false);
     FAIL() << "nothing was thrown";
   } catch (const std::exception& caught) {
     EXPECT_EQ(typeid(caught), typeid(EVekExpressionError));
     EXPECT_NE(dynamic_cast<const EVekError*>(&caught), nullptr);
     EXPECT_STREQ(caught.what(), "thrown in the module");
   }
-  EXPECT_THROW(packages.Load(file, true), std::out_of_range);
+  EXPECT_THROW(registerTypes(true), std::out_of_range);
+}
+
+TEST_F(ModuleBorder, APackageThatRaisesIsNamedByTheHost) {
+  Packages packages(GetPlatform());
+  try {
+    packages.Load(file, false);
+    FAIL() << "nothing was thrown";
+  } catch (const EVekError& caught) {
+    EXPECT_EQ(caught.what(), "package " + file + ": thrown in the module");
+  }
 }
 
 TEST_F(ModuleBorder, AnErrorOfTheHostComesBackAsItself) {

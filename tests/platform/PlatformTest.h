@@ -15,8 +15,9 @@
 #include "platform/Modules.h"
 #include "support/OsFixture.h"
 #include "support/TempFolder.h"
+#include "support/WineLimits.h"
 
-/// The machine's platform and a folder to try it on; the drive Q: is that folder.
+/// The machine's platform and a folder to try it on; the drive Q: is that folder where drives are mapped.
 class PlatformTest : public testing::Test {
  protected:
   std::string Path(std::string_view name) const { return folder.Path(name); }
@@ -24,7 +25,8 @@ class PlatformTest : public testing::Test {
   uint32_t AttributesOf(std::string_view name) {
     uint32_t attributes = 0;
     EXPECT_TRUE(files.GetAttributes(Path(name), attributes)) << name;
-    return attributes;
+    if (!WineLimits::FixedAttributes() || (attributes &= ~FileAttribute::Archive) != 0) return attributes;
+    return FileAttribute::Normal;
   }
 
   TempFolder folder;

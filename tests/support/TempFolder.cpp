@@ -16,7 +16,7 @@ namespace {
 fs::path ToPath(std::string_view text) { return std::u8string(text.begin(), text.end()); }
 
 std::string ToText(const fs::path& path) {
-  const std::u8string text = path.generic_u8string();
+  const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
 }
 

@@ -47,6 +47,8 @@ InterruptWatch::InterruptWatch(std::function<void()> handler) : event_(eventfd(0
   action.sa_handler = HandleInterrupt;
   action.sa_flags = SA_RESTART;
   sigaction(SIGINT, &action, &oldInterrupt_);
+  // Whoever started this program in the background meant Ctrl-C for another one.
+  if (oldInterrupt_.sa_handler == SIG_IGN) sigaction(SIGINT, &oldInterrupt_, nullptr);
   sigaction(SIGTERM, &action, &oldTermination_);
 }
 

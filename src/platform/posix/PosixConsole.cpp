@@ -7,9 +7,24 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "platform/posix/EntryStatus.h"
 #include "platform/posix/FileContents.h"
 #include "platform/posix/InterruptWatch.h"
 #include "platform/posix/PosixErrors.h"
+
+namespace {
+
+/// Opens for writing; cut off only once it is known that the file may be written.
+SysResult OpenAt(const Place& place, int creation, UniqueFd& file) {
+  file = UniqueFd(openat(place.Fd(), place.Name(), O_WRONLY | O_CLOEXEC | creation, 0666));
+  struct stat status = {};
+  if (!file || fstat(file.Get(), &status) != 0) return LastFailure();
+  if (IsReadOnly(status)) return SysResult::Failure(Win32Error::AccessDenied);
+  if (S_ISREG(status.st_mode) && ftruncate(file.Get(), 0) != 0) return LastFailure();
+  return {};
+}
+
+}  // namespace
 
 SysResult PosixStream::Write(std::string_view bytes) {
   return WriteAll(fd_, bytes) ? SysResult() : LastFailure();
@@ -23,16 +38,12 @@ PosixConsole::PosixConsole(PosixPaths& paths) : paths_(paths), output_(STDOUT_FI
 
 std::unique_ptr<OutputStream> PosixConsole::OpenFile(std::string_view path, SysResult& result) {
   UniqueFd file;
-  const auto open = [&](const Place& place, int creation) {
-    file = UniqueFd(openat(place.Fd(), place.Name(), O_WRONLY | O_TRUNC | O_CLOEXEC | creation, 0666));
-    return file ? SysResult() : LastFailure();
-  };
-  result = paths_.OnEntry(path, [&](const Place& place) { return open(place, 0); });
+  result = paths_.OnEntry(path, [&](const Place& place) { return OpenAt(place, 0, file); });
   if (result.code == Win32Error::FileNotFound) {
     const Place place = paths_.Locate(path);
-    result = place.folder ? open(place, O_CREAT) : SysResult::Failure(place.error);
+    result = place.folder ? OpenAt(place, O_CREAT, file) : SysResult::Failure(place.error);
   }
-  return file ? std::make_unique<PosixStream>(std::move(file)) : nullptr;
+  return result ? std::make_unique<PosixStream>(std::move(file)) : nullptr;
 }
 
 bool PosixConsole::InputIsTerminal() { return isatty(STDIN_FILENO) != 0; }

@@ -26,9 +26,10 @@ std::unique_ptr<LoadedModule> PosixModules::Load(std::string_view path, std::str
   void* handle = nullptr;
   const SysResult found = paths_.OnEntry(path, [&](const Place& place) {
     if (faccessat(place.Fd(), place.Name(), F_OK, 0) != 0) return LastFailure();
-    // A path with a folder, so that no search path comes in; functions are bound when first called.
+    // A path with a folder, so that no search path comes in. Every function is bound now: one that is missing
+    // must not end a build half-way.
     const std::string file = place.folder->path + "/" + place.name;
-    handle = dlopen(file.c_str(), RTLD_LAZY | RTLD_LOCAL);
+    handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) error = dlerror();
     return SysResult();
   });

@@ -13,18 +13,6 @@ namespace {
 // where thousands are handled in a row, and no other program starts and moves a folder meanwhile.
 constexpr auto kBelieved = std::chrono::microseconds(100);
 
-bool NamesDrive(std::string_view path) {
-  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  return path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
-}
-
-/// Length of the folder part; other than in base a colon counts in a drive only, names may hold it here.
-size_t FolderLength(std::string_view path) {
-  const size_t delimiter = path.find_last_of("/\\");
-  if (delimiter != std::string_view::npos) return delimiter + 1;
-  return NamesDrive(path) ? 2 : 0;
-}
-
 UniqueFd OpenAt(int folder, const char* name) {
   return UniqueFd(openat(folder, name, O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
@@ -73,7 +61,7 @@ Place PosixPaths::Locate(std::string_view path) {
     return place;
   }
   while (path.size() > 1 && IsPathDelimiter(path.back())) path.remove_suffix(1);
-  const size_t folderLength = FolderLength(path);
+  const size_t folderLength = FolderPart(path).size();
   const std::string_view name = path.substr(folderLength);
   if (NamesFolderItself(name)) return LocateFolder(path);
   place.folder = OpenFolder(path.substr(0, folderLength), place.error);

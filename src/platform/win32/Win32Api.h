@@ -2,9 +2,8 @@
 
 // The system's header defines macros with the names of many operations (DeleteFile, SendMessage, ...), so it
 // is for this backend only; the build defines what trims it.
-#include <windows.h>
-
 #include <utility>
+#include <windows.h>
 
 #include "base/Win32Error.h"
 

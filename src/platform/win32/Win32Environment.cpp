@@ -62,7 +62,7 @@ SysResult Win32Environment::SetCurrentFolder(std::string_view path) {
 
 std::string Win32Environment::FullPath(std::string_view path) {
   std::wstring absolute;
-  return AbsolutePath(path, absolute) ? ShownPath(absolute) : std::string(path);
+  return AbsolutePath(path.empty() ? "." : path, absolute) ? Folder(absolute) : std::string(path);
 }
 
 std::string Win32Environment::TempFolder() {

@@ -63,10 +63,12 @@ bool Win32Files::FolderExists(std::string_view path) {
 bool Win32Files::EntryExists(std::string_view path) {
   std::wstring native;
   if (HasWildcards(path) || !NativePath(path, native)) return false;
+  if (native.ends_with(L":\\")) return FolderExists(path);  // a root has no name
+  if (native.ends_with(L'\\')) native.pop_back();
   // The folder's own listing gives the spelling, and shows an entry whose deletion is pending.
   WIN32_FIND_DATAW data;
   const HANDLE search = FindFirstFileW(native.c_str(), &data);
-  if (search == INVALID_HANDLE_VALUE) return NamePart(path).empty() && FolderExists(path);
+  if (search == INVALID_HANDLE_VALUE) return false;
   FindClose(search);
   return native.ends_with(data.cFileName);
 }

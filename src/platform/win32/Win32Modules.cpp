@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Modules.h"
 
+#include "base/Text.h"
 #include "platform/win32/Win32Api.h"
 #include "platform/win32/Win32ErrorTexts.h"
 #include "platform/win32/Win32Path.h"
@@ -32,7 +33,7 @@ std::unique_ptr<LoadedModule> Win32Modules::Load(std::string_view path, std::str
     }
     result = LastFailure();
   }
-  error = Win32ErrorTexts().Text(result.code);
+  error = ReplaceAll(Win32ErrorTexts().Text(result.code), "%1", path);
   return nullptr;
 }
 

@@ -1,5 +1,7 @@
 #include "platform/win32/Win32Path.h"
 
+#include <algorithm>
+
 #include "platform/win32/Win32Api.h"
 #include "platform/win32/Win32Text.h"
 
@@ -10,6 +12,16 @@ constexpr std::wstring_view kLongShare = L"\\\\?\\UNC\\";
 
 /// Folders may be this long without the long form: a name of the old 8.3 kind still fits behind.
 constexpr size_t kLongFrom = MAX_PATH - 12;
+
+/// No file system takes a longer name; what the system reports differs with the form of the path.
+bool HasTooLongName(std::wstring_view path) {
+  constexpr size_t kLongest = 255;
+  for (size_t start = 0, end = 0; end != std::wstring_view::npos; start = end + 1) {
+    end = path.find(L'\\', start);
+    if (std::min(end, path.size()) - start > kLongest) return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -32,6 +44,7 @@ SysResult NativePath(std::string_view path, std::wstring& native) {
   if (!result || native.size() < kLongFrom || native.starts_with(kLong) || native.starts_with(L"\\\\.\\")) {
     return result;
   }
+  if (HasTooLongName(native)) return SysResult::Failure(Win32Error::FilenameExcedRange);
   if (native.starts_with(L"\\\\")) {
     native.replace(0, 2, kLongShare);
   } else {

@@ -60,14 +60,18 @@ SysResult NewFile::TakePlaceOf(const std::wstring& target, DWORD attributes) {
   return {};
 }
 
-/// The file that a link leads to; the path itself when it is no link.
-std::wstring Resolved(const std::wstring& native, DWORD attributes) {
-  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return native;
-  const Handle file(CreateFileW(native.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+/// Opens an existing file just as far as replacing it needs: refused while another program holds it.
+Handle OpenTarget(const std::wstring& native) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return Handle(CreateFileW(native.c_str(), DELETE | GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+/// Where a link leads to in the end; the path itself when that cannot be told.
+std::wstring FinalPath(const Handle& file, const std::wstring& native) {
   std::wstring target(32768, L'\0');
   const DWORD length =
-      file ? GetFinalPathNameByHandleW(file.Get(), target.data(), static_cast<DWORD>(target.size()), 0) : 0;
+      GetFinalPathNameByHandleW(file.Get(), target.data(), static_cast<DWORD>(target.size()), 0);
   if (length == 0 || length >= target.size()) return native;
   target.resize(length);
   return target;
@@ -78,11 +82,18 @@ std::wstring Resolved(const std::wstring& native, DWORD attributes) {
 SysResult Win32Files::Replace(std::string_view path, std::string_view contents) {
   std::wstring target;
   if (const SysResult result = NativePath(path, target); !result) return result;
-  target = Resolved(target, GetFileAttributesW(target.c_str()));
-  const DWORD attributes = GetFileAttributesW(target.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES &&
-      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-    return SysResult::Failure(Win32Error::AccessDenied);
+  DWORD attributes = GetFileAttributesW(target.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES) {
+    const Handle file = OpenTarget(target);
+    if (!file) return LastFailure();
+    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+      target = FinalPath(file, target);
+      attributes = GetFileAttributesW(target.c_str());
+    }
+    // The system's own answer to these differs between its releases.
+    if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+      return SysResult::Failure(Win32Error::AccessDenied);
+    }
   }
   NewFile file;
   if (const SysResult result = file.Create(target, contents); !result) return result;

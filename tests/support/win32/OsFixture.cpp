@@ -42,13 +42,7 @@ uint32_t ModeOf(const std::string& path) {
   return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? 0444 : 0444 | kWritable;
 }
 
-bool StoreRawAttributes(const std::string& /*path*/, const std::string& /*value*/) { return false; }
-std::optional<std::string> RawAttributes(const std::string& /*path*/) { return std::nullopt; }
 bool StoresAttributes(const std::string& /*folder*/) { return true; }
-
-void WithFileSizeLimit(uint64_t /*bytes*/, const std::function<void()>& /*body*/) {
-  GTEST_SKIP() << "no such limit here";
-}
 
 ExclusiveOpen::ExclusiveOpen(const std::string& path) : handle_(-1) {
   EXPECT_EQ(_wsopen_s(&handle_, Wide(path).c_str(), _O_RDWR | _O_BINARY, _SH_DENYRW, 0), 0) << path;
@@ -57,7 +51,8 @@ ExclusiveOpen::ExclusiveOpen(const std::string& path) : handle_(-1) {
 ExclusiveOpen::~ExclusiveOpen() { _close(handle_); }
 
 void SendInterrupt() {
-  if (GetConsoleWindow() == nullptr) AllocConsole();  // a test run has none
+  // A console of the test's own: whoever runs the tests must not be interrupted too.
+  [[maybe_unused]] static const BOOL kOwnConsole = FreeConsole() && AllocConsole();
   GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
 }
 

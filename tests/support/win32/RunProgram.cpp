@@ -59,6 +59,16 @@ void ReadAll(HANDLE& end, std::string& text, size_t limit) {
   Pipe::Close(end);
 }
 
+BOOL WINAPI IgnoreEvent(DWORD /*event*/) { return TRUE; }
+
+/// Lets this program and those that it starts from now on be reached by Ctrl-C, and this one outlive it.
+void ShareConsoleOfOwn() {
+  [[maybe_unused]] static const BOOL kReady = [] {
+    FreeConsole();
+    return AllocConsole() && SetConsoleCtrlHandler(IgnoreEvent, TRUE);
+  }();
+}
+
 std::string Native(std::string file) {
   for (char& c : file) c = c == '/' ? '\\' : c;
   return file;
@@ -67,6 +77,7 @@ std::string Native(std::string file) {
 }  // namespace
 
 ProgramResult RunProgram(const std::string& file, const StringList& arguments, const ProgramSetup& setup) {
+  if (setup.interruptAfterSeconds > 0) ShareConsoleOfOwn();
   Pipe in, out, err;
   Pipe::Keep(in.write), Pipe::Keep(out.read), Pipe::Keep(err.read);
   STARTUPINFOW startup{};

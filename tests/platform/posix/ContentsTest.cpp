@@ -1,0 +1,54 @@
+#include "platform/PlatformTest.h"
+
+namespace {
+
+using Names = std::vector<std::string>;
+using PosixContentsTest = PlatformTest;
+
+TEST_F(PosixContentsTest, ReadWholeReadsFilesThatTellNoSize) {
+  std::string contents;
+  if (!files.FileExists("/proc/self/smaps")) GTEST_SKIP() << "no such file here";
+  ASSERT_TRUE(files.ReadWhole("/proc/self/smaps", contents));
+  EXPECT_GT(contents.size(), 10000u);
+  EXPECT_EQ(contents.back(), '\n');
+}
+
+TEST_F(PosixContentsTest, ReplaceKeepsModeAndAttributes) {
+  folder.Write("file", "old");
+  SetMode(Path("file"), 0640);
+  const bool stores = StoreRawAttributes(Path("file"), "0x22");
+  EXPECT_TRUE(files.Replace(Path("file"), "new"));
+  EXPECT_EQ(ModeOf(Path("file")), 0640u);
+  EXPECT_EQ(RawAttributes(Path("file")), stores ? std::optional<std::string>("0x22") : std::nullopt);
+}
+
+TEST_F(PosixContentsTest, ReplaceFollowsLinks) {
+  folder.Write("place/target", "old");
+  MakeLink("place", Path("folder"));
+  MakeLink("folder/target", Path("relative"));
+  MakeLink(Path("relative"), Path("absolute"));
+  MakeLink("place/fresh", Path("dangling"));
+  MakeLink("circle", Path("circle"));
+  EXPECT_TRUE(files.Replace(Path("absolute"), "new"));
+  EXPECT_TRUE(files.Replace(Path("dangling"), "fresh"));
+  EXPECT_EQ(folder.Read("place/target"), "new");
+  EXPECT_EQ(folder.Read("place/fresh"), "fresh");
+  EXPECT_EQ(folder.Names("place"), (Names{"fresh", "target"}));
+  EXPECT_EQ(files.Replace(Path("circle"), "x").code, Win32Error::CantResolveFilename);
+}
+
+TEST_F(PosixContentsTest, AFullDiskLeavesTheOldFile) {
+  folder.Write("file", "old");
+  const std::string big(100000, 'x');
+  SysResult replaced, created;
+  WithFileSizeLimit(5000, [&] {
+    replaced = files.Replace(Path("file"), big);
+    created = files.Replace(Path("new"), big);
+  });
+  EXPECT_EQ(replaced.code, Win32Error::DiskFull);
+  EXPECT_EQ(created.code, Win32Error::DiskFull);
+  EXPECT_EQ(folder.Read("file"), "old");
+  EXPECT_EQ(folder.Names(), Names{"file"});
+}
+
+}  // namespace
