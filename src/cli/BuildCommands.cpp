@@ -16,8 +16,6 @@
 #include "platform/Console.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
-#include "platform/FileAttributes.h"
-#include "platform/Files.h"
 
 namespace {
 
@@ -45,11 +43,6 @@ class BuildLog final : private OutputStream {
     const Platform& platform = session_.GetPlatform();
     if (!project.fileName.empty() && platform.environment.FullPath(fileName_) == project.fileName) {
       throw EVekError("cannot write the log " + fileName_ + ": it is the project");
-    }
-    uint32_t attributes = 0;
-    const bool exists = platform.files.GetAttributes(fileName_, attributes).ok;
-    if (exists && (attributes & FileAttribute::ReadOnly) != 0) {
-      throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(Win32Error::AccessDenied));
     }
     SysResult opened;
     file_ = session_.GetConsole().OpenFile(fileName_, opened);
