@@ -11,6 +11,9 @@ if(VEK_TRIPLE MATCHES "^x86_64")
   set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../windows/wine-run)
 else()
   set(CMAKE_SYSTEM_PROCESSOR x86)
+  # Numbers of 64 bits, as everywhere else: not the 80 of the old coprocessor.
+  set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
+  set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
   set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../windows/wine-run32)
 endif()
 

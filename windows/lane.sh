@@ -10,8 +10,8 @@ case ${1:-} in x64 | x86) arch=$1 && shift ;; esac
 build=$root/build/windows-$arch
 
 case $arch in
-  x64) triple=x86_64-w64-mingw32 compiler=g++-mingw-w64-x86-64-posix ;;
-  x86) triple=i686-w64-mingw32 compiler=g++-mingw-w64-i686-posix ;;
+  x64) runner=wine-run triple=x86_64-w64-mingw32 compiler=g++-mingw-w64-x86-64-posix ;;
+  x86) runner=wine-run32 triple=i686-w64-mingw32 compiler=g++-mingw-w64-i686-posix ;;
 esac
 
 note() { printf 'windows: %s\n' "$*" >&2; }
@@ -47,7 +47,7 @@ run_tests() {
   local vekrun=$build/bin/vekrun.exe tour=$root/examples/tour.vekproj
   [[ -f $vekrun && -f $tour ]] || return 0
   note "executing the tour"
-  "$here/wine-run" "$vekrun" run "Z:$tour" -D "OUT=Z:$build/tour" </dev/null
+  "$here/$runner" "$vekrun" run "Z:$tour" -D "OUT=Z:$build/tour" </dev/null
 }
 
 need g++ cmake ninja-build dpkg-dev libpugixml-dev duktape-dev libcli11-dev nlohmann-json3-dev libgtest-dev \
@@ -59,12 +59,10 @@ configure "$prefix"
 note "building"
 ninja -C "$build" --quiet >&2 || die "the build failed"
 
-if [[ $arch == x86 && ! -d ${VEK_ROOT32:-$root/build/wine32-root} ]]; then
+if [[ $arch == x86 && ! -f ${VEK_ROOT32:-$root/build/wine32-root}/complete ]]; then
   note "32 bit is built, its tests were not run: there is no 32-bit Wine (windows/wine32-root.sh makes one)"
   exit
 fi
-if [[ $arch == x64 ]]; then
-  "$here/wine-up"
-  trap '"$here/wine-down"' EXIT
-fi
+"$here/wine-up" "$arch"
+trap '"$here/wine-down" "$arch"' EXIT
 run_tests "$@"

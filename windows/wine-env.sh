@@ -19,5 +19,15 @@ unset DISPLAY WAYLAND_DISPLAY XDG_DATA_HOME XDG_CONFIG_HOME
 vek_drop=()
 if [[ $EUID == 0 ]]; then vek_drop=(setpriv --bounding-set=-dac_override,-dac_read_search); fi
 
-# Called directly: the front end asks for a 32-bit Wine at each start.
-vek_wine() { "${vek_drop[@]}" /usr/lib/wine/wine64 "$@"; }
+# vek_choose x64|x86: whose prefix vek_wine and vek_server are for. Wine is called directly, because the front
+# end asks for a 32-bit one at each start.
+vek_choose() {
+  if [[ $1 == x86 ]]; then
+    export WINEPREFIX=$VEK_WINE-x86/prefix
+    vek_wine() { timeout 120 "$vek_windows/wine-run32" "$@"; }
+    vek_server() { VEK_PROGRAM32=/usr/lib/wine/wineserver timeout 20 "$vek_windows/wine-run32" "$@"; }
+  else
+    vek_wine() { timeout 120 "${vek_drop[@]}" /usr/lib/wine/wine64 "$@"; }
+    vek_server() { timeout 20 "${vek_drop[@]}" wineserver "$@"; }
+  fi
+}

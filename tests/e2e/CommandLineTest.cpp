@@ -1,6 +1,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "support/SystemText.h"
 #include "support/Vekrun.h"
 
 using testing::ElementsAre;
@@ -10,7 +11,7 @@ namespace {
 
 struct WrongUsage {
   StringList arguments;
-  const char* message;  // on standard error
+  std::string message;  // on standard error
 };
 
 TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
@@ -37,10 +38,9 @@ TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
       {{"exec", "HDELETE_FILE", "-v", "-q"}, "-v and -q"},
       {{"actions", "--package", folder.Path("missing.so")}, "missing.so does not load"},
       {{"actions", "--package", folder.Path("not-a-package.so")}, "not-a-package.so does not load"},
-      {{"actions", "--package", VEK_BIN_DIR "/libVek40CoreAPI.so"}, "has no VekRegister"},
-      {{"run", folder.Path("missing.vekproj")},
-       "missing.vekproj: The system cannot find the file specified."},
-      {{"run", folder.Path()}, "The directory name is invalid."},
+      {{"actions", "--package", VEK_BIN_DIR "/" VEK_CORE_FILE}, "has no VekRegister"},
+      {{"run", folder.Path("missing.vekproj")}, "missing.vekproj: " + SystemText(Win32Error::FileNotFound)},
+      {{"run", folder.Path()}, SystemText(Win32Error::Directory)},
   };
   for (const WrongUsage& wrong : cases) {
     const ProgramResult result = RunVekrun(wrong.arguments);

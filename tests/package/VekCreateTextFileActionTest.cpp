@@ -104,8 +104,7 @@ TEST(CreateTextFileFailing, AFullDiskLeavesTheOldFile) {
   action->NewFileName = fixture.folder.Path("old.txt");
   action->OverwriteExisting = true;
   EXPECT_FALSE(fixture.Run(*action));
-  EXPECT_THAT(fixture.Lines(),
-              ElementsAre("File creation failed: " + fixture.SystemText(Win32Error::DiskFull)));
+  EXPECT_THAT(fixture.Lines(), ElementsAre("File creation failed: " + SystemText(Win32Error::DiskFull)));
   EXPECT_EQ(fixture.folder.Read("old.txt"), "old");
 }
 

@@ -111,7 +111,7 @@ struct FailureCase {
   const char* name;
   FailingFiles::Deletion deletion;
   bool result;
-  StringList errorLines;  // after " --> Error Deleting File : "
+  std::optional<Win32Error> reported;
   const char* summary;
   size_t filesLeft;
 };
@@ -134,35 +134,32 @@ TEST_P(DeleteFilesFailing, Reports) {
 
   EXPECT_EQ(fixture.Run(*action), wanted.result);
   StringList lines{"Deleting files : " + fixture.folder.Path("*.tmp")};
-  if (!wanted.errorLines.empty())
+  if (wanted.reported) {
     lines.push_back(" --> Error Deleting File : " + fixture.folder.Path("b.tmp"));
-  lines.insert(lines.end(), wanted.errorLines.begin(), wanted.errorLines.end());
+    lines.push_back(" --> " + SystemText(*wanted.reported));
+  }
   lines.emplace_back(wanted.summary);
   EXPECT_EQ(fixture.Lines(), lines);
   EXPECT_EQ(fixture.folder.Names().size(), wanted.filesLeft);
 }
 
 constexpr SysResult kDone;
-INSTANTIATE_TEST_SUITE_P(Table, DeleteFilesFailing,
-                         testing::Values(FailureCase{"DiskFails",
-                                                     {SysResult::Failure(Win32Error::WriteProtect)},
-                                                     false,
-                                                     {" --> The media is write protected."},
-                                                     "1 Files Deleted.",
-                                                     2},
-                                         FailureCase{"NoErrorCode",
-                                                     {SysResult::Failure(Win32Error::Success)},
-                                                     true,
-                                                     {},
-                                                     "2 Files Deleted.",
-                                                     1},
-                                         FailureCase{"FileSurvives",
-                                                     {kDone},
-                                                     false,
-                                                     {" --> The operation completed successfully."},
-                                                     "1 Files Deleted.",
-                                                     2}),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Table, DeleteFilesFailing,
+    testing::Values(FailureCase{"DiskFails",
+                                {SysResult::Failure(Win32Error::WriteProtect)},
+                                false,
+                                Win32Error::WriteProtect,
+                                "1 Files Deleted.",
+                                2},
+                    FailureCase{"NoErrorCode",
+                                {SysResult::Failure(Win32Error::Success)},
+                                true,
+                                std::nullopt,
+                                "2 Files Deleted.",
+                                1},
+                    FailureCase{"FileSurvives", {kDone}, false, Win32Error::Success, "1 Files Deleted.", 2}),
+    [](const auto& info) { return info.param.name; });
 
 TEST_F(DeleteFiles, AnswersWhatTheCatalogueShows) {
   StringList alias, help;

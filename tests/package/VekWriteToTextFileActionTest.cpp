@@ -115,7 +115,7 @@ TEST(WriteToTextFileFailing, AFullDiskLeavesTheOldFile) {
   const auto action = fixture.Make<TVekWriteToTextFileAction>();
   action->FileName = fixture.folder.Path("file.txt");
   EXPECT_FALSE(fixture.Run(*action));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("File edit failed: " + fixture.SystemText(Win32Error::DiskFull)));
+  EXPECT_THAT(fixture.Lines(), ElementsAre("File edit failed: " + SystemText(Win32Error::DiskFull)));
   EXPECT_EQ(fixture.folder.Read("file.txt"), "old");
 }
 

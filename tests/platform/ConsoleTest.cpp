@@ -51,6 +51,7 @@ TEST_F(ConsoleTest, TheSecondInterruptEndsTheProcess) {
         const auto guard = owner->GetConsole().OnInterrupt([] {});
         SendInterrupt();
         SendInterrupt();
+        std::promise<void>().get_future().wait();  // for ever
       },
       testing::ExitedWithCode(130), "");
 }

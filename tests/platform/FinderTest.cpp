@@ -50,7 +50,8 @@ TEST_F(FinderTest, MaskRule) {
 
 TEST_F(FinderTest, DotsComeOnlyWhereTheWildcardsMatchThem) {
   folder.MakeFolder("a");
-  EXPECT_EQ(Find(Path("*"), Directory), (Names{".", "..", "a"}));
+  folder.MakeFolder("-first");
+  EXPECT_EQ(Find(Path("*"), Directory), (Names{".", "..", "-first", "a"}));
   EXPECT_EQ(Find(Path("a*"), Directory), Names{"a"});
   EXPECT_EQ(Find(Path("a"), Directory), Names{"a"});
 }

@@ -1,7 +1,6 @@
 #include "support/ActionFixture.h"
 
 #include "coreapi/Vekactionapi.h"
-#include "platform/ErrorTexts.h"
 
 void RecordingEvents::Add(std::string_view kind, std::string_view rest) {
   events.push_back(std::string(kind) + ' ' + std::string(rest));
@@ -49,5 +48,3 @@ bool ActionFixture::Run(TCustomVekAction& action) {
   events_.errors.clear();
   return action.Run();
 }
-
-std::string ActionFixture::SystemText(Win32Error code) const { return platform_.errorTexts.Text(code); }

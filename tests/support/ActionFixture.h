@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "base/Win32Error.h"
 #include "host/BuildContext.h"
 #include "host/Catalogue.h"
 #include "host/log/EventSink.h"
 #include "platform/CreatePlatform.h"
+#include "support/SystemText.h"
 #include "support/TempFolder.h"
 
 /// Keeps what a build reports: one line per event in `events`, the log lines alone in `lines`.
@@ -55,9 +55,6 @@ class ActionFixture {
   BuildContext& Context() { return context_; }
   RecordingEvents& Events() { return events_; }
   const Platform& GetPlatform() const { return platform_; }
-
-  /// The system's message for an error code: each system words it in its own way.
-  std::string SystemText(Win32Error code) const;
 
  private:
   std::unique_ptr<PlatformOwner> owner_;

@@ -22,5 +22,8 @@ struct ProgramSetup {
 ProgramResult RunProgram(const std::string& file, const StringList& arguments,
                          const ProgramSetup& setup = {});
 
+/// The entry of an environment whose host data (option store, ...) lies in `folder`/vekrun.
+std::string DataFolderIn(const std::string& folder);
+
 /// Runs the vekrun that was built beside this test.
 ProgramResult RunVekrun(const StringList& arguments, const ProgramSetup& setup = {});

@@ -19,10 +19,4 @@ inline bool OwnErrorTexts() { return RunsOnWine(); }
 /// Every file carries the archive attribute, and no folder is read-only.
 inline bool FixedAttributes() { return RunsOnWine(); }
 
-/// Replacing a read-only file and removing a read-only folder succeed in the system itself.
-inline bool ReplacesReadOnly() { return RunsOnWine(); }
-
-/// A Ctrl-C event reaches no process but one that has a console of its own.
-inline bool NoInterrupts() { return RunsOnWine(); }
-
 }  // namespace WineLimits

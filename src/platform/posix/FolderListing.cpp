@@ -36,7 +36,11 @@ void FolderListing::Add(std::string_view name) {
 
 void FolderListing::Sort() {
   const size_t prefix = CommonPrefix();
-  for (Entry& entry : entries_) entry.key = KeyOf(Text(entry).substr(prefix));
+  for (Entry& entry : entries_) {
+    const std::string_view name = Text(entry);
+    // The folder itself and the one above come before names that begin with an earlier character.
+    entry.key = name == "." || name == ".." ? 0 : KeyOf(name.substr(prefix));
+  }
   std::sort(entries_.begin(), entries_.end(),
             [this](const Entry& a, const Entry& b) { return IsBefore(a, b); });
 }

@@ -67,7 +67,7 @@ Handle OpenTarget(const std::wstring& native) {
                             FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-/// Where a link leads to in the end; the path itself when that cannot be told.
+/// The file in its own spelling, where a link leads to in the end; the path itself when that cannot be told.
 std::wstring FinalPath(const Handle& file, const std::wstring& native) {
   std::wstring target(32768, L'\0');
   const DWORD length =
@@ -86,10 +86,8 @@ SysResult Win32Files::Replace(std::string_view path, std::string_view contents) 
   if (attributes != INVALID_FILE_ATTRIBUTES) {
     const Handle file = OpenTarget(target);
     if (!file) return LastFailure();
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-      target = FinalPath(file, target);
-      attributes = GetFileAttributesW(target.c_str());
-    }
+    target = FinalPath(file, target);
+    attributes = GetFileAttributesW(target.c_str());
     // The system's own answer to these differs between its releases.
     if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
       return SysResult::Failure(Win32Error::AccessDenied);

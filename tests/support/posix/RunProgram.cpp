@@ -99,6 +99,8 @@ ProgramResult RunProgram(const std::string& file, const StringList& arguments, c
   return result;
 }
 
+std::string DataFolderIn(const std::string& folder) { return "XDG_DATA_HOME=" + folder; }
+
 ProgramResult RunVekrun(const StringList& arguments, const ProgramSetup& setup) {
   return RunProgram(VEK_BIN_DIR "/vekrun", arguments, setup);
 }

@@ -1,0 +1,34 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "support/Vekrun.h"
+
+namespace {
+
+struct PosixRun : testing::Test {
+  TempFolder folder;
+};
+
+TEST_F(PosixRun, ALogThatCannotBeWrittenEndsTheBuild) {
+  folder.Write("keep.tmp", "x");
+  folder.Write("p.vekproj", ProjectOf(ActionOf("HDELETE_FILE", "<FileSpec>%PROJECTDIR%\\*.tmp</FileSpec>")));
+  const auto full = RunVekrun({"run", folder.Path("p.vekproj"), "--log", "/dev/full"});
+  EXPECT_EQ(full.exitCode, 1);
+  EXPECT_EQ(full.err, "vekrun: cannot write the log /dev/full: There is not enough space on the disk.\n");
+  EXPECT_EQ(folder.Read("keep.tmp"), "x");
+}
+
+TEST_F(PosixRun, DrivesAreMappedByOptionAndByTheOptionStore) {
+  folder.Write("d/a.tmp", "x");
+  folder.Write("d/b.tmp", "x");
+  folder.Write("vekrun/options.json", R"({"Drives": {"Q": ")" + folder.Path("d") + "\"}}");
+  const ProgramSetup withStore{.environment = {DataFolderIn(folder.Path())}};
+  EXPECT_EQ(
+      RunVekrun({"exec", "HDELETE_FILE", "FileSpec=X:\\A.TMP", "--drive", "x=" + folder.Path("d")}).exitCode,
+      0);
+  EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=q:\\*.tmp"}, withStore).exitCode, 0);
+  EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=Q:\\*.tmp"}).exitCode, 1);
+  EXPECT_THAT(folder.Names("d"), testing::IsEmpty());
+}
+
+}  // namespace
