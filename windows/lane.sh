@@ -57,12 +57,12 @@ note "third-party libraries"
 prefix=$("$here/deps.sh" "$arch")
 configure "$prefix"
 note "building"
-ninja -C "$build" --quiet >&2 || die "the build failed"
-
 if [[ $arch == x86 && ! -f ${VEK_ROOT32:-$root/build/wine32-root}/complete ]]; then
-  note "32 bit is built, its tests were not run: there is no 32-bit Wine (windows/wine32-root.sh makes one)"
+  ninja -C "$build" --quiet vekrun Vek40File >&2 || die "the build failed"
+  note "32 bit is built, its tests were not: there is no 32-bit Wine (windows/wine32-root.sh makes one)"
   exit
 fi
+ninja -C "$build" --quiet >&2 || die "the build failed"
 "$here/wine-up" "$arch"
 trap '"$here/wine-down" "$arch"' EXIT
 run_tests "$@"

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the wine-* scripts: where Wine's state lies and how its programs run.
 
 vek_windows=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
