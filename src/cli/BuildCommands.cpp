@@ -4,6 +4,7 @@
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "cli/NoEvents.h"
 #include "cli/Session.h"
@@ -39,15 +40,8 @@ class BuildLog final : private OutputStream {
   /// Raises EVekError when the log file cannot be written.
   void Open(const Project& project) {
     target_ = &session_.GetConsole().StandardOutput();
-    if (fileName_.empty()) return;
-    const Platform& platform = session_.GetPlatform();
-    if (!project.fileName.empty() && platform.environment.FullPath(fileName_) == project.fileName) {
-      throw EVekError("cannot write the log " + fileName_ + ": it is the project");
-    }
-    SysResult opened;
-    file_ = session_.GetConsole().OpenFile(fileName_, opened);
-    if (!file_) throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(opened.code));
-    target_ = file_.get();
+    if (!fileName_.empty()) OpenFile(project);
+    if (!early_.empty()) output_.Write(std::exchange(early_, {}));
   }
 
   /// Says on standard error what kept the log from being written; false when nothing did.
@@ -59,7 +53,22 @@ class BuildLog final : private OutputStream {
   }
 
  private:
-  SysResult Write(std::string_view bytes) override { return target_->Write(bytes); }
+  SysResult Write(std::string_view bytes) override {
+    if (target_) return target_->Write(bytes);
+    early_ += bytes;
+    return {};
+  }
+
+  void OpenFile(const Project& project) {
+    const Platform& platform = session_.GetPlatform();
+    if (!project.fileName.empty() && platform.environment.FullPath(fileName_) == project.fileName) {
+      throw EVekError("cannot write the log " + fileName_ + ": it is the project");
+    }
+    SysResult opened;
+    file_ = session_.GetConsole().OpenFile(fileName_, opened);
+    if (!file_) throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(opened.code));
+    target_ = file_.get();
+  }
 
   std::unique_ptr<EventSink> Create(const Arguments& arguments, bool terminal) {
     switch (arguments.logFormat) {
@@ -85,6 +94,7 @@ class BuildLog final : private OutputStream {
   std::string fileName_;
   std::unique_ptr<OutputStream> file_;
   OutputStream* target_ = nullptr;
+  std::string early_;  // what the scripts of declared variables log, before there is a target
   std::function<void()> onFailure_ = [] {};
   LogOutput output_;
   std::unique_ptr<EventSink> events_;

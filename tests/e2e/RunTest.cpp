@@ -76,6 +76,12 @@ TEST_F(Run, CommandLineVariablesStandAsTheyAreAndMustFit) {
   EXPECT_THAT(refused.err, AllOf(HasSubstr("N"), HasSubstr("\"many\""), HasSubstr("Integer")));
 }
 
+TEST_F(Run, WhatADeclaredValueLogsIsNotLost) {
+  const auto result = RunProject(ProjectOf("", "<Variable Name=\"A\">$(Vek.Log(\"early\") || 1)</Variable>"));
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.Short(), ElementsAre("message  early", "build-start", "build-end success"));
+}
+
 TEST_F(Run, AnUnusableProjectIsRefusedBeforeAnythingRuns) {
   folder.Write("keep.tmp", "x");
   folder.Write("log", "of an earlier build");
