@@ -144,6 +144,28 @@ StringList SplitLines(std::string_view text) {
   return lines;
 }
 
+std::string JoinLines(const StringList& lines, std::string_view separator) {
+  size_t length = 0;
+  for (const std::string& line : lines) length += line.size() + separator.size();
+  std::string text;
+  text.reserve(length);
+  for (const std::string& line : lines) {
+    if (&line != &lines.front()) text += separator;
+    text += line;
+  }
+  return text;
+}
+
+StringList SplitAt(std::string_view text, std::string_view separator) {
+  StringList lines;
+  while (!text.empty()) {
+    const size_t end = text.find(separator);
+    lines.emplace_back(text.substr(0, end));
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + separator.size());
+  }
+  return lines;
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string result;
   size_t position = 0;

@@ -44,5 +44,9 @@ VEK_API std::string ValidUtf8(std::string_view text);
 /// Splits at CR LF, CR or LF; a final line break starts no further line.
 VEK_API StringList SplitLines(std::string_view text);
 
+/// The lines with `separator` between them, and that taken apart again; an empty text has no lines.
+VEK_API std::string JoinLines(const StringList& lines, std::string_view separator);
+VEK_API StringList SplitAt(std::string_view text, std::string_view separator);
+
 /// Every occurrence of `from` replaced, left to right; `from` must not be empty.
 VEK_API std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);

@@ -14,6 +14,9 @@ class VEK_API DosMask {
   explicit DosMask(std::string_view mask);
   bool Matches(std::string_view name) const;
 
+  /// Whether it matches every name.
+  bool MatchesAll() const { return matchesAll_; }
+
  private:
   bool MatchesSlowly(std::string_view name) const;
 

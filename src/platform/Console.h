@@ -33,7 +33,8 @@ class Console {
   virtual std::optional<std::string> ReadLine() = 0;
 
   /// Calls `handler` on a thread of its own at the first Ctrl-C (or a termination request); the second one
-  /// ends the process with exit code 130. One handler at a time; destroying the guard removes it.
+  /// ends the process with exit code 130, and by force the program that it runs. One handler at a time;
+  /// destroying the guard removes it.
   class InterruptGuard {
    public:
     virtual ~InterruptGuard() = default;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <atomic>
+#include <compare>
 #include <cstdint>
-#include <memory>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +12,29 @@
 
 /// How other opens of the same file are treated while one is held.
 enum class ShareMode { None, Read, ReadWrite };
+
+/// Told how far a copy or a move is, in bytes.
+using CopyProgress = std::function<void(uint64_t transferred, uint64_t total)>;
+
+struct CopyOptions {
+  bool failIfExists = false;                  // FileExists instead of replacing the target
+  const std::atomic<bool>* cancel = nullptr;  // polled between chunks; ends the copy with RequestAborted
+  CopyProgress progress = {};
+};
+
+/// How a move treats its target, numbered as Windows numbers them.
+namespace MoveFlag {
+inline constexpr uint32_t ReplaceExisting = 0x1;
+inline constexpr uint32_t CopyAllowed = 0x2;   // to another volume, by copying and deleting
+inline constexpr uint32_t WriteThrough = 0x8;  // such a copy is on the disk before the source goes
+}  // namespace MoveFlag
+
+/// What tells two entries apart whatever they are called.
+struct EntryIdentity {
+  uint64_t volume = 0;
+  uint64_t index = 0;
+  auto operator<=>(const EntryIdentity&) const = default;
+};
 
 /// Files by path. Paths are Windows paths (see base/WindowsPath.h); names are matched exactly first, then
 /// without regard to case. Every operation answers with the system's error code.
@@ -22,6 +48,12 @@ class Files {
   /// Whether an entry stands on the disk in exactly this spelling; a link counts as the link itself.
   virtual bool EntryExists(std::string_view path) = 0;
 
+  /// The identity of what the path leads to, links followed; nothing when it leads nowhere.
+  virtual std::optional<EntryIdentity> Identity(std::string_view path) = 0;
+
+  /// Reports the size of a file in bytes.
+  virtual SysResult GetSize(std::string_view path, uint64_t& size) = 0;
+
   /// Reports the attribute bits (Normal when none is set).
   virtual SysResult GetAttributes(std::string_view path, uint32_t& attributes) = 0;
 
@@ -32,6 +64,20 @@ class Files {
 
   /// Deletes a file or a link. A read-only one and a folder are refused with AccessDenied.
   virtual SysResult Delete(std::string_view path) = 0;
+
+  /// Copies a file with its last-write time and attributes, those that the target's file system can store;
+  /// links are followed. A target that exists is replaced by the whole new file, keeping who may use it, or
+  /// stays what it was: a copy that fails or is cancelled leaves nothing behind.
+  /// Refused: a read-only target, and one that is hidden or system when the source is not
+  /// (AccessDenied); source and target the same file, and either held exclusively elsewhere
+  /// (SharingViolation).
+  virtual SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) = 0;
+
+  /// Moves a file, a link itself, or a folder. A target that exists is AlreadyExists without
+  /// ReplaceExisting, and AccessDenied with it when it is read-only or a folder. To another volume it is
+  /// NotSameDevice without CopyAllowed, and never for a folder (AccessDenied).
+  virtual SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
+                         const CopyProgress& progress = {}) = 0;
 
   /// Creates one folder; its parent must exist (PathNotFound) and the name be free (AlreadyExists).
   virtual SysResult CreateFolder(std::string_view path) = 0;

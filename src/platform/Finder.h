@@ -7,6 +7,13 @@
 
 #include "base/Win32Error.h"
 
+/// What a search finds out about each entry; less spares a look at every one of them.
+enum class FindDetail {
+  All,
+  Names,        // of the attributes only Directory and ReparsePoint; no size, no time
+  FolderNames,  // likewise, and folders only
+};
+
 struct FoundEntry {
   std::string name;         // as it stands on the disk
   uint32_t attributes = 0;  // FileAttribute bits
@@ -32,5 +39,9 @@ class Finder {
 
   /// Opens a search over `spec`. Never null: a search that finds nothing (FileNotFound) or whose folder is
   /// missing (PathNotFound) yields no entry, and `result` says why.
-  virtual std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) = 0;
+  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) {
+    return Open(spec, mask, FindDetail::All, result);
+  }
+  virtual std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, FindDetail detail,
+                                           SysResult& result) = 0;
 };

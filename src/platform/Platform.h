@@ -5,7 +5,9 @@ class Environment;
 class ErrorTexts;
 class Files;
 class Finder;
+class IniFiles;
 class Modules;
+class Processes;
 
 /// The operating system, one narrow interface per capability. A copy with one of them exchanged is a
 /// platform that fails on purpose.
@@ -16,4 +18,6 @@ struct Platform {
   Clock& clock;
   ErrorTexts& errorTexts;
   Modules& modules;
+  IniFiles& iniFiles;
+  Processes& processes;
 };

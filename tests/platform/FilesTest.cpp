@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "platform/Files.h"
 #include "platform/PlatformTest.h"
 
@@ -127,6 +129,39 @@ TEST_F(FilesTest, SeesNamesThatOthersMakeAndTakeAway) {
   EXPECT_TRUE(files.FileExists(Path("THIRD")));
   EXPECT_TRUE(files.Delete(Path("third")));
   EXPECT_FALSE(files.FileExists(Path("THIRD")));
+}
+
+TEST_F(FilesTest, IdentityIsThatOfTheFileWhateverItIsCalled) {
+  folder.Write("File", "12345");
+  folder.Write("other");
+  std::filesystem::create_hard_link(Path("File"), Path("twin"));
+  const auto identity = files.Identity(Path("File"));
+  ASSERT_TRUE(identity);
+  EXPECT_EQ(files.Identity(Path("FILE")), identity);
+  EXPECT_EQ(files.Identity(Path("twin")), identity);
+  EXPECT_NE(files.Identity(Path("other")), identity);
+  EXPECT_EQ(files.Identity(Path("missing")), std::nullopt);
+  EXPECT_EQ(files.Identity(folder.Path()), files.Identity(folder.Path() + "/"));
+}
+
+TEST_F(FilesTest, IdentityFollowsLinks) {
+  if (WineLimits::NoLinks()) GTEST_SKIP() << "Wine makes no links";
+  folder.MakeFolder("place");
+  MakeLink(Path("place"), Path("link"));
+  MakeLink(Path("nowhere"), Path("dangling"));
+  EXPECT_EQ(files.Identity(Path("link")), files.Identity(Path("place")));
+  EXPECT_EQ(files.Identity(Path("dangling")), std::nullopt);
+}
+
+TEST_F(FilesTest, GetSize) {
+  folder.Write("File", "12345");
+  uint64_t size = 0;
+  EXPECT_TRUE(files.GetSize(Path("FILE"), size));
+  EXPECT_EQ(size, 5u);
+  EXPECT_TRUE(files.GetSize(folder.Path(), size));
+  EXPECT_EQ(size, 0u);
+  EXPECT_EQ(files.GetSize(Path("missing"), size).code, Win32Error::FileNotFound);
+  EXPECT_EQ(files.GetSize(Path("missing/x"), size).code, Win32Error::PathNotFound);
 }
 
 }  // namespace

@@ -117,4 +117,42 @@ TEST_F(FinderTest, PassesOverWhatVanishes) {
   EXPECT_FALSE(search->Next(entry));
 }
 
+TEST_F(FinderTest, LessDetailFindsTheSameNames) {
+  folder.Write("file", "12345");
+  folder.MakeFolder("Folder");
+  for (const char* name : {"hidden", "Sub"}) {
+    name == std::string("Sub") ? folder.MakeFolder(name) : folder.Write(name);
+    ASSERT_TRUE(!StoresAttributes(folder.Path()) || files.SetAttributes(Path(name), Hidden));
+  }
+  for (const uint32_t mask : {0u, Hidden | 0u, Directory | 0u, Directory | Hidden}) {
+    Names all = Find(Path("*"), mask), names, folders, wantedFolders;
+    for (const auto& [detail, found] :
+         {std::pair(FindDetail::Names, &names), std::pair(FindDetail::FolderNames, &folders)}) {
+      SysResult result;
+      const auto search = finder.Open(Path("*"), mask, detail, result);
+      for (FoundEntry entry; search->Next(entry);) {
+        found->push_back(entry.name);
+        EXPECT_EQ((entry.attributes & Directory) != 0, files.FolderExists(Path(entry.name))) << entry.name;
+      }
+      EXPECT_EQ(result.code, found->empty() ? Win32Error::FileNotFound : Win32Error::Success);
+    }
+    for (const std::string& name : all) {
+      if (files.FolderExists(Path(name))) wantedFolders.push_back(name);
+    }
+    EXPECT_EQ(names, all) << mask;
+    EXPECT_EQ(folders, wantedFolders) << mask;
+  }
+}
+
+TEST_F(FinderTest, LessDetailStillMarksLinks) {
+  if (WineLimits::NoLinks()) GTEST_SKIP() << "Wine makes no links";
+  folder.MakeFolder("place");
+  MakeLink(Path("place"), Path("link"));
+  SysResult result;
+  const auto search = finder.Open(Path("*k"), Directory, FindDetail::FolderNames, result);
+  FoundEntry entry;
+  ASSERT_TRUE(search->Next(entry));
+  EXPECT_EQ(entry.attributes, Directory | ReparsePoint);
+}
+
 }  // namespace

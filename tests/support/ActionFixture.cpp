@@ -44,7 +44,6 @@ ActionFixture::ActionFixture(const Wrap& wrap)
       context_(platform_, catalogue_, events_, true) {}
 
 bool ActionFixture::Run(TCustomVekAction& action) {
-  events_.lines.clear();
-  events_.errors.clear();
+  events_.Clear();
   return action.Run();
 }

@@ -19,6 +19,8 @@ class RecordingEvents final : public EventSink {
   StringList lines;   // messages and status lines
   StringList errors;  // what the host reported
 
+  void Clear() { events = lines = errors = {}; }
+
   void BuildStart(std::string_view project) override { Add("build-start", project); }
   void ActionStart(const ActionPlace& place) override { Add("start", place.path); }
   void Message(std::string_view path, std::string_view text) override;

@@ -1,16 +1,24 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 
 #include "base/WindowsPath.h"
 #include "platform/Files.h"
+#include "platform/Platform.h"
 
 /// The real files, except for what a test wants to go wrong.
 class FailingFiles final : public Files {
  public:
   explicit FailingFiles(Files& real) : real_(real) {}
+
+  /// The real platform with these files in place of its own.
+  Platform In(const Platform& real) {
+    return {*this,           real.finder,  real.environment, real.clock,
+            real.errorTexts, real.modules, real.iniFiles,    real.processes};
+  }
 
   /// Answered for the file of that name instead of deleting it.
   struct Deletion {
@@ -21,6 +29,19 @@ class FailingFiles final : public Files {
   /// Answered instead of replacing any file.
   std::optional<SysResult> replacement;
 
+  /// Called with the source's name before a copy or a move, or with the file's before its attributes are
+  /// written; what it answers stands in for the operation.
+  using Answer = std::optional<SysResult>;
+  std::function<Answer(std::string_view name, const CopyOptions& options)> copying;
+  std::function<Answer(std::string_view name, uint32_t flags, const CopyProgress& progress)> moving;
+  std::function<Answer(std::string_view name, uint32_t attributes)> settingAttributes;
+
+  /// The names of a file that is said not to exist, and of one that is said to.
+  std::string missing, present;
+
+  /// Folders are only said to be made.
+  bool makesNoFolders = false;
+
   SysResult Delete(std::string_view path) override {
     const auto planned = deletions.find(NamePart(path));
     return planned == deletions.end() ? real_.Delete(path) : planned->second.answer;
@@ -29,17 +50,35 @@ class FailingFiles final : public Files {
     return replacement ? *replacement : real_.Replace(path, contents);
   }
 
-  bool FileExists(std::string_view path) override { return real_.FileExists(path); }
+  std::optional<EntryIdentity> Identity(std::string_view path) override { return real_.Identity(path); }
+  SysResult GetSize(std::string_view path, uint64_t& size) override { return real_.GetSize(path, size); }
+  SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override {
+    const Answer planned = copying ? copying(NamePart(source), options) : std::nullopt;
+    return planned ? *planned : real_.Copy(source, target, options);
+  }
+  SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
+                 const CopyProgress& progress) override {
+    const Answer planned = moving ? moving(NamePart(source), flags, progress) : std::nullopt;
+    return planned ? *planned : real_.Move(source, target, flags, progress);
+  }
+  bool FileExists(std::string_view path) override {
+    const std::string_view name = NamePart(path);
+    if (!name.empty() && (name == present || name == missing)) return name == present;
+    return real_.FileExists(path);
+  }
   bool FolderExists(std::string_view path) override { return real_.FolderExists(path); }
   bool EntryExists(std::string_view path) override { return real_.EntryExists(path); }
   SysResult GetAttributes(std::string_view path, uint32_t& attributes) override {
     return real_.GetAttributes(path, attributes);
   }
   SysResult SetAttributes(std::string_view path, uint32_t attributes) override {
-    return real_.SetAttributes(path, attributes);
+    const Answer planned = settingAttributes ? settingAttributes(NamePart(path), attributes) : std::nullopt;
+    return planned ? *planned : real_.SetAttributes(path, attributes);
   }
   SysResult CreateFolder(std::string_view path) override { return real_.CreateFolder(path); }
-  SysResult CreateFolders(std::string_view path) override { return real_.CreateFolders(path); }
+  SysResult CreateFolders(std::string_view path) override {
+    return makesNoFolders ? SysResult() : real_.CreateFolders(path);
+  }
   SysResult RemoveFolder(std::string_view path) override { return real_.RemoveFolder(path); }
   SysResult ReadWhole(std::string_view path, std::string& contents) override {
     return real_.ReadWhole(path, contents);

@@ -18,6 +18,10 @@ uint32_t ModeOf(const std::string& path);
 bool StoreRawAttributes(const std::string& path, const std::string& value);
 std::optional<std::string> RawAttributes(const std::string& path);
 
+/// Makes a named pipe; tells how much room a file takes on the disk. POSIX only.
+void MakePipe(const std::string& path);
+uint64_t BytesOnDisk(const std::string& path);
+
 /// Whether the file system under `folder` stores hidden, system and archive attributes.
 bool StoresAttributes(const std::string& folder);
 
@@ -41,3 +45,6 @@ void SendInterrupt();
 
 /// Sets or removes an environment variable of this process.
 void SetVariable(const std::string& name, const std::optional<std::string>& value);
+
+/// Whether the process of that number has not ended yet.
+bool ProcessRuns(unsigned long number);

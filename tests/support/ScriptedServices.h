@@ -12,7 +12,8 @@
 class ScriptedServices final : IVekActionServices,
                                IVekScriptingServices,
                                IVekOptionsServices,
-                               IVekDialogServices {
+                               IVekDialogServices,
+                               IVekDesignApplicationServices {
  public:
   ScriptedServices() { InstallVekServices(&services_); }
   ~ScriptedServices() { InstallVekServices(nullptr); }
@@ -22,6 +23,10 @@ class ScriptedServices final : IVekActionServices,
   std::optional<std::string> answer;  // nothing: the user cancels
   StringList asked;                   // title, text, filter, default extension of the last chooser
   std::map<std::pair<std::string, std::string>, std::string> options;
+  StringList variables;  // what the designer knows
+
+  /// From now on this is a host without a designer.
+  void RemoveDesigner() { services_.design = nullptr; }
 
  private:
   bool BrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
@@ -43,6 +48,10 @@ class ScriptedServices final : IVekActionServices,
     return option == options.end() ? "" : option->second;
   }
 
+  void GetVariableNames(StringList& names) override {
+    names.insert(names.end(), variables.begin(), variables.end());
+  }
+
   void RegisterAction(std::string_view, std::string_view, const ActionClass&, std::string_view) override {}
   void RegisterPropertyPages(const ActionClass&, std::span<const PageClass* const>) override {}
   void RegisterPropertyEditor(std::string_view, const ActionClass&, const EditorClass&,
@@ -54,5 +63,5 @@ class ScriptedServices final : IVekActionServices,
   ScriptMethodHandler FindScriptMethod(const ActionClass&, std::string_view) override { return nullptr; }
   void RegisterOptionsPage(const OptionsClass&, std::string_view) override {}
 
-  const VekHostServices services_{*this, *this, *this, *this};
+  VekHostServices services_{*this, *this, *this, *this, this};
 };

@@ -37,11 +37,6 @@ bool IsBinary(std::string_view value) {
   return version >= 3 && version <= 5;
 }
 
-/// A leading dot hides; "." and ".." are no names in this sense.
-uint32_t ImpliedAttributes(std::string_view name) {
-  return name.starts_with('.') && name != "." && name != ".." ? FileAttribute::Hidden : 0;
-}
-
 using ValueBuffer = std::array<char, 256>;
 
 /// A path that leads through the descriptor, for calls that know no folder descriptors.
@@ -76,7 +71,22 @@ std::string_view ReadValue(int folder, const char* name, ValueBuffer& buffer) {
   return size > 0 ? std::string_view(buffer.data(), static_cast<size_t>(size)) : std::string_view();
 }
 
+std::string_view ReadValue(int fd, ValueBuffer& buffer) {
+  const ssize_t size = fgetxattr(fd, kDosAttribute, buffer.data(), buffer.size());
+  return size > 0 ? std::string_view(buffer.data(), static_cast<size_t>(size)) : std::string_view();
+}
+
+/// The attributes that a stored value, or the lack of one, gives the entry of that name.
+uint32_t Meaning(std::string_view value, std::string_view name) {
+  const auto word = ParseDosAttribute(value);
+  return word ? *word & kStored : ImpliedAttributes(name);
+}
+
 }  // namespace
+
+uint32_t ImpliedAttributes(std::string_view name) {
+  return name.starts_with('.') && name != "." && name != ".." ? FileAttribute::Hidden : 0;
+}
 
 std::optional<uint32_t> ParseDosAttribute(std::string_view value) {
   if (IsBinary(value)) {
@@ -103,17 +113,27 @@ std::string WithDosAttributes(std::string_view value, uint32_t attributes) {
 
 uint32_t StoredAttributes(int folder, const char* name) {
   ValueBuffer buffer;
-  const auto word = ParseDosAttribute(ReadValue(folder, name, buffer));
-  return word ? *word & kStored : ImpliedAttributes(name);
+  return Meaning(ReadValue(folder, name, buffer), name);
 }
 
 bool StoreAttributes(int folder, const char* name, uint32_t attributes) {
   ValueBuffer buffer;
   const std::string_view old = ReadValue(folder, name, buffer);
-  const uint32_t wanted = attributes & kStored;
-  const auto word = ParseDosAttribute(old);
-  if ((word ? *word & kStored : ImpliedAttributes(name)) == wanted) return true;
-  const std::string value = WithDosAttributes(old, wanted);
+  if (Meaning(old, name) == (attributes & kStored)) return true;
+  const std::string value = WithDosAttributes(old, attributes);
   const PathThroughFolder path(folder, name);
   return setxattr(path.text, kDosAttribute, value.data(), value.size(), 0) == 0;
+}
+
+uint32_t OpenAttributes(int fd, std::string_view name) {
+  ValueBuffer buffer;
+  return Meaning(ReadValue(fd, buffer), name);
+}
+
+bool StoreOpenAttributes(int fd, std::string_view name, uint32_t attributes) {
+  ValueBuffer buffer;
+  const std::string_view old = ReadValue(fd, buffer);
+  if (Meaning(old, name) == (attributes & kStored)) return true;
+  const std::string value = WithDosAttributes(old, attributes);
+  return fsetxattr(fd, kDosAttribute, value.data(), value.size(), 0) == 0;
 }

@@ -9,6 +9,3 @@
 /// What Files::ReadWhole and Files::Replace do.
 SysResult ReadContents(const Place& place, std::string& contents);
 SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_view contents);
-
-/// Writes all bytes; false with the reason in errno.
-bool WriteAll(int fd, std::string_view bytes);

@@ -29,8 +29,8 @@ uint64_t KeyOf(std::string_view text) {
 
 }  // namespace
 
-void FolderListing::Add(std::string_view name) {
-  entries_.push_back({0, names_.size(), static_cast<uint32_t>(name.size())});
+void FolderListing::Add(std::string_view name, unsigned char type) {
+  entries_.push_back({0, names_.size(), static_cast<uint16_t>(name.size()), type});
   names_.append(name).push_back('\0');
 }
 

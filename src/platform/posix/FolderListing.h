@@ -9,19 +9,22 @@
 /// Names of one folder, kept together in one block and sorted by their upper-cased form.
 class FolderListing {
  public:
-  void Add(std::string_view name);
+  /// `type` is the system's word for what the entry is (DT_REG, ...), DT_UNKNOWN when it has none.
+  void Add(std::string_view name, unsigned char type);
   void Sort();
 
   size_t Size() const { return entries_.size(); }
 
   /// Ends in a zero byte, as the system wants names.
   const char* Name(size_t index) const { return names_.data() + entries_[index].start; }
+  unsigned char Type(size_t index) const { return entries_[index].type; }
 
  private:
   struct Entry {
     uint64_t key;  // what the first characters in which names differ are ordered by
     size_t start;
-    uint32_t length;
+    uint16_t length;
+    unsigned char type;
   };
 
   std::string_view Text(const Entry& entry) const { return {names_.data() + entry.start, entry.length}; }

@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/posix/PosixProcessSession.h"
+
 namespace {
 
 constexpr int kStoppedByUser = 130;
@@ -24,7 +26,10 @@ void Post(int event, uint64_t what) {
 
 extern "C" void HandleInterrupt(int) {
   const int reason = errno;
-  if (wasInterrupted.exchange(true)) _exit(kStoppedByUser);
+  if (wasInterrupted.exchange(true)) {
+    PosixProcessSession::KillCurrent();
+    _exit(kStoppedByUser);
+  }
   Post(signalEvent, kInterrupt);
   errno = reason;
 }

@@ -24,6 +24,8 @@ std::optional<std::string> NameIndex::Find(int folder, std::string_view name) {
   if (names == nullptr) return {};
   const auto [first, last] = names->byUpperName.equal_range(UpCase(name));
   if (first == last) return {};
+  if (std::any_of(first, last, [&](const auto& entry) { return entry.second == name; }))
+    return std::string(name);
   return std::min_element(first, last, [](const auto& a, const auto& b) { return a.second < b.second; })
       ->second;
 }

@@ -14,7 +14,7 @@
 /// [any thread]
 class NameIndex {
  public:
-  /// The name on the disk that differs from `name` in case at most.
+  /// The name on the disk that differs from `name` in case at most, `name` itself where it stands there.
   std::optional<std::string> Find(int folder, std::string_view name);
 
   /// Drops what is known: for when other programs have worked, as after a child process.

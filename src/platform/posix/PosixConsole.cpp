@@ -8,8 +8,8 @@
 #include <unistd.h>
 
 #include "platform/posix/EntryStatus.h"
-#include "platform/posix/FileContents.h"
 #include "platform/posix/InterruptWatch.h"
+#include "platform/posix/OpenedFile.h"
 #include "platform/posix/PosixErrors.h"
 
 namespace {

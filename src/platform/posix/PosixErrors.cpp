@@ -41,6 +41,7 @@ constexpr ErrnoRow kErrnos[] = {
     {EEXIST, Win32Error::AlreadyExists},
     {ENOEXEC, Win32Error::BadExeFormat},
     {ENAMETOOLONG, Win32Error::FilenameExcedRange},
+    {E2BIG, Win32Error::FilenameExcedRange},
     {ECANCELED, Win32Error::RequestAborted},
     {ELOOP, Win32Error::CantResolveFilename},
     {ENXIO, Win32Error::NotReady},

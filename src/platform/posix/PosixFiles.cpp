@@ -7,6 +7,8 @@
 #include "platform/posix/DosAttributes.h"
 #include "platform/posix/EntryStatus.h"
 #include "platform/posix/FileContents.h"
+#include "platform/posix/FileCopy.h"
+#include "platform/posix/FileMove.h"
 #include "platform/posix/PosixErrors.h"
 
 namespace {
@@ -80,6 +82,24 @@ bool PosixFiles::EntryExists(std::string_view path) {
   return place.folder && fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
+std::optional<EntryIdentity> PosixFiles::Identity(std::string_view path) {
+  struct stat status = {};
+  const auto look = [&](const Place& place) {
+    return fstatat(place.Fd(), place.Name(), &status, 0) == 0 ? SysResult() : LastFailure();
+  };
+  if (!paths_.OnEntry(path, look)) return {};
+  return EntryIdentity{status.st_dev, status.st_ino};
+}
+
+SysResult PosixFiles::GetSize(std::string_view path, uint64_t& size) {
+  return paths_.OnEntry(path, [&](const Place& place) {
+    EntryStatus entry = {};
+    const SysResult found = StatusAt(place, entry);
+    size = S_ISREG(entry.status.st_mode) ? static_cast<uint64_t>(entry.status.st_size) : 0;
+    return found;
+  });
+}
+
 SysResult PosixFiles::GetAttributes(std::string_view path, uint32_t& attributes) {
   return paths_.OnEntry(path, [&](const Place& place) {
     EntryStatus entry = {};
@@ -124,6 +144,15 @@ SysResult PosixFiles::DeleteAt(const Place& place) {
   return {};
 }
 
+SysResult PosixFiles::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
+  return CopyFile(paths_, source, target, options);
+}
+
+SysResult PosixFiles::Move(std::string_view source, std::string_view target, uint32_t flags,
+                           const CopyProgress& progress) {
+  return MoveEntry(paths_, source, target, flags, progress);
+}
+
 SysResult PosixFiles::CreateFolder(std::string_view path) {
   Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
@@ -147,7 +176,7 @@ SysResult PosixFiles::CreateFolders(std::string_view path) {
 SysResult PosixFiles::RemoveFolder(std::string_view path) {
   const SysResult removed =
       paths_.OnEntry(path, [this](const Place& place) { return RemoveFolderAt(place); });
-  paths_.ForgetFolder();
+  paths_.ForgetFolders();
   return removed;
 }
 

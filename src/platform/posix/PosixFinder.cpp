@@ -3,6 +3,7 @@
 #include "base/Wildcard.h"
 #include "base/WindowsPath.h"
 #include "platform/FileAttributes.h"
+#include "platform/posix/DosAttributes.h"
 #include "platform/posix/EntryStatus.h"
 #include "platform/posix/FolderListing.h"
 #include "platform/posix/FolderReader.h"
@@ -15,11 +16,12 @@ class PosixFindSearch final : public FindSearch {
  public:
   PosixFindSearch() = default;
   PosixFindSearch(RecentEntry& recent, std::shared_ptr<const Folder> folder, FolderListing names,
-                  uint32_t mask)
+                  uint32_t mask, FindDetail detail)
       : recent_(&recent),
         folder_(std::move(folder)),
         names_(std::move(names)),
-        excluded_(kByMaskOnly & ~mask) {
+        excluded_(kByMaskOnly & ~mask),
+        detail_(detail) {
     hasFirst_ = Find(first_);
   }
 
@@ -37,10 +39,33 @@ class PosixFindSearch final : public FindSearch {
       FileAttribute::Hidden | FileAttribute::System | FileAttribute::Directory;
 
   bool Find(FoundEntry& entry) {
-    while (next_ < names_.Size()) {
-      if (Look(names_.Name(next_++), entry)) return true;
+    for (; next_ < names_.Size(); ++next_) {
+      const char* name = names_.Name(next_);
+      if (detail_ == FindDetail::All ? Look(name, entry) : Glance(name, names_.Type(next_), entry)) {
+        ++next_;
+        return true;
+      }
     }
     return false;
+  }
+
+  /// Finds out no more than the name needs: most often nothing that the listing has not said.
+  bool Glance(const char* name, unsigned char type, FoundEntry& entry) const {
+    entry = {};
+    const int folder = folder_->fd.Get();
+    if (type == DT_LNK || type == DT_UNKNOWN) {
+      EntryStatus found;
+      if (!ReadStatus(folder, name, found)) return false;
+      if (found.IsFolder()) type = DT_DIR;
+      if (found.isLink) entry.attributes = FileAttribute::ReparsePoint;
+    }
+    if (type == DT_DIR) entry.attributes |= FileAttribute::Directory;
+    if (type != DT_DIR && detail_ == FindDetail::FolderNames) return false;
+    if ((entry.attributes & excluded_) != 0) return false;
+    constexpr uint32_t kStored = FileAttribute::Hidden | FileAttribute::System;
+    if ((excluded_ & kStored) != 0 && (StoredAttributes(folder, name) & excluded_) != 0) return false;
+    entry.name = name;
+    return true;
   }
 
   bool Look(const char* name, FoundEntry& entry) const {
@@ -63,6 +88,7 @@ class PosixFindSearch final : public FindSearch {
   std::shared_ptr<const Folder> folder_;
   FolderListing names_;
   uint32_t excluded_ = 0;
+  FindDetail detail_ = FindDetail::All;
   size_t next_ = 0;
   FoundEntry first_;
   bool hasFirst_ = false;
@@ -75,14 +101,16 @@ bool IsAddressable(std::string_view name, bool hasFolder) {
 }
 
 /// The names that the wildcards match; false with the reason in errno.
-bool ListMatches(const Place& place, bool hasFolder, bool wantsFolders, FolderListing& names) {
+bool ListMatches(const Place& place, bool hasFolder, uint32_t mask, FindDetail detail, FolderListing& names) {
   FolderReader reader(place.Fd());
   if (!reader) return false;
   const DosMask wanted(place.name);
+  const bool wantsFolders = (mask & FileAttribute::Directory) != 0;
+  const bool wantsFiles = detail != FindDetail::FolderNames;
   while (const dirent* entry = reader.Next()) {
-    if (entry->d_type == DT_DIR && !wantsFolders) continue;
+    if (entry->d_type == DT_DIR ? !wantsFolders : entry->d_type == DT_REG && !wantsFiles) continue;
     const std::string_view name = entry->d_name;
-    if (wanted.Matches(name) && IsAddressable(name, hasFolder)) names.Add(name);
+    if (wanted.Matches(name) && IsAddressable(name, hasFolder)) names.Add(name, entry->d_type);
   }
   names.Sort();
   return true;
@@ -93,7 +121,7 @@ bool FindOne(PosixPaths& paths, Place& place, FolderListing& names) {
   EntryStatus ignored;
   if (!ReadStatus(place.Fd(), place.Name(), ignored) && (errno != ENOENT || !paths.OtherCase(place)))
     return false;
-  names.Add(place.name);
+  names.Add(place.name, DT_UNKNOWN);
   return true;
 }
 
@@ -104,7 +132,8 @@ std::unique_ptr<FindSearch> Nothing(SysResult& result, Win32Error code) {
 
 }  // namespace
 
-std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t mask, SysResult& result) {
+std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t mask, FindDetail detail,
+                                              SysResult& result) {
   Place place = paths_.Locate(spec);
   const std::string_view folderPart = FolderPart(spec);
   if (!place.folder) {
@@ -115,12 +144,11 @@ std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t ma
 
   FolderListing names;
   const bool hasWildcards = place.name.find_first_of("*?") != std::string::npos;
-  const bool listed =
-      hasWildcards ? ListMatches(place, !folderPart.empty(), (mask & FileAttribute::Directory) != 0, names)
-                   : FindOne(paths_, place, names);
+  const bool listed = hasWildcards ? ListMatches(place, !folderPart.empty(), mask, detail, names)
+                                   : FindOne(paths_, place, names);
   if (!listed) return Nothing(result, FromErrno(errno));
-  auto search =
-      std::make_unique<PosixFindSearch>(paths_.Recent(), std::move(place.folder), std::move(names), mask);
+  auto search = std::make_unique<PosixFindSearch>(paths_.Recent(), std::move(place.folder), std::move(names),
+                                                  mask, detail);
   result = search->IsEmpty() ? SysResult::Failure(Win32Error::FileNotFound) : SysResult();
   return search;
 }

@@ -86,28 +86,36 @@ bool PosixPaths::OtherCase(Place& place) {
 void PosixPaths::Forget() {
   names_.Forget();
   recent_.Forget();
-  ForgetFolder();
+  ForgetFolders();
 }
 
-void PosixPaths::ForgetFolder() {
+void PosixPaths::ForgetFolders() {
   const std::lock_guard lock(mutex_);
-  lastText_.clear();
-  lastFolder_.reset();
+  used_ = {};
+}
+
+/// A folder that was opened by the same text and still stands there.
+std::shared_ptr<const Folder> PosixPaths::UsedBefore(std::string_view folderText) {
+  const Clock::time_point now = Clock::now();
+  const std::lock_guard lock(mutex_);
+  const auto hit = std::find_if(used_.begin(), used_.end(), [&](const UsedFolder& used) {
+    return used.folder && used.text == folderText;
+  });
+  if (hit == used_.end()) return nullptr;
+  std::rotate(used_.begin(), hit, hit + 1);
+  UsedFolder& used = used_.front();
+  if (now - used.seen < kBelieved) return used.folder;
+  struct stat status = {};
+  if (stat(used.folder->path.c_str(), &status) != 0 || !IsSame(*used.folder, status)) {
+    used = {};
+    return nullptr;
+  }
+  used.seen = now;
+  return used.folder;
 }
 
 std::shared_ptr<const Folder> PosixPaths::OpenFolder(std::string_view folderText, Win32Error& error) {
-  const Clock::time_point now = Clock::now();
-  struct stat status = {};
-  {
-    const std::lock_guard lock(mutex_);
-    if (lastFolder_ && lastText_ == folderText) {
-      if (now - lastSeen_ < kBelieved) return lastFolder_;
-      if (stat(lastFolder_->path.c_str(), &status) == 0 && IsSame(*lastFolder_, status)) {
-        lastSeen_ = now;
-        return lastFolder_;
-      }
-    }
-  }
+  if (auto folder = UsedBefore(folderText)) return folder;
   auto native = Native(folderText);
   if (!native) return nullptr;
   std::string path = native->empty() ? "." : *native;
@@ -115,15 +123,16 @@ std::shared_ptr<const Folder> PosixPaths::OpenFolder(std::string_view folderText
   UniqueFd fd = OpenAt(AT_FDCWD, path.c_str());
   if (!fd) reason = errno;
   if (reason == ENOENT) fd = Descend(*native, path, reason);
+  struct stat status = {};
   if (!fd || fstat(fd.Get(), &status) != 0) {
     error = reason == ENOENT ? Win32Error::PathNotFound : FromErrno(reason);
     return nullptr;
   }
   auto folder = std::make_shared<Folder>(std::move(fd), std::move(path), status.st_dev, status.st_ino);
   const std::lock_guard lock(mutex_);
-  lastText_ = folderText;
-  lastSeen_ = now;
-  return lastFolder_ = std::move(folder);
+  std::move_backward(used_.begin(), used_.end() - 1, used_.end());
+  used_.front() = {std::string(folderText), folder, Clock::now()};
+  return folder;
 }
 
 /// Walks down to a folder name by name, without regard to case where that is needed; `path` tells the names

@@ -61,8 +61,8 @@ class PosixPaths {
     return result;
   }
 
-  /// Drops what is known of the folder used last: when a folder was removed or moved.
-  void ForgetFolder();
+  /// Drops what is known of the folders used last: when a folder was removed or moved.
+  void ForgetFolders();
 
   /// Drops all that is known: when the current folder changed or other programs have worked.
   void Forget();
@@ -73,7 +73,14 @@ class PosixPaths {
  private:
   using Clock = std::chrono::steady_clock;
 
+  struct UsedFolder {
+    std::string text;
+    std::shared_ptr<const Folder> folder;
+    Clock::time_point seen;
+  };
+
   std::optional<std::string> DriveRoot(char letter);
+  std::shared_ptr<const Folder> UsedBefore(std::string_view folderText);
   std::shared_ptr<const Folder> OpenFolder(std::string_view folderText, Win32Error& error);
   UniqueFd Descend(const std::string& native, std::string& path, int& error);
 
@@ -82,7 +89,5 @@ class PosixPaths {
   RecentEntry recent_;
   std::mutex mutex_;
   std::array<std::optional<std::optional<std::string>>, 26> roots_;
-  std::string lastText_;
-  std::shared_ptr<const Folder> lastFolder_;
-  Clock::time_point lastSeen_;
+  std::array<UsedFolder, 4> used_;  // the one used last in front
 };

@@ -5,8 +5,10 @@
 #include "platform/posix/PosixErrors.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixFinder.h"
+#include "platform/posix/PosixIniFiles.h"
 #include "platform/posix/PosixModules.h"
 #include "platform/posix/PosixPaths.h"
+#include "platform/posix/PosixProcesses.h"
 
 namespace {
 
@@ -25,8 +27,10 @@ class PosixPlatform final : public PlatformOwner {
   PosixClock clock_;
   PosixErrorTexts errorTexts_;
   PosixModules modules_{paths_};
+  PosixIniFiles iniFiles_{paths_};
+  PosixProcesses processes_{paths_};
   PosixConsole console_{paths_};
-  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_};
+  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_, iniFiles_, processes_};
 };
 
 }  // namespace

@@ -73,6 +73,27 @@ bool Win32Files::EntryExists(std::string_view path) {
   return native.ends_with(data.cFileName);
 }
 
+std::optional<EntryIdentity> Win32Files::Identity(std::string_view path) {
+  std::wstring native;
+  if (!NativePath(path, native)) return {};
+  const Handle entry(CreateFileW(native.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                 FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (!entry || !GetFileInformationByHandle(entry.Get(), &found)) return {};
+  return EntryIdentity{found.dwVolumeSerialNumber,
+                       uint64_t{found.nFileIndexHigh} << 32 | found.nFileIndexLow};
+}
+
+SysResult Win32Files::GetSize(std::string_view path, uint64_t& size) {
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  WIN32_FILE_ATTRIBUTE_DATA found = {};
+  if (!GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &found)) return LastFailure();
+  const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  size = isFolder ? 0 : uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+  return {};
+}
+
 SysResult Win32Files::GetAttributes(std::string_view path, uint32_t& attributes) {
   std::wstring native;
   if (const SysResult result = NativePath(path, native); !result) return result;

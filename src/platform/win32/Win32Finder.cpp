@@ -18,6 +18,8 @@ FoundEntry EntryOf(const WIN32_FIND_DATAW& data) {
   FoundEntry entry;
   entry.name = FromWide(data.cFileName);
   entry.attributes = data.dwFileAttributes;
+  // What a file system keeps in a place of its own, or fetches from afar, is no link.
+  if (!IsReparseTagNameSurrogate(data.dwReserved0)) entry.attributes &= ~FileAttribute::ReparsePoint;
   if (!(entry.attributes & FileAttribute::Directory)) {
     entry.size = uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
   }
@@ -25,10 +27,20 @@ FoundEntry EntryOf(const WIN32_FIND_DATAW& data) {
   return entry;
 }
 
-bool IsWanted(const FoundEntry& entry, uint32_t mask) {
+bool IsWanted(const FoundEntry& entry, uint32_t mask, FindDetail detail) {
+  const bool isFolder = (entry.attributes & FileAttribute::Directory) != 0;
+  if (detail == FindDetail::FolderNames && !isFolder) return false;
   constexpr uint32_t kOnlyWhenAsked =
       FileAttribute::Hidden | FileAttribute::System | FileAttribute::Directory;
   return (entry.attributes & kOnlyWhenAsked & ~mask) == 0;
+}
+
+/// Leaves of an entry no more than was asked for.
+void Reduce(FoundEntry& entry, FindDetail detail) {
+  if (detail == FindDetail::All) return;
+  entry.attributes &= FileAttribute::Directory | FileAttribute::ReparsePoint;
+  entry.size = 0;
+  entry.lastWrite = 0;
 }
 
 bool IsDots(std::string_view name) { return name == "." || name == ".."; }
@@ -64,7 +76,8 @@ bool IsFile(std::string_view folder) {
 class Win32Search final : public FindSearch {
  public:
   /// Takes the whole folder in at once: its file system need not list in the order promised.
-  SysResult Open(std::string_view spec, uint32_t mask) {
+  SysResult Open(std::string_view spec, uint32_t mask, FindDetail detail) {
+    detail_ = detail;
     const std::string_view pattern = NamePart(spec);
     const bool matches = HasWildcards(pattern);
     const std::string_view folder = FolderPart(spec);
@@ -85,7 +98,8 @@ class Win32Search final : public FindSearch {
     }
     // The system's own matching also sees short names, and its rules differ from version to version.
     result = List(listed, [&](FoundEntry entry) {
-      if (IsWanted(entry, mask) && (!matches || MatchesDosMask(entry.name, pattern))) {
+      if (IsWanted(entry, mask, detail) && (!matches || MatchesDosMask(entry.name, pattern))) {
+        Reduce(entry, detail);
         entries_.push_back(std::move(entry));
       }
     });
@@ -99,7 +113,7 @@ class Win32Search final : public FindSearch {
   bool Next(FoundEntry& entry) override {
     while (next_ < entries_.size()) {
       entry = std::move(entries_[next_++]);
-      if (IsDots(entry.name) || IsStillThere(entry.name)) return true;
+      if (detail_ != FindDetail::All || IsDots(entry.name) || IsStillThere(entry.name)) return true;
     }
     return false;
   }
@@ -111,6 +125,7 @@ class Win32Search final : public FindSearch {
            LastError() != Win32Error::FileNotFound;
   }
 
+  FindDetail detail_ = FindDetail::All;
   std::wstring folder_;
   std::vector<FoundEntry> entries_;
   size_t next_ = 0;
@@ -118,8 +133,9 @@ class Win32Search final : public FindSearch {
 
 }  // namespace
 
-std::unique_ptr<FindSearch> Win32Finder::Open(std::string_view spec, uint32_t mask, SysResult& result) {
+std::unique_ptr<FindSearch> Win32Finder::Open(std::string_view spec, uint32_t mask, FindDetail detail,
+                                              SysResult& result) {
   auto search = std::make_unique<Win32Search>();
-  result = search->Open(spec, mask);
+  result = search->Open(spec, mask, detail);
   return search;
 }

@@ -4,5 +4,6 @@
 
 class Win32Finder final : public Finder {
  public:
-  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) override;
+  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, FindDetail detail,
+                                   SysResult& result) override;
 };

@@ -6,7 +6,9 @@
 #include "platform/win32/Win32ErrorTexts.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32Finder.h"
+#include "platform/win32/Win32IniFiles.h"
 #include "platform/win32/Win32Modules.h"
+#include "platform/win32/Win32Processes.h"
 
 namespace {
 
@@ -22,8 +24,10 @@ class Win32Platform final : public PlatformOwner {
   Win32Clock clock_;
   Win32ErrorTexts errorTexts_;
   Win32Modules modules_;
+  Win32IniFiles iniFiles_{files_};
+  Win32Processes processes_;
   Win32Console console_;
-  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_};
+  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_, iniFiles_, processes_};
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "support/OsFixture.h"
 
 #include <fcntl.h>
+#include <fstream>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/file.h>
@@ -21,6 +22,14 @@ uint32_t ModeOf(const std::string& path) {
   struct stat status = {};
   EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
   return status.st_mode & 07777;
+}
+
+void MakePipe(const std::string& path) { ASSERT_EQ(mkfifo(path.c_str(), 0600), 0) << path; }
+
+uint64_t BytesOnDisk(const std::string& path) {
+  struct stat status = {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
+  return static_cast<uint64_t>(status.st_blocks) * 512;
 }
 
 bool StoreRawAttributes(const std::string& path, const std::string& value) {
@@ -59,4 +68,13 @@ void SendInterrupt() { kill(getpid(), SIGINT); }
 
 void SetVariable(const std::string& name, const std::optional<std::string>& value) {
   value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
+}
+
+bool ProcessRuns(unsigned long number) {
+  // One that has ended may stay in the table for want of someone who asks for its exit code.
+  std::ifstream file("/proc/" + std::to_string(number) + "/stat");
+  std::string status;
+  std::getline(file, status);
+  const size_t nameEnd = status.rfind(')');
+  return nameEnd != std::string::npos && status.size() > nameEnd + 2 && status[nameEnd + 2] != 'Z';
 }

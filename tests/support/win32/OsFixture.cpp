@@ -59,3 +59,10 @@ void SendInterrupt() {
 void SetVariable(const std::string& name, const std::optional<std::string>& value) {
   SetEnvironmentVariableW(Wide(name).c_str(), value ? Wide(*value).c_str() : nullptr);
 }
+
+bool ProcessRuns(unsigned long number) {
+  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, number);
+  const bool runs = process && WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+  if (process) CloseHandle(process);
+  return runs;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <sys/stat.h>
+
+#include "platform/posix/PosixPaths.h"
+#include "platform/posix/UniqueFd.h"
+
+/// A name that no other entry has; empty with the reason in errno.
+std::string TemporaryName();
+
+/// A file in the making: it vanishes unless it is kept or takes another's place. Operations answer false with
+/// the reason in errno.
+class NewFile {
+ public:
+  explicit NewFile(const Place& target) : folder_(target.folder) {}
+  ~NewFile();
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  /// Under its final name, which must be free (EEXIST).
+  bool CreateAs(const std::string& name, mode_t mode);
+
+  /// Beside the target, under a name of its own.
+  bool CreateBeside(mode_t mode);
+
+  int Fd() const { return fd_.Get(); }
+
+  bool Keep();
+  bool TakePlaceOf(const std::string& target);
+
+ private:
+  std::shared_ptr<const Folder> folder_;
+  std::string name_;
+  UniqueFd fd_;
+};

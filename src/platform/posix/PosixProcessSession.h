@@ -1,0 +1,30 @@
+#pragma once
+
+#include <sys/types.h>
+#include <vector>
+
+/// A running program with all that it started, which is in its session except for what left it on purpose.
+/// Its leader stays in the system's table until it is reaped, so the number is no other's meanwhile.
+class PosixProcessSession {
+ public:
+  explicit PosixProcessSession(pid_t leader);
+  ~PosixProcessSession();
+  PosixProcessSession(const PosixProcessSession&) = delete;
+  PosixProcessSession& operator=(const PosixProcessSession&) = delete;
+
+  void Signal(int signal) const;
+
+  /// Whether there is anyone besides the leader.
+  bool HasOthers() const;
+
+  /// For the end of this program: forces the session that runs last to its end. Signal handlers may call it.
+  static void KillCurrent();
+
+ private:
+  struct Member {
+    pid_t process, group;
+  };
+  std::vector<Member> Members() const;
+
+  const pid_t leader_;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <mutex>
+#include <sys/types.h>
+#include <vector>
+
+#include "platform/Processes.h"
+#include "platform/posix/PosixPaths.h"
+
+struct ChildStreams;
+
+class PosixProcesses final : public Processes {
+ public:
+  explicit PosixProcesses(PosixPaths& paths) : paths_(paths) {}
+
+  SysResult Run(const ProcessSetup& setup, ProcessOutput* output, StopEvent& stop,
+                int32_t& exitCode) override;
+  SysResult Start(const ProcessSetup& setup) override;
+  std::string StartAdvice(Win32Error code) override;
+
+ private:
+  SysResult Launch(const ProcessSetup& setup, const ChildStreams& streams, pid_t& child);
+  void ReapLeftRunning();
+
+  PosixPaths& paths_;
+  std::mutex mutex_;
+  std::vector<pid_t> leftRunning_;
+};

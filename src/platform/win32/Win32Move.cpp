@@ -1,0 +1,38 @@
+#include <string>
+
+#include "platform/win32/Win32Api.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Path.h"
+
+namespace {
+
+DWORD CALLBACK Report(LARGE_INTEGER total, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER, DWORD,
+                      DWORD, HANDLE, HANDLE, LPVOID context) {
+  const auto& progress = *static_cast<const CopyProgress*>(context);
+  if (progress) progress(static_cast<uint64_t>(transferred.QuadPart), static_cast<uint64_t>(total.QuadPart));
+  return PROGRESS_CONTINUE;
+}
+
+}  // namespace
+
+SysResult Win32Files::Move(std::string_view source, std::string_view target, uint32_t flags,
+                           const CopyProgress& progress) {
+  std::wstring from, to;
+  if (const SysResult result = NativePath(source, from); !result) return result;
+  if (const SysResult result = NativePath(target, to); !result) return result;
+  const DWORD old = GetFileAttributesW(to.c_str());
+  if ((flags & MoveFlag::ReplaceExisting) != 0 && old != INVALID_FILE_ATTRIBUTES) {
+    // Asked for here, because the system's own answers to these differ between its releases.
+    constexpr DWORD kRefused = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    const DWORD own = GetFileAttributesW(from.c_str());
+    const bool isFolder = own != INVALID_FILE_ATTRIBUTES && (own & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const bool isItself = CompareStringOrdinal(from.c_str(), -1, to.c_str(), -1, TRUE) == CSTR_EQUAL;
+    if (((old & kRefused) != 0 || isFolder) && !isItself) return SysResult::Failure(Win32Error::AccessDenied);
+  }
+  constexpr DWORD kKnown = MoveFlag::ReplaceExisting | MoveFlag::CopyAllowed | MoveFlag::WriteThrough;
+  const SysResult moved = ResultOf(MoveFileWithProgressW(
+      from.c_str(), to.c_str(), &Report, const_cast<CopyProgress*>(&progress), flags & kKnown));
+  // A folder that would have to go into itself: the system's releases have two words for it.
+  const bool intoItself = moved.code == Win32Error::InvalidParameter;
+  return intoItself && !moved ? SysResult::Failure(Win32Error::SharingViolation) : moved;
+}

@@ -1,0 +1,86 @@
+#include <filesystem>
+
+#include "base/WindowsPath.h"
+#include "platform/PlatformTest.h"
+
+namespace {
+
+using Names = std::vector<std::string>;
+using PosixMoveTest = PlatformTest;
+
+TEST_F(PosixMoveTest, TheExactSpellingIsTheTarget) {
+  folder.Write("source", "new");
+  folder.Write("a.txt", "old");
+  folder.Write("A.TXT", "other");
+  EXPECT_TRUE(files.Move(Path("a.txt"), Path("b.txt"), 0));
+  EXPECT_EQ(files.Move(Path("source"), Path("a.txt"), 0).code, Win32Error::AlreadyExists);
+  EXPECT_EQ(files.Move(Path("b.txt"), Path("A.TXT"), 0).code, Win32Error::AlreadyExists);
+  EXPECT_TRUE(files.Move(Path("source"), Path("a.txt"), MoveFlag::ReplaceExisting));
+  EXPECT_EQ(folder.Names(), (Names{"A.TXT", "b.txt"}));
+  EXPECT_EQ(folder.Read("A.TXT"), "new");
+}
+
+TEST_F(PosixMoveTest, AttributesGoAlong) {
+  folder.Write(".file", "text");
+  SetMode(Path(".file"), 04755);
+  const bool stores = StoreRawAttributes(Path(".file"), "0x26");
+  EXPECT_TRUE(files.Move(Path(".file"), Path("moved"), 0));
+  EXPECT_EQ(ModeOf(Path("moved")), 04755u);
+  EXPECT_EQ(RawAttributes(Path("moved")), stores ? std::optional<std::string>("0x26") : std::nullopt);
+}
+
+TEST_F(PosixMoveTest, DanglingLinksAndPipesAreMovedAndReplaced) {
+  folder.Write("file", "text");
+  MakeLink("nowhere", Path("link"));
+  MakePipe(Path("pipe"));
+  EXPECT_EQ(files.Move(Path("file"), Path("link"), 0).code, Win32Error::AlreadyExists);
+  EXPECT_TRUE(files.Move(Path("pipe"), Path("moved"), 0));
+  EXPECT_TRUE(files.Move(Path("link"), Path("moved"), MoveFlag::ReplaceExisting));
+  EXPECT_TRUE(files.Move(Path("file"), Path("moved"), MoveFlag::ReplaceExisting));
+  EXPECT_EQ(folder.Names(), Names{"moved"});
+  EXPECT_EQ(folder.Read("moved"), "text");
+}
+
+class PosixMoveAcrossTest : public PlatformTest {
+ protected:
+  void SetUp() override {
+    const auto here = files.Identity(folder.Path()), there = files.Identity("/dev/shm");
+    if (!there || there->volume == here->volume) GTEST_SKIP() << "there is no second volume";
+    other = "/dev/shm/" + std::string(NamePart(folder.Path()));
+    ASSERT_TRUE(files.CreateFolder(other));
+  }
+  void TearDown() override { std::filesystem::remove_all(other); }
+
+  std::string other;
+};
+
+TEST_F(PosixMoveAcrossTest, ALinkIsRemade) {
+  MakeLink("text of the link", Path("link"));
+  MakeLink("old", other + "/link");
+  EXPECT_EQ(files.Move(Path("link"), other + "/link", MoveFlag::CopyAllowed).code, Win32Error::AlreadyExists);
+  EXPECT_TRUE(files.Move(Path("link"), other + "/LINK", MoveFlag::CopyAllowed | MoveFlag::ReplaceExisting));
+  EXPECT_TRUE(folder.Names().empty());
+  EXPECT_EQ(std::filesystem::read_symlink(other + "/link"), "text of the link");
+  EXPECT_TRUE(files.Delete(other + "/link"));
+  EXPECT_TRUE(files.RemoveFolder(other));
+}
+
+TEST_F(PosixMoveAcrossTest, ModeAndAttributesAreTheSources) {
+  folder.Write("file", "text");
+  SetMode(Path("file"), 0751);
+  const bool stores = StoreRawAttributes(Path("file"), "0x24") && StoresAttributes(other);
+  EXPECT_TRUE(files.Move(Path("file"), other + "/.moved", MoveFlag::CopyAllowed));
+  EXPECT_EQ(ModeOf(other + "/.moved"), 0751u);
+  EXPECT_EQ(RawAttributes(other + "/.moved"), stores ? std::optional<std::string>("0x24") : std::nullopt);
+}
+
+TEST_F(PosixMoveAcrossTest, AFullDiskLeavesTheSource) {
+  folder.Write("file", std::string(100000, 'x'));
+  SysResult moved;
+  WithFileSizeLimit(5000, [&] { moved = files.Move(Path("file"), other + "/file", MoveFlag::CopyAllowed); });
+  EXPECT_EQ(moved.code, Win32Error::DiskFull);
+  EXPECT_EQ(folder.Read("file").size(), 100000u);
+  EXPECT_TRUE(files.RemoveFolder(other));
+}
+
+}  // namespace
