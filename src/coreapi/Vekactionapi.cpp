@@ -36,6 +36,7 @@ class LogMessage final : public IVekActionLogMessage {
   StringList& Lines() override { return lines_; }
   const StringList& Lines() const override { return lines_; }
   void AddLine(std::string_view text) override { lines_.emplace_back(text); }
+  void SetText(std::string_view text) override { lines_.assign(1, std::string(text)); }
 
  private:
   StringList lines_;

@@ -29,6 +29,9 @@ class IVekActionLogMessage {
   virtual StringList& Lines() = 0;
   virtual const StringList& Lines() const = 0;
   virtual void AddLine(std::string_view text) = 0;
+
+  /// Makes this the message's only line.
+  virtual void SetText(std::string_view text) = 0;
 };
 
 /// Collects what Validate finds: the property's display title and a message.
@@ -54,9 +57,9 @@ enum class TVekActionStatus {
 
 /// Which action the engine turns to after one that succeeded.
 enum class TVekNextAction {
-  naDefault,  // its children, then its next sibling
-  naChildren,
-  naNextSibling,
+  naDefault,       // its children, then its next sibling
+  naChildren,      // its children, then the action itself again: one more pass of a loop
+  naNextSibling,   // the loop is over
   naSkipChildren,  // as if it had no children
   naSkipGuarded,   // likewise, because the condition that guards them does not hold
 };
@@ -156,7 +159,7 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   std::shared_ptr<IVekActionLogMessage> CreateStatusMessage() const;
   void SendStatusMessage(const std::shared_ptr<IVekActionLogMessage>& message) const;
   void SendStatusMessage(std::initializer_list<std::string_view> lines) const;
-  void SendMessage(std::string_view text) const;
+  void SendMessage(std::string_view text) const;  // [any thread]
   void SendProgress(std::string_view text, int32_t percent) const;
 
   // Variables.

@@ -28,8 +28,11 @@ class IVekActionHost {
   virtual void SetVariable(std::string_view name, Variant value) = 0;
   virtual bool IsVariableDefined(std::string_view name) = 0;
 
-  // The build log. [build thread]
+  /// A line of the build log. What another thread sends is logged before the build thread's next event.
+  /// [any thread]
   virtual void SendMessage(std::string_view text) = 0;
+
+  // The build log. [build thread]
   virtual void SendStatusMessage(const IVekActionLogMessage& message) = 0;
   virtual void SendProgress(std::string_view text, int32_t percent) = 0;
   virtual void ReportError(std::string_view text) = 0;

@@ -19,3 +19,4 @@ IVekActionServices& VekActionServices() { return Installed().actions; }
 IVekScriptingServices& VekScriptingServices() { return Installed().scripting; }
 IVekOptionsServices& VekOptionsServices() { return Installed().options; }
 IVekDialogServices& VekDialogServices() { return Installed().dialogs; }
+IVekDesignApplicationServices* VekDesignApplicationServices() { return Installed().design; }

@@ -62,6 +62,15 @@ class IVekDialogServices {
   virtual bool BrowseForDirectory(std::string_view title, std::string& folder) = 0;
 };
 
+/// What a host with a designer knows of the project that is being edited. [user-interface thread]
+class IVekDesignApplicationServices {
+ public:
+  virtual ~IVekDesignApplicationServices() = default;
+
+  /// Adds the names of the defined variables, in the order in which a user is to see them.
+  virtual void GetVariableNames(StringList& names) = 0;
+};
+
 /// The services of the one host of this process. A host installs its own before it loads a package and
 /// takes them away when the last package is gone.
 struct VekHostServices {
@@ -69,6 +78,7 @@ struct VekHostServices {
   IVekScriptingServices& scripting;
   IVekOptionsServices& options;
   IVekDialogServices& dialogs;
+  IVekDesignApplicationServices* design = nullptr;  // null: the host has no designer
 };
 
 VEK_API void InstallVekServices(const VekHostServices* services);
@@ -78,3 +88,6 @@ VEK_API IVekActionServices& VekActionServices();
 VEK_API IVekScriptingServices& VekScriptingServices();
 VEK_API IVekOptionsServices& VekOptionsServices();
 VEK_API IVekDialogServices& VekDialogServices();
+
+/// Null where the host has no designer.
+VEK_API IVekDesignApplicationServices* VekDesignApplicationServices();

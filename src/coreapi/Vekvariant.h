@@ -25,5 +25,8 @@ VEK_API std::string VariantToText(const Variant& value);
 /// Reads a value of the named type; nothing when the text does not fit or the type is unknown.
 VEK_API std::optional<Variant> VariantFromText(std::string_view typeName, std::string_view text);
 
+/// The truth of a value as scripts see it: empty text, zero and no value are false.
+VEK_API bool IsTrue(const Variant& value);
+
 /// The shortest decimal text that reads back as the same number.
 VEK_API std::string FloatToText(double value);

@@ -4,15 +4,33 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
 #include "vekforms_export.h"
 
-/// Edits a property in a dialog of its own. [user-interface thread]
+/// How a property is edited.
+enum class TPropertyAttribute { paDialog, paValueList };
+
+/// Edits a property in a dialog of its own, or offers texts to choose from. [user-interface thread]
 class VEK_FORMS_API TPropertyEditor {
  public:
   virtual ~TPropertyEditor();
 
-  /// Runs the dialog on the property's text; false and the text as it was when the user cancels.
-  virtual bool Edit(std::string& text) = 0;
+  virtual TPropertyAttribute GetAttribute() const { return TPropertyAttribute::paDialog; }
+
+  /// Runs the dialog on the property's text; false and the text as it was when the user cancels or there is
+  /// no dialog.
+  virtual bool Edit(std::string& text);
+
+  /// What a value list offers; any other text may be typed.
+  virtual StringList GetValues() const;
+};
+
+/// Chooses one of the project's variables; there are none to choose from where the host has no designer.
+class VEK_FORMS_API TVariableNameEditor : public TPropertyEditor {
+ public:
+  ~TVariableNameEditor() override;
+  TPropertyAttribute GetAttribute() const override { return TPropertyAttribute::paValueList; }
+  StringList GetValues() const override;
 };
 
 /// Chooses a file; an action's own editor says which ones.

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Files.h"
+#include "platform/Finder.h"
+#include "vekcoreapi_export.h"
+
+/// A recursive walk through folders. It follows links, but goes into no folder that it is already inside.
+class VEK_API TFolderWalk {
+ public:
+  TFolderWalk(Files& files, Finder& finder) : files_(files), finder_(finder) {}
+
+  /// Calls `visit` with the name of each sub-folder of `folder`, in the order of the disk, hidden and system
+  /// ones left out unless the mask has their bits. `folder` ends in a delimiter, or is empty for the current
+  /// folder. To go deeper, `visit` calls this again; false from it ends the walk of this folder.
+  using Visit = std::function<bool(const std::string& name)>;
+  void ForEachFolder(const std::string& folder, uint32_t mask, const Visit& visit);
+
+ private:
+  struct Step {
+    std::string folder;
+    std::optional<EntryIdentity> identity;  // looked up when it is first needed
+  };
+
+  bool IsInside(const std::string& folder);
+
+  Files& files_;
+  Finder& finder_;
+  std::vector<Step> trail_;
+  size_t links_ = 0;  // how many steps of the trail are behind a link
+};
