@@ -9,23 +9,33 @@
 #include "platform/Environment.h"
 #include "platform/Platform.h"
 
-/// The project's named objects. None are kept yet; a look-up answers that there is none of the name.
-class BuildContext::ProjectObjects final : public IVekProjectObjectAPI {
- public:
-  IVekProjectObject* FindObject(std::string_view /*name*/, std::string_view /*objectType*/) override {
-    return nullptr;
-  }
-};
-
 BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
                            bool unattended)
     : platform_(platform),
       catalogue_(catalogue),
       events_(events),
       unattended_(unattended),
-      objects_(std::make_unique<ProjectObjects>()) {}
+      fileSets_(*this) {}
 
 BuildContext::~BuildContext() = default;
+
+void BuildContext::SetProject(Project* project) {
+  project_ = project;
+  fileSets_.Declare(project ? project->fileSets : std::vector<FileSetDeclaration>());
+}
+
+EventSink& BuildContext::Events() {
+  if (hasPostponed_.load(std::memory_order_relaxed)) {
+    StringList messages;
+    {
+      const std::lock_guard lock(postponedMutex_);
+      messages.swap(postponed_);
+      hasPostponed_ = false;
+    }
+    for (const std::string& text : messages) events_.Message(path_, text);
+  }
+  return events_;
+}
 
 bool BuildContext::EvaluateCondition(std::string_view expression) {
   return Trim(expression).empty() || IsTrue(Scripts().Evaluate(expression));
@@ -52,20 +62,25 @@ Variant BuildContext::GetVariableValue(std::string_view name) {
 }
 
 void BuildContext::SetVariable(std::string_view name, Variant value) {
-  events_.Variable(path_, name, value);
+  Events().Variable(path_, name, value);
   variables_.Set(name, std::move(value));
 }
 
 bool BuildContext::IsVariableDefined(std::string_view name) { return variables_.Find(name) != nullptr; }
 
-void BuildContext::SendMessage(std::string_view text) { events_.Message(path_, text); }
+void BuildContext::SendMessage(std::string_view text) {
+  if (std::this_thread::get_id() == buildThread_) return Events().Message(path_, text);
+  const std::lock_guard lock(postponedMutex_);
+  postponed_.emplace_back(text);
+  hasPostponed_ = true;
+}
 void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
-  events_.Status(path_, message.Lines());
+  Events().Status(path_, message.Lines());
 }
 void BuildContext::SendProgress(std::string_view text, int32_t percent) {
-  events_.Progress(path_, text, percent);
+  Events().Progress(path_, text, percent);
 }
-void BuildContext::ReportError(std::string_view text) { events_.Error(path_, text); }
+void BuildContext::ReportError(std::string_view text) { Events().Error(path_, text); }
 
 bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript& script, Variant& result) {
   try {
@@ -87,8 +102,6 @@ void BuildContext::Synchronize(const std::function<void()>& method) {
   } scope{inSynchronize_};
   method();
 }
-
-IVekProjectObjectAPI& BuildContext::GetProjectObjectAPI() { return *objects_; }
 
 IVekScriptObject* BuildContext::ActionByName(std::string_view name) {
   TCustomVekAction* action = project_ ? FindActionByName(project_->actions, name) : nullptr;

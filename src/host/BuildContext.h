@@ -1,16 +1,19 @@
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "coreapi/Vekactionhost.h"
-#include "coreapi/Vekprojectobjects.h"
 #include "host/Expressions.h"
+#include "host/FileSets.h"
 #include "host/ScriptEngine.h"
 #include "host/StopControl.h"
 #include "host/Variables.h"
@@ -27,10 +30,12 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
 
   Variables& GetVariables() { return variables_; }
   StopControl& Stop() { return stop_; }
-  EventSink& Events() { return events_; }
 
-  /// Where scripts look actions up by name; null for none.
-  void SetProject(Project* project) { project_ = project; }
+  /// Where events go, after what other threads have sent meanwhile. [build thread]
+  EventSink& Events();
+
+  /// The project that is being built: its actions by name and its file sets; null for none.
+  void SetProject(Project* project);
 
   /// What log lines are reported under. The engine moves it as it walks the tree.
   void SetCurrentPath(std::string path) { path_ = std::move(path); }
@@ -56,12 +61,10 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   bool StopSignalled() override { return stop_.Stopped(); }
   bool IsUnattended() override { return unattended_; }
   void Synchronize(const std::function<void()>& method) override;
-  IVekProjectObjectAPI& GetProjectObjectAPI() override;
+  IVekProjectObjectAPI& GetProjectObjectAPI() override { return fileSets_; }
   void SetProjectModified() override {}
 
  private:
-  class ProjectObjects;
-
   // ExpressionSource
   std::optional<std::string> VariableText(std::string_view name) override;
   Variant EvaluateScript(std::string_view source) override;
@@ -83,7 +86,11 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   std::string path_;
   Variables variables_;
   StopControl stop_;
-  std::unique_ptr<ProjectObjects> objects_;
+  const std::thread::id buildThread_ = std::this_thread::get_id();
+  std::mutex postponedMutex_;
+  StringList postponed_;  // messages of other threads
+  std::atomic<bool> hasPostponed_ = false;
+  FileSets fileSets_;
   std::unique_ptr<ScriptEngine> scripts_;  // made by the first script: most builds need none
   std::map<TCustomVekAction*, std::unique_ptr<IVekScriptObject>> scriptObjects_;
   bool inSynchronize_ = false;

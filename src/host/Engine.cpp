@@ -32,8 +32,8 @@ ActionResult Skip(TCustomVekAction& action, TVekActionStatus reason) {
   return ActionResult::Skipped;
 }
 
-bool SkipsChildren(TVekNextAction next) {
-  return next == TVekNextAction::naSkipChildren || next == TVekNextAction::naSkipGuarded;
+bool RunsChildren(TVekNextAction next) {
+  return next == TVekNextAction::naDefault || next == TVekNextAction::naChildren;
 }
 
 }  // namespace
@@ -125,16 +125,28 @@ ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
 ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
   const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+  // What an attempt that broke off left behind is no part of this one.
+  action.ResetBuildStatus();
   action.SetActionStatus(TVekActionStatus::asRunning);
-  ActionResult result = action.Run() ? ActionResult::Success : ActionResult::Failure;
-  if (result == ActionResult::Success) {
-    auto next = TVekNextAction::naDefault;
-    action.GetNextActionSource(false, next);
-    if (!SkipsChildren(next)) result = RunActions(node.children, path);
-    context_.SetCurrentPath(path);
-  }
+  auto next = TVekNextAction::naDefault;
+  ActionResult result;
+  do {
+    result = RunPass(node, path, next);
+  } while (result == ActionResult::Success && next == TVekNextAction::naChildren);
   if (ReportTimeout(running, action)) return ActionResult::Failure;
   return result == ActionResult::Failure ? FailureOrStop() : result;
+}
+
+/// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
+ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
+  TCustomVekAction& action = *node.action;
+  if (!action.Run()) return ActionResult::Failure;
+  next = TVekNextAction::naDefault;
+  action.GetNextActionSource(false, next);
+  if (!RunsChildren(next)) return ActionResult::Success;
+  const ActionResult result = RunActions(node.children, path);
+  context_.SetCurrentPath(path);
+  return result;
 }
 
 /// What a failure comes to: it is no fault of the action's when the build is to stop.

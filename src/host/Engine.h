@@ -26,6 +26,7 @@ class Engine {
   ActionResult Decide(ActionNode& node, const std::string& path);
   ActionResult RunAttempts(ActionNode& node, const std::string& path);
   ActionResult RunAttempt(ActionNode& node, const std::string& path);
+  ActionResult RunPass(ActionNode& node, const std::string& path, TVekNextAction& next);
   std::optional<bool> EvaluateCondition(TCustomVekAction& action);
   bool ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action);
   ActionResult FailureOrStop() const;

@@ -49,8 +49,5 @@ class ScriptEngine {
   virtual Variant Run(std::string_view source, IVekActionScriptParams& params) = 0;
 };
 
-/// JavaScript truth of a value, for conditions.
-bool IsTrue(const Variant& value);
-
 std::unique_ptr<ScriptEngine> CreateScriptEngine(ScriptEnvironment& environment,
                                                  size_t memoryLimitBytes = size_t{64} << 20);

@@ -3,34 +3,12 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "coreapi/Vekactionapi.h"
-#include "host/Engine.h"
-#include "support/ActionFixture.h"
+#include "coreapi/Vekbaseiteratoraction.h"
+#include "support/ProjectFixture.h"
 
 using testing::ElementsAre;
 
 namespace {
-
-/// An action whose work is a test's.
-class TProbe final : public TVekAction {
- public:
-  TProbe(IVekActionHost& host, std::function<bool(TProbe&)> work)
-      : TVekAction(host), work_(std::move(work)) {}
-  const ActionClass& ClassType() const override { return TVekAction::kClass; }
-  bool CanTerminate() const override { return true; }
-  void TerminateAction() override { terminated = true; }
-  void GetNextActionSource(bool, TVekNextAction& next) override { next = this->next; }
-  using TVekAction::StopSignalled;
-
-  std::atomic<bool> terminated = false;
-  TVekNextAction next = TVekNextAction::naDefault;
-
- protected:
-  bool Execute() override { return work_(*this); }
-
- private:
-  std::function<bool(TProbe&)> work_;
-};
 
 bool Succeed(TProbe&) { return true; }
 bool Fail(TProbe&) { return false; }
@@ -41,21 +19,7 @@ bool WorkUntilTerminated(TProbe& probe) {
   return false;
 }
 
-struct EngineTest : ActionFixture, testing::Test {
-  TProbe& Add(std::vector<ActionNode>& actions, std::function<bool(TProbe&)> work) {
-    ActionNode& node = actions.emplace_back();
-    node.typeId = "PROBE";
-    node.action = std::make_unique<TProbe>(Context(), std::move(work));
-    return static_cast<TProbe&>(*node.action);
-  }
-  TProbe& Add(std::function<bool(TProbe&)> work) { return Add(project.actions, std::move(work)); }
-  std::vector<ActionNode>& Below(size_t index) { return project.actions[index].children; }
-
-  BuildSummary RunAll() { return Engine(Context()).Run(project, "test"); }
-  const StringList& Log() { return Events().events; }
-
-  Project project;
-};
+struct EngineTest : ProjectFixture, testing::Test {};
 
 TEST_F(EngineTest, ChildrenRunAfterTheirParentAndEndBeforeIt) {
   Add(Succeed);
@@ -92,9 +56,8 @@ TEST_F(EngineTest, DisabledAndConditionedActionsAreSkippedWithTheirChildren) {
   Add(Succeed).Condition = "level == 2";
   Context().SetVariable("Level", int64_t{2});
   RunAll();
-  EXPECT_THAT(Log(),
-              ElementsAre("variable  Level=2", "build-start test", "start /1", "end /1 skipped", "start /2",
-                          "end /2 skipped", "start /3", "end /3 success", "build-end success 1 0"));
+  EXPECT_THAT(Log(), ElementsAre("build-start test", "start /1", "end /1 skipped", "start /2",
+                                 "end /2 skipped", "start /3", "end /3 success", "build-end success 1 0"));
   EXPECT_EQ(project.actions[1].action->ActionStatus(), TVekActionStatus::asConditionNotMet);
 }
 
@@ -177,6 +140,137 @@ TEST_F(EngineTest, AScriptThatNeverEndsIsEndedByTheTimeOut) {
   EXPECT_EQ(RunAll().result, ActionResult::Failure);
   EXPECT_EQ(Errors().size(), 2u);
   EXPECT_EQ(Errors().back(), "Timed out after 1 seconds");
+}
+
+/// A loop over numbers whose count a test may change as it goes.
+class TCounter final : public TVekBaseIterator {
+ public:
+  explicit TCounter(IVekActionHost& host, int32_t count) : TVekBaseIterator(host), count(count) {}
+  const ActionClass& ClassType() const override { return TVekBaseIterator::kClass; }
+  int32_t count;
+  std::string failsBefore, failsAfterEach;
+  using TVekBaseIterator::assignsVariables;
+
+ protected:
+  void BeforeFirstIteration() override {
+    SendMessage("before");
+    if (!failsBefore.empty()) throw EIteratorException(failsBefore);
+    SetIterationCount(count);
+  }
+  Variant GetCurrentValue() override { return int64_t{GetCurrentIteration()}; }
+  void AfterEachIteration() override {
+    if (!failsAfterEach.empty()) throw EIteratorException(failsAfterEach);
+    SetIterationCount(count);
+  }
+  void AfterLastIteration() override { SendMessage("after"); }
+};
+
+struct LoopTest : EngineTest {
+  TCounter& AddLoop(int32_t count, std::string_view variable) {
+    auto& loop = Add<TCounter>(project.actions, count);
+    loop.SetLoopVariable(variable);
+    return loop;
+  }
+};
+
+TEST_F(LoopTest, RunsTheChildrenOncePerValue) {
+  AddLoop(2, "I");
+  Add(Below(0), Succeed);
+  EXPECT_EQ(RunAll().actions, 3);
+  EXPECT_THAT(
+      Log(), ElementsAre("build-start test", "start /1", "message /1 before", "variable /1 I=1", "start /1/1",
+                         "end /1/1 success", "variable /1 I=2", "start /1/1", "end /1/1 success",
+                         "message /1 after", "end /1 success", "build-end success 3 0"));
+}
+
+TEST_F(LoopTest, LoopsNestAndBeginAnewEachTime) {
+  AddLoop(2, "I");
+  Add<TCounter>(Below(0), 2).SetLoopVariable("J");
+  std::string seen;
+  Add(Below(0)[0].children, [&](TProbe&) {
+    seen += Context().ExpandExpression("%I%%J% ");
+    return true;
+  });
+  RunAll();
+  EXPECT_EQ(seen, "11 12 21 22 ");
+}
+
+TEST_F(LoopTest, AFailingChildEndsTheLoopUnlessIgnored) {
+  TCounter& loop = AddLoop(3, "I");
+  TProbe& child = Add(Below(0), Fail);
+  BuildSummary summary = RunAll();
+  EXPECT_EQ(summary.result, ActionResult::Failure);
+  EXPECT_EQ(summary.actions, 2);
+  child.IgnoreFailure = true;
+  summary = RunAll();
+  EXPECT_EQ(summary.result, ActionResult::Success);
+  EXPECT_EQ(summary.actions, 4);
+  EXPECT_EQ(loop.GetCurrentIteration(), 3);
+}
+
+TEST_F(LoopTest, AnAttemptBeginsTheLoopAnew) {
+  AddLoop(3, "I").RetryCount = 1;
+  int runs = 0;
+  Add(Below(0), [&runs](TProbe&) { return ++runs != 2; });
+  EXPECT_EQ(RunAll().result, ActionResult::Success);
+  EXPECT_EQ(runs, 2 + 3);
+}
+
+TEST_F(LoopTest, ResetMakesTheNextPassTheFirst) {
+  TCounter& loop = AddLoop(2, "I");
+  std::string seen;
+  Add(Below(0), [&](TProbe&) {
+    seen += std::to_string(loop.GetCurrentIteration());
+    if (seen == "12") loop.Reset();
+    return true;
+  });
+  RunAll();
+  EXPECT_EQ(seen, "1212");
+  EXPECT_THAT(Lines(), ElementsAre("before", "before", "after"));
+}
+
+TEST_F(LoopTest, TheCountIsLookedAtAfterEachPass) {
+  TCounter& loop = AddLoop(1, "I");
+  Add(Below(0), [&loop](TProbe&) {
+    if (loop.count < 4) ++loop.count;
+    return true;
+  });
+  EXPECT_EQ(RunAll().actions, 5);
+}
+
+TEST_F(LoopTest, AnIteratorThatAssignsItsVariablesLeavesTheLoopVariableAlone) {
+  AddLoop(2, "I").assignsVariables = true;
+  RunAll();
+  EXPECT_FALSE(Context().IsVariableDefined("I"));
+}
+
+TEST_F(LoopTest, WhatAnIteratorRaisesFailsItUnderItsOwnWords) {
+  AddLoop(2, "").failsBefore = "no list";
+  AddLoop(2, "").failsAfterEach = "lost the list";
+  project.actions[0].action->IgnoreFailure = true;
+  EXPECT_EQ(RunAll().result, ActionResult::Failure);
+  EXPECT_THAT(Errors(), ElementsAre("no list", "lost the list"));
+}
+
+TEST_F(LoopTest, AStopIsSeenBetweenPasses) {
+  AddLoop(1000, "I");
+  int runs = 0;
+  Add(Below(0), [&](TProbe&) {
+    if (++runs == 3) Context().Stop().RequestStop();
+    return true;
+  });
+  EXPECT_EQ(RunAll().result, ActionResult::Stopped);
+  EXPECT_EQ(runs, 3);
+}
+
+TEST_F(EngineTest, WhatAnotherThreadSendsComesBeforeTheNextEvent) {
+  Add([this](TProbe&) {
+    std::thread([this] { Context().SendMessage("from afar"); }).join();
+    return true;
+  });
+  RunAll();
+  EXPECT_THAT(Log(), ElementsAre("build-start test", "start /1", "message /1 from afar", "end /1 success",
+                                 "build-end success 1 0"));
 }
 
 }  // namespace

@@ -156,19 +156,6 @@ class DuktapeEngine final : public ScriptEngine {
 
 }  // namespace
 
-bool IsTrue(const Variant& value) {
-  struct {
-    bool operator()(std::monostate) const { return false; }
-    bool operator()(const std::string& text) const { return !text.empty(); }
-    bool operator()(int64_t number) const { return number != 0; }
-    bool operator()(bool truth) const { return truth; }
-    bool operator()(double number) const { return number != 0 && !std::isnan(number); }
-    bool operator()(TDateTime) const { return true; }
-    bool operator()(const IVekScriptObject* object) const { return object != nullptr; }
-  } isTrue;
-  return std::visit(isTrue, value);
-}
-
 std::unique_ptr<ScriptEngine> CreateScriptEngine(ScriptEnvironment& environment, size_t memoryLimitBytes) {
   return std::make_unique<DuktapeEngine>(environment, memoryLimitBytes);
 }

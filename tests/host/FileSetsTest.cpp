@@ -1,0 +1,144 @@
+#include "gmock/gmock.h"
+#include "gtest/gtest.h"
+
+#include "coreapi/Vekfilesets.h"
+#include "host/PathPattern.h"
+#include "support/OsFixture.h"
+#include "support/ProjectFixture.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+TEST(PathPattern, MatchesPathsBelowTheBaseFolder) {
+  struct Case {
+    std::string_view pattern, path;
+    bool wanted;
+  };
+  constexpr Case kCases[] = {
+      {"*.cpp", "a.cpp", true},
+      {"*.cpp", "sub/a.cpp", false},
+      {"*.CPP", "a.cpp", true},
+      {"*.*", "README", true},
+      {"**\\*.cpp", "a.cpp", true},
+      {"**\\*.cpp", "sub/deep/a.cpp", true},
+      {"**/*.cpp", "sub/a.cpp", true},
+      {"**", "sub/a.cpp", true},
+      {"sub\\**", "sub/a.cpp", true},
+      {"sub\\**", "sub/deep/er/a.cpp", true},
+      {"sub\\**", "sub", false},
+      {"sub\\**", "other/a.cpp", false},
+      {"sub\\", "sub/deep/a.cpp", true},
+      {"SUB\\a.*", "sub/a.cpp", true},
+      {"s*\\a.cpp", "sub/a.cpp", true},
+      {"s*\\a.cpp", "sub/deep/a.cpp", false},
+      {"**\\deep\\**\\a.cpp", "x/deep/a.cpp", true},
+      {"**\\deep\\**\\a.cpp", "deep/y/z/a.cpp", true},
+      {"**\\deep\\**\\a.cpp", "x/y/a.cpp", false},
+      {"**\\deep\\*.cpp", "deep/deep/a.cpp", true},
+      {"file?.txt", "file1.txt", true},
+      {"file?.txt", "file12.txt", false},
+      {".\\a.cpp", "a.cpp", true},
+      {"", "a.cpp", false},
+  };
+  for (const Case& test : kCases) {
+    const PathPattern pattern(test.pattern);
+    PathPattern::State state = pattern.Start();
+    std::string_view rest = test.path;
+    for (size_t slash; (slash = rest.find('/')) != std::string_view::npos; rest.remove_prefix(slash + 1)) {
+      EXPECT_TRUE(!test.wanted || pattern.CanMatchBelow(state)) << test.pattern << " on " << test.path;
+      state = pattern.Enter(state, rest.substr(0, slash));
+    }
+    EXPECT_EQ(pattern.MatchesFile(state, rest), test.wanted) << test.pattern << " on " << test.path;
+  }
+}
+
+struct FileSetsTest : ProjectFixture, testing::Test {
+  FileSetDeclaration& Declare(StringList includes, StringList excludes = {}) {
+    return project.fileSets.emplace_back(
+        FileSetDeclaration{"Set", folder.Path(), std::move(includes), std::move(excludes)});
+  }
+
+  IVekFileSet& Set() {
+    Context().SetProject(&project);
+    return *FindFileSet(Context().GetProjectObjectAPI(), "SET");
+  }
+
+  /// The files, relative to the base folder and with '/' between names.
+  StringList Files(IVekFileSet& set) {
+    StringList files = SplitAt(set.GetFileList("|"), "|");
+    for (std::string& file : files) {
+      EXPECT_TRUE(file.starts_with(folder.Path() + '\\'));
+      file = ReplaceAll(file.substr(folder.Path().size() + 1), "\\", "/");
+    }
+    return files;
+  }
+};
+
+TEST_F(FileSetsTest, FilesComeInStableOrderWhateverTheOrderOfPatterns) {
+  for (const char* name : {"b.txt", "A.txt", "sub/z.txt", "sub/deep/y.txt", "c.bin", "other/x.txt"}) {
+    folder.Write(name);
+  }
+  Declare({"sub\\**", "*.txt", "**\\y.txt"}, {"b.*"});
+  EXPECT_THAT(Files(Set()), ElementsAre("A.txt", "sub/z.txt", "sub/deep/y.txt"));
+}
+
+TEST_F(FileSetsTest, ExcludesWinAndHiddenFilesBelong) {
+  for (const char* name : {".profile", "a.txt", "gen/a.txt", "gen/deep/b.txt", "lib/gen/c.txt"}) {
+    folder.Write(name);
+  }
+  Declare({"**"}, {"gen\\**"});
+  EXPECT_THAT(Files(Set()), ElementsAre(".profile", "a.txt", "lib/gen/c.txt"));
+}
+
+TEST_F(FileSetsTest, IsEvaluatedOnFirstUseAndOnRefresh) {
+  folder.Write("a.txt", "12345");
+  Declare({"*"});
+  IVekFileSet& set = Set();
+  folder.Write("b.txt", "67");
+  EXPECT_THAT(Files(set), ElementsAre("a.txt", "b.txt"));
+  folder.Write("c.txt", "8");
+  EXPECT_EQ(set.GetTotalSize(), 7u);
+  set.Refresh();
+  EXPECT_THAT(Files(set), ElementsAre("a.txt", "b.txt", "c.txt"));
+  EXPECT_EQ(set.GetTotalSize(), 8u);
+}
+
+TEST_F(FileSetsTest, ExpressionsAreExpandedWhenItIsEvaluated) {
+  folder.Write("a.txt");
+  folder.Write("b.log");
+  FileSetDeclaration& declaration = Declare({"*.%EXT%"});
+  declaration.baseDirectory = "%BASE%\\";
+  IVekFileSet& set = Set();
+  EXPECT_THROW(set.GetFileList("|"), EVekExpressionError);
+  Context().SetVariable("BASE", folder.Path());
+  Context().SetVariable("EXT", std::string("log"));
+  EXPECT_EQ(set.GetBaseDirectory(), "%BASE%\\");
+  EXPECT_THAT(Files(set), ElementsAre("b.log"));
+}
+
+TEST_F(FileSetsTest, AMissingFolderHoldsNothing) {
+  Declare({"**"}).baseDirectory += "/missing";
+  EXPECT_THAT(Files(Set()), IsEmpty());
+}
+
+TEST_F(FileSetsTest, FollowsLinksButNotRoundInCircles) {
+  folder.Write("a/x.txt");
+  folder.Write("b/y.txt");
+  MakeLink("..", folder.Path("a/up"));
+  Declare({"**"});
+  EXPECT_THAT(Files(Set()), ElementsAre("a/x.txt", "b/y.txt"));
+  MakeLink("../b", folder.Path("a/side"));
+  Set().Refresh();
+  EXPECT_THAT(Files(Set()), ElementsAre("a/x.txt", "a/side/y.txt", "b/y.txt"));
+}
+
+TEST_F(FileSetsTest, OthersAreNotFound) {
+  Declare({"**"});
+  Context().SetProject(&project);
+  EXPECT_EQ(FindFileSet(Context().GetProjectObjectAPI(), "Sets"), nullptr);
+  EXPECT_EQ(Context().GetProjectObjectAPI().FindObject("Set", "OtherObject"), nullptr);
+}
+
+}  // namespace
