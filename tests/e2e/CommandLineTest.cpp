@@ -75,7 +75,9 @@ TEST(CommandLine, ActionsListsTheCatalogueInRegistrationOrder) {
   const auto actions = nlohmann::json::parse(RunVekrun({"actions", "--json"}).out);
   StringList ids;
   for (const auto& action : actions) ids.push_back(action.at("typeId"));
-  EXPECT_THAT(ids, ElementsAre("HDELETE_FILE", "HCREATEFILE", "WRITETOTEXTFILE", "ACTIONGROUP"));
+  EXPECT_THAT(ids, ElementsAre("HDELETE_FILE", "HCOPYFILES", "HMOVEFILES", "HFILEITERATOR", "HREADINI",
+                               "HWRITEINI", "SCRIPTACTION", "HEXECUTEPROG", "HRUNDOS", "HCREATEFILE",
+                               "WRITETOTEXTFILE", "FILESETCOPY", "ACTIONGROUP"));
   EXPECT_EQ(actions[0],
             nlohmann::json::parse(R"json({"typeId": "HDELETE_FILE", "displayName": "Delete File(s)",
       "className": "TDeleteFilesAction", "category": "Files & Directories", "pages": ["TDeleteFilesFrame"]})json"));

@@ -97,7 +97,7 @@ TEST(CreateTextFileFailing, AFullDiskLeavesTheOldFile) {
   ActionFixture fixture([&](const Platform& real) {
     failing = std::make_unique<FailingFiles>(real.files);
     failing->replacement = SysResult::Failure(Win32Error::DiskFull);
-    return Platform{*failing, real.finder, real.environment, real.clock, real.errorTexts, real.modules};
+    return failing->In(real);
   });
   fixture.folder.Write("old.txt", "old");
   const auto action = fixture.Make<TVekCreateTextFileAction>();

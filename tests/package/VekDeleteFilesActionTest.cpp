@@ -126,7 +126,7 @@ TEST_P(DeleteFilesFailing, Reports) {
   ActionFixture fixture([&](const Platform& real) {
     failing = std::make_unique<FailingFiles>(real.files);
     failing->deletions["b.tmp"] = wanted.deletion;
-    return Platform{*failing, real.finder, real.environment, real.clock, real.errorTexts, real.modules};
+    return failing->In(real);
   });
   for (const char* name : {"a.tmp", "b.tmp", "c.tmp"}) fixture.folder.Write(name, "x");
   const auto action = fixture.Make<TDeleteFilesAction>();

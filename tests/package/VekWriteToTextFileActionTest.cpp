@@ -109,7 +109,7 @@ TEST(WriteToTextFileFailing, AFullDiskLeavesTheOldFile) {
   ActionFixture fixture([&](const Platform& real) {
     failing = std::make_unique<FailingFiles>(real.files);
     failing->replacement = SysResult::Failure(Win32Error::DiskFull);
-    return Platform{*failing, real.finder, real.environment, real.clock, real.errorTexts, real.modules};
+    return failing->In(real);
   });
   fixture.folder.Write("file.txt", "old");
   const auto action = fixture.Make<TVekWriteToTextFileAction>();

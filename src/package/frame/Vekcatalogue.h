@@ -18,6 +18,7 @@ struct CatalogueRow {
   const ActionClass& (*actionClass)() = nullptr;
   std::span<const PageClass* const> pages = {};
   void (*routine)(bool designTime) = nullptr;
+  void (*pageRoutine)() = nullptr;  // runs between the pages of its neighbours
 };
 
 /// One property editor; an empty property name means every property of the type.
@@ -50,6 +51,7 @@ consteval CatalogueRow ActionRow(std::string_view typeId, std::string_view displ
 }
 
 consteval CatalogueRow RoutineRow(void (*routine)(bool designTime)) { return {.routine = routine}; }
+consteval CatalogueRow PageRoutineRow(void (*routine)()) { return {.pageRoutine = routine}; }
 
 template <class Action, class Editor>
 consteval EditorRow PropertyEditor(std::string_view propertyType, std::string_view propertyName) {

@@ -1,52 +1,109 @@
 #include "frame/Vekfilereg.h"
 
 #include "coreapi/Vekservices.h"
+#include "fileops/VekCopyMove.h"
 #include "fileops/VekDeleteFilesAction.h"
+#include "fileops/VekFileSetCopyMove.h"
 #include "frame/Vekcatalogue.h"
 #include "frame/Vekregistryreg.h"
+#include "iterators/Vekfileiterator.h"
+#include "pages/FCopyMoveEditFrame.h"
+#include "pages/FRunProgFrame.h"
 #include "pages/VekCreateFileFrame.h"
+#include "pages/VekFileIteratorFrame.h"
 #include "pages/VekFileNameEditEx.h"
+#include "pages/VekFileSetCopyMoveFrame.h"
+#include "pages/VekRunProgEditors.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
+#include "pages/Vekinieditors.h"
+#include "pages/Vekreadiniframe.h"
+#include "pages/Vekwriteiniframe.h"
+#include "process/FRunProg.h"
+#include "process/Vekrunscriptaction.h"
 #include "textini/VekCreateTextFileAction.h"
 #include "textini/VekWriteToTextFileAction.h"
+#include "textini/Vekinifile.h"
 
 namespace {
 
 constexpr std::string_view kFiles = "Files & Directories";
+constexpr std::string_view kIterators = "Iterators";
+constexpr std::string_view kMisc = "Misc";
+constexpr std::string_view kWindowsOS = "Windows OS";
+constexpr std::string_view kRegistryAndIni = "Registry & Ini";
+
+Variant ResetLoop(TCustomVekAction& action, std::span<const Variant> /*arguments*/) {
+  static_cast<TVekBaseIterator&>(action).Reset();
+  return {};
+}
+
+/// Scripts can restart the loops of the class.
+template <class Iterator>
+void RegisterReset(bool /*designTime*/) {
+  static_assert(std::is_base_of_v<TVekBaseIterator, Iterator>);
+  VekScriptingServices().RegisterScriptMethod(Iterator::Class(), "Reset", "", ResetLoop);
+}
+
+void RegisterEditors(std::span<const EditorRow> editors) {
+  for (const EditorRow& row : editors) {
+    VekActionServices().RegisterPropertyEditor(row.propertyType, row.actionClass(), *row.editor,
+                                               row.propertyName);
+  }
+}
+
+constexpr EditorRow kMoveEditors[] = {
+    PropertyEditor<TMoveFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
+    PropertyEditor<TMoveFilesAction, TFileNameEditEx>("WideString", "Target"),
+};
+
+void RegisterMoveEditors() { RegisterEditors(kMoveEditors); }
 
 // In registration order; a host lists the types of a category in it.
 // clang-format off
 constexpr CatalogueRow kCatalogue[] = {
+    PageRoutineRow(RegisterMoveEditors),  // behind the pages of Delete Directory
     ActionRow<TDeleteFilesAction, TDeleteFilesFrame>("HDELETE_FILE", "Delete File(s)", kFiles),
+    ActionRow<TCopyFilesAction, TCopyFrame>("HCOPYFILES", "Copy File(s)", kFiles),
+    ActionRow<TMoveFilesAction, TMoveFrame>("HMOVEFILES", "Move File(s)", kFiles),
+    ActionRow<TFileIterator, TFileIteratorFrame>("HFILEITERATOR", "File Iterator", kIterators),
+    RoutineRow(RegisterReset<TFileIterator>),
+    ActionRow<TReadIniFileAction, TReadIniFrame>("HREADINI", kOwnName, kRegistryAndIni),
+    ActionRow<TWriteIniFileAction, TWriteIniFrame>("HWRITEINI", kOwnName, kRegistryAndIni),
+    ActionRow<TVekScriptAction>("SCRIPTACTION", kOwnName, kMisc),
+    ActionRow<TRunProgramAction, TRunProgramFrame>("HEXECUTEPROG", "Execute Program", kWindowsOS),
+    ActionRow<TRunDosCMDAction, TRunDosCmdFrame>("HRUNDOS", "Run DOS Command", kWindowsOS),
     RoutineRow(RegisterRegistryUnit),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
+    ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };
 
 // The two rows of Delete File(s) apply to nothing: it has no Target, and its FileSpec is a byte string.
 constexpr EditorRow kEditors[] = {
     PropertyEditor<TDeleteFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
     PropertyEditor<TDeleteFilesAction, TFileNameEditEx>("WideString", "Target"),
+    PropertyEditor<TCopyFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
+    PropertyEditor<TCopyFilesAction, TFileNameEditEx>("WideString", "Target"),
+    PropertyEditor<TReadIniFileAction, TIniFileNameEdit>("WideString", "IniFile"),
+    PropertyEditor<TWriteIniFileAction, TIniFileNameEdit>("WideString", "IniFile"),
+    PropertyEditor<TReadIniFileAction, TIniVariableEditor>("WideString", "VariableName"),
+    PropertyEditor<TRunProgramAction, TRunProgEditor>("WideString", "ProgramName"),
+    PropertyEditor<TRunProgramAction, TStartDirectoryEditor>("WideString", "StartInDir"),
 };
 // clang-format on
 
 void Register(const CatalogueRow& row, bool designTime) {
   if (row.routine) return row.routine(designTime);
+  if (!row.actionClass) return;
   const ActionClass& actionClass = row.actionClass();
   const std::string_view name = row.displayName.empty() ? actionClass.ActionName() : row.displayName;
   VekActionServices().RegisterAction(name, row.category, actionClass, row.typeId);
 }
 
-void RegisterEditors() {
-  for (const EditorRow& row : kEditors) {
-    VekActionServices().RegisterPropertyEditor(row.propertyType, row.actionClass(), *row.editor,
-                                               row.propertyName);
-  }
-}
-
 void RegisterPages() {
   for (const CatalogueRow& row : kCatalogue) {
+    if (row.pageRoutine) row.pageRoutine();
     if (!row.pages.empty()) VekActionServices().RegisterPropertyPages(row.actionClass(), row.pages);
   }
 }
@@ -56,7 +113,7 @@ void RegisterPages() {
 bool VekRegister(bool designTime) {
   for (const CatalogueRow& row : kCatalogue) Register(row, designTime);
   if (designTime) {
-    RegisterEditors();
+    RegisterEditors(kEditors);
     RegisterPages();
   }
   return true;

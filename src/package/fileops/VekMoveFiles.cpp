@@ -1,0 +1,160 @@
+#include "base/WindowsPath.h"
+#include "fileops/VekCopyMove.h"
+#include "platform/FileAttributes.h"
+#include "platform/Finder.h"
+#include "platform/Platform.h"
+
+namespace {
+
+/// Whether two paths that are spelt differently lead to one file under one name.
+bool AreOneFile(Files& files, const std::string& a, const std::string& b) {
+  if (!SameText(NamePart(a), NamePart(b))) return false;
+  const auto folderOf = [&files](const std::string& file) {
+    const std::string_view folder = DirectoryPart(file);
+    return files.Identity(folder.empty() ? "." : folder);
+  };
+  const auto identity = files.Identity(a);
+  return identity && identity == files.Identity(b) && folderOf(a) == folderOf(b);
+}
+
+/// Takes a target out of the way of the file that is to replace it. Unless that one arrives, the target comes
+/// back: a move that fails costs no file.
+class DisplacedFile {
+ public:
+  explicit DisplacedFile(Files& files) : files_(files) {}
+  ~DisplacedFile() {
+    if (!aside_.empty()) files_.Move(aside_, path_, 0);
+  }
+  DisplacedFile(const DisplacedFile&) = delete;
+  DisplacedFile& operator=(const DisplacedFile&) = delete;
+
+  SysResult Displace(const std::string& path) {
+    SysResult moved;
+    for (int number = 1; number <= kMostNames; ++number) {
+      const std::string aside = path + ".replaced" + std::to_string(number);
+      moved = files_.Move(path, aside, 0);
+      if (moved) {
+        path_ = path;
+        aside_ = aside;
+      }
+      if (moved.code != Win32Error::AlreadyExists) break;
+    }
+    return moved;
+  }
+
+  void Delete() {
+    if (!aside_.empty()) files_.Delete(aside_);
+    aside_.clear();
+  }
+
+ private:
+  static constexpr int kMostNames = 100;
+
+  Files& files_;
+  std::string path_, aside_;
+};
+
+}  // namespace
+
+const ActionClass TCustomMoveFilesAction::kClass{
+    .inherited = &TCustomCopyFilesAction::kClass,
+    .className = "TCustomMoveFilesAction",
+    .actionName = "Move File(s)",
+    .helpTopicID = 555,
+    .quickHelpFilename = "Plugins\\MoveFiles.html",
+};
+
+bool TCustomMoveFilesAction::Execute() {
+  StartRun();
+  readOnlyMet_ = false;
+  std::string source, target;
+  try {
+    source = Expanded(FileSpec());
+    target = Expanded(Target);
+  } catch (const std::exception& error) {
+    SendStatusMessage({" --> Unable to Move files : " + source, std::string(" --> ") + error.what()});
+    return false;
+  }
+  if (source.empty() || target.empty()) return true;
+
+  const auto message = CreateStatusMessage();
+  message->AddLine("Moving files : " + source + " -> " + target);
+  return RunAndReport(message, " Files Moved.", [&] { return MoveMatches(source, target, *message); });
+}
+
+bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::string& target,
+                                         IVekActionLogMessage& message) {
+  constexpr uint32_t kMask = FileAttribute::ReadOnly | FileAttribute::Hidden;
+  SysResult found;
+  const auto search = GetPlatform().finder.Open(spec, kMask, FindDetail::Names, found);
+  FoundEntry match;
+  // FailIfZeroFiles is about matches that stayed where they were; without a match there is nothing to fail.
+  if (!search->Next(match)) return true;
+
+  const std::string folder(FolderPart(spec));
+  const std::string targetFolder = TargetIsDir() ? WithTrailingDelimiter(target) : std::string();
+  do {
+    const std::string targetFile = TargetIsDir() ? targetFolder + match.name : target;
+    if (Force && TargetIsDir()) MakeFolderOf(targetFile);
+    if (!MoveMatch(folder + match.name, targetFile, message)) return false;
+  } while (search->Next(match));
+  return FilesAffected > 0 || !FailIfZeroFiles;
+}
+
+/// Moves one file; false when that ends the run.
+bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::string& target,
+                                       IVekActionLogMessage& message) {
+  Files& files = GetPlatform().files;
+  const auto report = [&](const std::string& reason) {
+    message.AddLine(" --> Error Moving File : " + source + " -> " + target);
+    message.AddLine(" --> " + reason);
+    return false;
+  };
+
+  DisplacedFile displaced(files);
+  const bool targetExists = files.FileExists(target);
+  if (StopOnAnyErrors && !files.FileExists(source)) return report("Source File Does not exist");
+  if (targetExists) {
+    if (FailIfExists) return report("The target File exists and \"Fail if Exists\" is checked");
+    if (const auto reason = PrepareTarget(target)) return report(*reason);
+    // To take a target away that is the source would lose the file.
+    if (source != target && !AreOneFile(files, source, target)) {
+      const SysResult gone = displaced.Displace(target);
+      if (!gone && StopOnAnyErrors) return report(SysErrorMessage(gone.code));
+    }
+  }
+  if (Force && !TargetIsDir()) MakeFolderOf(target);
+
+  const SysResult moved = MoveFile(source, target);
+  if (!moved) {
+    ++ErrorCount;
+    report(SysErrorMessage(moved.code));
+    return !StopOnAnyErrors;
+  }
+  displaced.Delete();
+  if (ClearAttributes) files.SetAttributes(target, FileAttribute::Normal);
+  ++FilesAffected;
+  return true;
+}
+
+/// Makes an existing target writable; answers why the run ends, or nothing when it goes on.
+std::optional<std::string> TCustomMoveFilesAction::PrepareTarget(const std::string& target) {
+  Files& files = GetPlatform().files;
+  uint32_t attributes = 0;
+  if (files.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {
+    readOnlyMet_ = true;
+  }
+  // One read-only target stands for all that follow it in the run.
+  if (!readOnlyMet_) return {};
+  if (!OverwriteReadOnly) return "The target File is marked \"Read Only\"";
+  files.SetAttributes(target, FileAttribute::Normal);
+  return {};
+}
+
+SysResult TCustomMoveFilesAction::MoveFile(const std::string& source, const std::string& target) {
+  Files& files = GetPlatform().files;
+  if (!TargetIsDir()) return files.Move(source, target, 0);
+  StartProgress("Moving File : ", source, target);
+  return files.Move(source, target, MoveFlag::CopyAllowed | MoveFlag::WriteThrough,
+                    [this](uint64_t transferred, uint64_t total) { ShowProgress(transferred, total); });
+}

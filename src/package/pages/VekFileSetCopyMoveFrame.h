@@ -1,0 +1,15 @@
+#pragma once
+
+#include "fileops/VekFileSetCopyMove.h"
+#include "forms/Vekpluginapi.h"
+
+class TFileSetCopyMoveFrame final : public TActionFrame<TVekFileSetCopyMoveAction> {
+ public:
+  static constexpr std::string_view kClassName = "TFileSetCopyMoveFrame";
+  TFileSetCopyMoveFrame();
+  void ReadActionData(TVekAction& action) override;
+  void WriteActionData(TVekAction& action) override;
+
+ private:
+  TEdit& fileSetName_;
+};

@@ -1,0 +1,23 @@
+#include "pages/Vekreadiniframe.h"
+
+#include "pages/Vekinieditors.h"
+
+TReadIniFrame::TReadIniFrame() : TActionFrame("Read Ini File") {
+  Heading("Ini File");
+  ButtonEdit("txtIniFile", "IniFile")
+      .Hint("Ini file to read")
+      .BrowsesForFile("Select Ini File", "Configuration files(*.ini)|*.ini", "*.ini");
+  Heading("Value");
+  Edit("txtSection", "Section").Hint("Section");
+  Edit("txtValueName", "ValueName").Hint("Value name");
+  ComboBox("cmbValueType", "ValueType").Items({"String", "Boolean", "Integer"}).Hint("Value type");
+  Edit("txtDefaultValue", "DefaultValue").Hint("Value used when the file has none");
+  Heading("Variable");
+  variable_ = &ComboBox("cmbVariableName", "VariableName").Hint("Variable that receives the value");
+}
+
+/// The variables may be others each time the page is shown.
+void TReadIniFrame::InitPage(TVekAction& action) {
+  TActionFrame::InitPage(action);
+  variable_->Items(TIniVariableEditor().GetValues());
+}

@@ -1,0 +1,14 @@
+#include "pages/Vekwriteiniframe.h"
+
+TWriteIniFrame::TWriteIniFrame() : TActionFrame("Write Ini File") {
+  Heading("Ini File");
+  ButtonEdit("txtIniFile", "IniFile")
+      .Hint("Ini file to write to")
+      .BrowsesForFile("Select Ini File", "Configuration files(*.ini)|*.ini", "*.ini");
+  CheckBox("chkAllowCreate", "Create Ini File if Missing", "AllowCreate");
+  Heading("Value");
+  Edit("txtSection", "Section").Hint("Section");
+  Edit("txtValueName", "ValueName").Hint("Value name");
+  ComboBox("cmbValueType", "ValueType").Items({"String", "Boolean", "Integer"}).Hint("Value type");
+  Edit("txtNewValue", "NewValue").Hint("Value to write");
+}
