@@ -16,28 +16,145 @@ else
   with_ant() { :; }
 fi
 
-cat >"$work/empty.vekproj" <<'XML'
-<?xml version="1.0" encoding="UTF-8"?>
-<VekProject Version="1"/>
-XML
-echo '<project default="all"><target name="all"/></project>' >"$work/empty.xml"
-echo 'all: ;' >"$work/empty.mk"
-cat >"$work/delete.xml" <<'XML'
-<project default="all">
-  <target name="all"><delete><fileset dir="${folder}" includes="*.txt"/></delete></target>
-</project>
-XML
+# peer NAME COMMAND...: the words of a contestant whose program may be missing.
+peer() { if command -v "$2" >/dev/null; then printf '%s\n' -- "$@"; fi; }
 
-echo "Start-up, an empty project:"
-mapfile -t ant < <(with_ant "$work/empty.xml")
-"$bin/vek_stopwatch" $((rounds * 5)) \
-  -- vekrun "$bin/vekrun" run -q "$work/empty.vekproj" \
-  -- make make -f "$work/empty.mk" \
-  "${ant[@]}"
+# project NAME: makes NAME.vekproj of the actions on standard input.
+project() {
+  { echo '<VekProject Version="1"><Actions>'; cat; echo '</Actions></VekProject>'; } >"$work/$1.vekproj"
+}
 
-echo "Deleting 20,000 empty files:"
-mapfile -t ant < <(with_ant "$work/delete.xml" "-Dfolder=$work/files{}")
-"$bin/vek_stopwatch" "$rounds" --prepare "$here/make_files.sh" "$work/files{}" 20000 \
-  -- vekrun "$bin/vekrun" exec -q HDELETE_FILE "FileSpec=$work/files{}/*.txt" \
-  -- 'rm -rf' rm -rf "$work/files{}" \
-  "${ant[@]}"
+# ant_build NAME: makes NAME.xml of the tasks on standard input.
+ant_build() {
+  { echo '<project default="all"><target name="all">'; cat; echo '</target></project>'; } >"$work/$1.xml"
+}
+
+# loop COUNT: a File Iterator with as many passes around the actions on standard input; the loop variable is F
+# and holds file00001.txt and so on.
+loop() {
+  [[ -d $work/passes$1 ]] || "$here/make_files.sh" "$work/passes$1" "$1"
+  cat <<XML
+<Action Type="HFILEITERATOR">
+  <Properties>
+    <VariableName>F</VariableName><FileSpec>$work/passes$1/*</FileSpec><IncludeFilePath>False</IncludeFilePath>
+  </Properties>
+  <Actions>
+XML
+  cat
+  echo '</Actions></Action>'
+}
+
+stopwatch() { "$bin/vek_stopwatch" "$@"; }
+
+startup() {
+  project empty </dev/null
+  ant_build empty </dev/null
+  echo 'all: ;' >"$work/empty.mk"
+  mapfile -t ant < <(with_ant "$work/empty.xml")
+  echo "Start-up, an empty project:"
+  stopwatch $((rounds * 5)) -- vekrun "$bin/vekrun" run -q "$work/empty.vekproj" \
+    -- make make -f "$work/empty.mk" "${ant[@]}"
+}
+
+delete_files() {
+  ant_build delete <<<'<delete><fileset dir="${folder}" includes="*.txt"/></delete>'
+  mapfile -t ant < <(with_ant "$work/delete.xml" "-Dfolder=$work/files{}")
+  echo "Deleting 20,000 empty files:"
+  stopwatch "$rounds" --prepare "$here/make_files.sh" "$work/files{}" 20000 \
+    -- vekrun "$bin/vekrun" exec -q HDELETE_FILE "FileSpec=$work/files{}/*.txt" \
+    -- 'rm -rf' rm -rf "$work/files{}" "${ant[@]}"
+}
+
+copy_files() {
+  "$here/make_tree.sh" "$work/small" 100 200 2048
+  ant_build copy <<<'<copy todir="${to}" preservelastmodified="true"><fileset dir="${from}"/></copy>'
+  mapfile -t ant < <(with_ant "$work/copy.xml" "-Dfrom=$work/small" "-Dto=$work/copy{}")
+  echo "Copying 20,000 files of 2 KiB in 100 folders:"
+  stopwatch "$rounds" -- vekrun "$bin/vekrun" exec -q HCOPYFILES "FileSpec=$work/small/*" \
+    "Target=$work/copy{}" Recurse=True Force=True \
+    -- 'cp -r' cp -r "$work/small" "$work/copy{}" "${ant[@]}"
+  rm -rf "$work/small" "$work"/copy*
+
+  head -c 1G /dev/urandom >"$work/large"
+  echo "Copying one file of 1 GiB:"
+  stopwatch 5 --prepare sh -c "rm -f '$work'/large-*" \
+    -- vekrun "$bin/vekrun" exec -q HCOPYFILES "FileSpec=$work/large" "Target=$work/large-{}" \
+    -- cp cp "$work/large" "$work/large-{}"
+  rm -f "$work"/large*
+}
+
+list_files() {
+  "$here/make_tree.sh" "$work/many" 1000 100 0
+  local name any
+  for any in True False; do
+    project "list$any" <<XML
+<Action Type="HFILEITERATOR"><Properties>
+  <FileSpec>$work/many/*.txt</FileSpec><Recurse>True</Recurse><FindAnyFile>$any</FindAnyFile>
+</Properties></Action>
+XML
+  done
+  ant_build list <<<"<fileset id='f' dir='$work/many' includes='**/*.txt'/><pathconvert property='p' refid='f'/>"
+  mapfile -t ant < <(with_ant "$work/list.xml")
+  echo "Listing 100,000 files in 1,000 folders (the second vekrun leaves hidden files out):"
+  stopwatch "$rounds" -- find find "$work/many" -name '*.txt' \
+    -- vekrun "$bin/vekrun" run "$work/listTrue.vekproj" \
+    -- 'vekrun, no hidden' "$bin/vekrun" run "$work/listFalse.vekproj" "${ant[@]}"
+  rm -rf "$work/many"
+}
+
+run_loop() {
+  loop 10000 <<<'<Action Type="ACTIONGROUP"/>' | project loop
+  echo 'i=0; while [ $i -lt 10000 ]; do :; i=$((i + 1)); done' >"$work/loop.sh"
+  { for ((i = 0; i < 10000; ++i)); do echo '<property name="p" value="1"/>'; done; } | ant_build loop
+  mapfile -t ant < <(with_ant "$work/loop.xml")
+  echo "10,000 passes of a loop with one trivial child:"
+  stopwatch "$rounds" -- vekrun "$bin/vekrun" run -q "$work/loop.vekproj" \
+    -- sh sh "$work/loop.sh" "${ant[@]}"
+}
+
+run_programs() {
+  loop 1000 <<'XML' | project true
+<Action Type="HEXECUTEPROG"><Properties><ProgramName>/bin/true</ProgramName><LogOutput>False</LogOutput></Properties></Action>
+XML
+  echo 'i=0; while [ $i -lt 1000 ]; do /bin/true; i=$((i + 1)); done' >"$work/true.sh"
+  { echo 'rule r'; echo ' command = /bin/true $out'
+    for ((i = 0; i < 1000; ++i)); do echo "build o$i: r"; done; } >"$work/build.ninja"
+  mapfile -t ninja < <(peer ninja ninja --quiet -j1 -C "$work")
+  { for ((i = 0; i < 1000; ++i)); do echo '<exec executable="/bin/true"/>'; done; } | ant_build true
+  mapfile -t ant < <(with_ant "$work/true.xml")
+  echo "Running /bin/true 1,000 times:"
+  stopwatch 5 -- vekrun "$bin/vekrun" run -q "$work/true.vekproj" \
+    -- sh sh "$work/true.sh" "${ninja[@]}" "${ant[@]}"
+}
+
+capture_output() {
+  yes 'a line of output as programs write them, some sixty bytes' | head -c 100000000 >"$work/output"
+  echo "Capturing 100 MB of output line by line:"
+  stopwatch 5 -- vekrun "$bin/vekrun" exec HEXECUTEPROG ProgramName=cat "Params=$work/output" \
+    -- 'line reader' "$bin/vek_line_reader" cat "$work/output" \
+    -- 'cat | cat' sh -c "cat '$work/output' | cat"
+  rm -f "$work/output"
+}
+
+ini_files() {
+  { echo '[Keys]'; for ((i = 1; i <= 10000; ++i)); do printf 'file%05d.txt=value %d\n' "$i" "$i"; done; } \
+    >"$work/keys.ini"
+  loop 500 <<XML | project write
+<Action Type="HWRITEINI"><Properties><IniFile>$work/keys.ini</IniFile><Section>Keys</Section>
+<ValueName>%F%</ValueName><NewValue>new</NewValue></Properties></Action>
+XML
+  loop 500 <<XML | project read
+<Action Type="HREADINI"><Properties><IniFile>$work/keys.ini</IniFile><Section>Keys</Section>
+<ValueName>%F%</ValueName><VariableName>V</VariableName></Properties></Action>
+XML
+  local what
+  for what in write read; do
+    mapfile -t python < <(peer python3 python3 "$here/ini.py" "$what" "$work/keys.ini" 500)
+    echo "500 INI ${what}s in a file of 10,000 keys:"
+    stopwatch 3 -- vekrun "$bin/vekrun" run -q "$work/$what.vekproj" "${python[@]}"
+  done
+}
+
+for part in startup delete_files copy_files list_files run_loop run_programs capture_output ini_files; do
+  if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
+done
