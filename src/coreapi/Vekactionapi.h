@@ -183,6 +183,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// The system's message for an error code.
   std::string SysErrorMessage(Win32Error code) const;
 
+  /// Reports a folder that a search could not look into, and which it leaves out.
+  void ReportUnreadable(std::string_view folder, Win32Error code) const;
+
  private:
   friend class VekRuntimeBrowser;
 

@@ -7,6 +7,7 @@ void TFolderWalk::ForEachFolder(const std::string& folder, uint32_t mask, const 
   SysResult found;
   const auto search =
       finder_.Open(folder + "*", mask | FileAttribute::Directory, FindDetail::FolderNames, found);
+  if (IsUnreadable(found)) unreadable_(folder, found.code);
   for (FoundEntry entry; search->Next(entry);) {
     if (entry.name == "." || entry.name == "..") continue;
     const bool isLink = (entry.attributes & FileAttribute::ReparsePoint) != 0;

@@ -10,10 +10,19 @@
 #include "platform/Finder.h"
 #include "vekcoreapi_export.h"
 
+/// Told of a search that could not look where it should: the folder, and what the system says.
+using UnreadableFolder = std::function<void(std::string_view folder, Win32Error code)>;
+
+/// Whether a search failed for another reason than that there is nothing to find.
+constexpr bool IsUnreadable(SysResult found) {
+  return !found && found.code != Win32Error::FileNotFound && found.code != Win32Error::PathNotFound;
+}
+
 /// A recursive walk through folders. It follows links, but goes into no folder that it is already inside.
 class VEK_API TFolderWalk {
  public:
-  TFolderWalk(Files& files, Finder& finder) : files_(files), finder_(finder) {}
+  TFolderWalk(Files& files, Finder& finder, UnreadableFolder unreadable)
+      : files_(files), finder_(finder), unreadable_(std::move(unreadable)) {}
 
   /// Calls `visit` with the name of each sub-folder of `folder`, in the order of the disk, hidden and system
   /// ones left out unless the mask has their bits. `folder` ends in a delimiter, or is empty for the current
@@ -31,6 +40,7 @@ class VEK_API TFolderWalk {
 
   Files& files_;
   Finder& finder_;
+  UnreadableFolder unreadable_;
   std::vector<Step> trail_;
   size_t links_ = 0;  // how many steps of the trail are behind a link
 };

@@ -125,6 +125,9 @@ ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
 ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
   const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+  // What asks running actions to terminate may have come before this one was among them.
+  if (context_.Stop().Stopped())
+    return ReportTimeout(running, action) ? ActionResult::Failure : FailureOrStop();
   // What an attempt that broke off left behind is no part of this one.
   action.ResetBuildStatus();
   action.SetActionStatus(TVekActionStatus::asRunning);

@@ -8,6 +8,7 @@
 #include "coreapi/Vekfilesets.h"
 #include "coreapi/Vekfolderwalk.h"
 #include "host/PathPattern.h"
+#include "platform/ErrorTexts.h"
 #include "platform/FileAttributes.h"
 #include "platform/Platform.h"
 
@@ -64,12 +65,17 @@ class Evaluation {
   Evaluation(IVekActionHost& host, const FileSetDeclaration& declaration)
       : host_(host),
         finder_(host.GetPlatform().finder),
-        walk_(host.GetPlatform().files, finder_),
+        walk_(host.GetPlatform().files, finder_,
+              [&host](std::string_view folder, Win32Error code) {
+                throw EVekError("cannot search " + std::string(folder) + ": " +
+                                host.GetPlatform().errorTexts.Text(code));
+              }),
         includes_(host, declaration.includes),
         excludes_(host, declaration.excludes) {}
 
   StringList FilesBelow(const std::string& baseFolder) {
     Visit(baseFolder, includes_.Start(), excludes_.Start());
+    if (host_.StopSignalled()) throw EVekError("stopped before the file set was complete");
     return std::move(files_);
   }
 

@@ -26,7 +26,7 @@ struct FilesAndLoops : testing::Test {
     StringList lines;
     for (const auto& event : result.Of("message")) {
       const std::string text = ReplaceAll(event.at("text").get<std::string>(), "\\", "/");
-      lines.push_back(ReplaceAll(text, folder.Path() + '/', ""));
+      lines.push_back(ReplaceAll(text, ReplaceAll(folder.Path(), "\\", "/") + '/', ""));
     }
     return lines;
   }

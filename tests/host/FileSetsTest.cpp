@@ -5,6 +5,7 @@
 #include "host/PathPattern.h"
 #include "support/OsFixture.h"
 #include "support/ProjectFixture.h"
+#include "support/WineLimits.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -124,6 +125,7 @@ TEST_F(FileSetsTest, AMissingFolderHoldsNothing) {
 }
 
 TEST_F(FileSetsTest, FollowsLinksButNotRoundInCircles) {
+  if (WineLimits::NoLinks()) GTEST_SKIP() << "Wine makes no links";
   folder.Write("a/x.txt");
   folder.Write("b/y.txt");
   MakeLink("..", folder.Path("a/up"));
@@ -132,6 +134,15 @@ TEST_F(FileSetsTest, FollowsLinksButNotRoundInCircles) {
   MakeLink("../b", folder.Path("a/side"));
   Set().Refresh();
   EXPECT_THAT(Files(Set()), ElementsAre("a/x.txt", "a/side/y.txt", "b/y.txt"));
+}
+
+TEST_F(FileSetsTest, AWalkThatIsBrokenOffLeavesTheSetAsItWas) {
+  folder.Write("a/x.txt");
+  folder.Write("b/y.txt");
+  Declare({"**"});
+  IVekFileSet& set = Set();
+  Context().Stop().RequestStop();
+  EXPECT_THROW(set.GetFileList("|"), EVekError);
 }
 
 TEST_F(FileSetsTest, OthersAreNotFound) {

@@ -2,6 +2,7 @@
 #include "gtest/gtest.h"
 
 #include "iterators/Vekfileiterator.h"
+#include "platform/FileAttributes.h"
 #include "support/NullHost.h"
 #include "support/OsFixture.h"
 #include "support/ProjectFixture.h"
@@ -68,8 +69,10 @@ TEST_F(FileIteratorTest, TheFilesOfAFolderComeBeforeThoseOfItsSubFolders) {
 
 TEST_F(FileIteratorTest, WhatASearchFinds) {
   for (const char* name : {"a.txt", "b.txt", ".h.txt", "sub/a.txt", ".git/a.txt"}) folder.Write(name);
-  SetMode(folder.Path("b.txt"), 0444);
-  const bool hidesDots = StoresAttributes(folder.Path());
+  Files& files = GetPlatform().files;
+  files.SetAttributes(folder.Path("b.txt"), FileAttribute::ReadOnly);
+  // Where a leading dot does not hide, an attribute does.
+  for (const char* name : {".h.txt", ".git"}) files.SetAttributes(folder.Path(name), FileAttribute::Hidden);
   struct Case {
     std::string_view spec;
     bool recurse, path, anyFile;
@@ -86,7 +89,6 @@ TEST_F(FileIteratorTest, WhatASearchFinds) {
       {"missing/*", true, true, true, {}},
   };
   TFileIterator& iterator = AddIterator();
-  if (!hidesDots) GTEST_SKIP() << "needs a file system with hidden files";
   for (const Case& test : cases) {
     iterator.SetFileSpec(WideString(folder.Path(test.spec)));
     iterator.SetIncludeFilePath(test.path);

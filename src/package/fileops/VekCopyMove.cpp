@@ -98,6 +98,7 @@ void TCustomCopyFilesAction::StartRun() {
   FilesAffected = 0;
   ErrorCount = 0;
   cancel_ = false;
+  if (StopSignalled()) cancel_ = true;  // the wish to stop may have come before the flag was cleared
   copyOptions_.failIfExists = FailIfExists;
   madeFolder_.clear();
 }
@@ -164,7 +165,10 @@ bool TCustomCopyFilesAction::Execute() {
   message->AddLine("Copying files : " + source + " -> " + target);
   return RunAndReport(message, " Files Copied.", [&] {
     const Platform& platform = GetPlatform();
-    CopyRun run{*message, target, TFolderWalk(platform.files, platform.finder), {}};
+    const auto unreadable = [this](std::string_view folder, Win32Error code) {
+      ReportUnreadable(folder, code);
+    };
+    CopyRun run{*message, target, TFolderWalk(platform.files, platform.finder, unreadable), {}};
     return CopyTree(run, source, target) && (FilesAffected > 0 || !FailIfZeroFiles);
   });
 }
@@ -183,6 +187,8 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
                                          const std::string& target) {
   SysResult found;
   const auto search = GetPlatform().finder.Open(spec, FileAttribute::AnyFile, FindDetail::Names, found);
+  // A walk into the sub-folders comes upon the same and reports it.
+  if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   const bool takesAll = HasWildcard(spec);
   std::string sourceFile = folder;
   std::string targetFile = targetIsDir_ ? std::string(WithoutTrailingDelimiter(target)) + '\\' : target;

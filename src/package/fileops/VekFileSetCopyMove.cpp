@@ -69,8 +69,9 @@ void TCustomVekFileSetCopyMoveAction::TerminateAction() {
 }
 
 void TCustomVekFileSetCopyMoveAction::StartRun() {
-  stopLoop_ = false;
-  cancelCopy_ = false;
+  stopLoop_ = cancelCopy_ = false;
+  // The wish to stop may have come before the flags were cleared.
+  if (StopSignalled()) stopLoop_ = cancelCopy_ = true;
   totalBytes_ = finishedBytes_ = fileBytes_ = 0;
   lastPercent_ = 0;
   progressText_.clear();

@@ -1,4 +1,5 @@
 #include "base/WindowsPath.h"
+#include "coreapi/Vekfolderwalk.h"
 #include "fileops/VekCopyMove.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
@@ -21,9 +22,9 @@ bool AreOneFile(Files& files, const std::string& a, const std::string& b) {
 /// back: a move that fails costs no file.
 class DisplacedFile {
  public:
-  explicit DisplacedFile(Files& files) : files_(files) {}
+  DisplacedFile(Files& files, IVekActionLogMessage& message) : files_(files), message_(message) {}
   ~DisplacedFile() {
-    if (!aside_.empty()) files_.Move(aside_, path_, 0);
+    if (!aside_.empty() && !files_.Move(aside_, path_, 0)) Tell();
   }
   DisplacedFile(const DisplacedFile&) = delete;
   DisplacedFile& operator=(const DisplacedFile&) = delete;
@@ -31,7 +32,8 @@ class DisplacedFile {
   SysResult Displace(const std::string& path) {
     SysResult moved;
     for (int number = 1; number <= kMostNames; ++number) {
-      const std::string aside = path + ".replaced" + std::to_string(number);
+      // A short name, because the file's own may leave no room for more.
+      const std::string aside = std::string(FolderPart(path)) + ".replaced" + std::to_string(number);
       moved = files_.Move(path, aside, 0);
       if (moved) {
         path_ = path;
@@ -43,14 +45,17 @@ class DisplacedFile {
   }
 
   void Delete() {
-    if (!aside_.empty()) files_.Delete(aside_);
+    if (!aside_.empty() && !files_.Delete(aside_)) Tell();
     aside_.clear();
   }
 
  private:
   static constexpr int kMostNames = 100;
 
+  void Tell() const { message_.AddLine(" --> The replaced file is left as : " + aside_); }
+
   Files& files_;
+  IVekActionLogMessage& message_;
   std::string path_, aside_;
 };
 
@@ -87,6 +92,7 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
   constexpr uint32_t kMask = FileAttribute::ReadOnly | FileAttribute::Hidden;
   SysResult found;
   const auto search = GetPlatform().finder.Open(spec, kMask, FindDetail::Names, found);
+  if (IsUnreadable(found)) ReportUnreadable(FolderPart(spec), found.code);
   FoundEntry match;
   // FailIfZeroFiles is about matches that stayed where they were; without a match there is nothing to fail.
   if (!search->Next(match)) return true;
@@ -96,7 +102,8 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
   do {
     const std::string targetFile = TargetIsDir() ? targetFolder + match.name : target;
     if (Force && TargetIsDir()) MakeFolderOf(targetFile);
-    if (!MoveMatch(folder + match.name, targetFile, message)) return false;
+    // A move is not broken off, but the next one need not begin.
+    if (StopSignalled() || !MoveMatch(folder + match.name, targetFile, message)) return false;
   } while (search->Next(match));
   return FilesAffected > 0 || !FailIfZeroFiles;
 }
@@ -111,7 +118,7 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
     return false;
   };
 
-  DisplacedFile displaced(files);
+  DisplacedFile displaced(files, message);
   const bool targetExists = files.FileExists(target);
   if (StopOnAnyErrors && !files.FileExists(source)) return report("Source File Does not exist");
   if (targetExists) {

@@ -112,7 +112,8 @@ void TCustomFileIterator::SearchFiles(const std::string& spec) {
   try {
     SendMessage("Searching for Files...");
     files_.clear();
-    TFolderWalk walk(GetPlatform().files, GetPlatform().finder);
+    TFolderWalk walk(GetPlatform().files, GetPlatform().finder,
+                     [this](std::string_view folder, Win32Error code) { ReportUnreadable(folder, code); });
     Search(walk, std::string(FolderPart(spec)), NamePart(spec));
     SendMessage("Found " + std::to_string(files_.size()) + " Files.");
     SendFileList();
@@ -136,6 +137,8 @@ void TCustomFileIterator::TakeMatches(const std::string& folder, std::string_vie
   SysResult found;
   const auto search = GetPlatform().finder.Open(
       folder + std::string(mask), FindAnyFile ? FileAttribute::AnyFile : 0, FindDetail::Names, found);
+  // A walk into the sub-folders comes upon the same and reports it.
+  if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   for (FoundEntry entry; search->Next(entry);) {
     files_.push_back(includeFilePath_ ? folder + entry.name : std::move(entry.name));
   }
