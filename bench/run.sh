@@ -128,7 +128,7 @@ XML
 }
 
 capture_output() {
-  yes 'a line of output as programs write them, some sixty bytes' | head -c 100000000 >"$work/output"
+  head -c 100000000 < <(yes 'a line of output as programs write them, some sixty bytes') >"$work/output"
   echo "Capturing 100 MB of output line by line:"
   stopwatch 5 -- vekrun "$bin/vekrun" exec HEXECUTEPROG ProgramName=cat "Params=$work/output" \
     -- 'line reader' "$bin/vek_line_reader" cat "$work/output" \

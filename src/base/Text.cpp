@@ -82,7 +82,7 @@ std::string UpCase(std::string_view text) {
   return result;
 }
 
-bool SameText(std::string_view a, std::string_view b) { return CompareNoCase(a, b) == 0; }
+bool SameText(std::string_view a, std::string_view b) { return a == b || CompareNoCase(a, b) == 0; }
 
 bool LessNoCase::operator()(std::string_view a, std::string_view b) const { return CompareNoCase(a, b) < 0; }
 

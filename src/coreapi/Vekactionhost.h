@@ -37,6 +37,10 @@ class IVekActionHost {
   virtual void SendProgress(std::string_view text, int32_t percent) = 0;
   virtual void ReportError(std::string_view text) = 0;
 
+  /// What is logged while the log is held back may be written in one go when it is let go: for a moment in
+  /// which much happens at once.
+  virtual void HoldLog(bool /*held*/) {}
+
   /// Runs the script with its parameters; reports and answers false when it does not compile or throws.
   /// [build thread]
   virtual bool ExecuteScript(TCustomVekAction& action, IVekActionScript& script, Variant& result) = 0;

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "coreapi/Vekactionapi.h"
+#include "coreapi/Vekactionhost.h"
 #include "coreapi/Vekcommandline.h"
 #include "coreapi/Vekprocess.h"
 
@@ -43,6 +44,8 @@ class VEK_API TVekExecuteAbstractAction : public TVekAction, private IVekProcess
   int32_t RunExecutable(const std::string& executable, const std::string& parameters,
                         const std::string& startingDir);
   void OnStdOutData(IVekProcess& process, std::string_view data) override;
+  void BeginBurst() override { GetActionContext().HoldLog(true); }
+  void EndBurst() override { GetActionContext().HoldLog(false); }
   void OnStdErrData(IVekProcess& process, std::string_view data) override;
 
   StopEvent stop_;

@@ -69,6 +69,8 @@ class VekProcess final : public IVekProcess, private ProcessOutput, private IVek
     if (joinErrorOutput_) return OnStdOut(line);
     if (deliverEmptyLines_ || !line.empty()) events_->OnStdErrData(*this, line);
   }
+  void BeginBurst() override { events_->BeginBurst(); }
+  void EndBurst() override { events_->EndBurst(); }
 
   // IVekScriptObject
   bool GetMember(std::string_view name, Variant& value) override {

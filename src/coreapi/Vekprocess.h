@@ -18,6 +18,10 @@ class IVekProcessEvents {
   virtual ~IVekProcessEvents() = default;
   virtual void OnStdOutData(IVekProcess& process, std::string_view data) = 0;
   virtual void OnStdErrData(IVekProcess& process, std::string_view data) = 0;
+
+  /// Brackets lines that came together; a log may take them in one go.
+  virtual void BeginBurst() {}
+  virtual void EndBurst() {}
 };
 
 /// A program to run. What is referred to must outlive the run. [build thread]

@@ -57,6 +57,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   void SendStatusMessage(const IVekActionLogMessage& message) override;
   void SendProgress(std::string_view text, int32_t percent) override;
   void ReportError(std::string_view text) override;
+  void HoldLog(bool held) override;
   bool ExecuteScript(TCustomVekAction& action, IVekActionScript& script, Variant& result) override;
   bool StopSignalled() override { return stop_.Stopped(); }
   bool IsUnattended() override { return unattended_; }

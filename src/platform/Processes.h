@@ -73,6 +73,22 @@ class ProcessOutput {
   virtual ~ProcessOutput() = default;
   virtual void OnStdOut(std::string_view line) = 0;
   virtual void OnStdErr(std::string_view line) = 0;
+
+  /// Brackets lines that came together.
+  virtual void BeginBurst() {}
+  virtual void EndBurst() {}
+};
+
+/// The bracket as a scope.
+class OutputBurst {
+ public:
+  explicit OutputBurst(ProcessOutput& output) : output_(output) { output_.BeginBurst(); }
+  ~OutputBurst() { output_.EndBurst(); }
+  OutputBurst(const OutputBurst&) = delete;
+  OutputBurst& operator=(const OutputBurst&) = delete;
+
+ private:
+  ProcessOutput& output_;
 };
 
 /// The exit code of a run that was stopped.

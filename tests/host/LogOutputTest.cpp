@@ -30,6 +30,25 @@ TEST(LogOutput, WhatTheFailureSetsOffIsNotWritten) {
   EXPECT_EQ(stream.calls, 1);
 }
 
+TEST(LogOutput, WhatIsHeldBackIsWrittenInOneGo) {
+  MemoryStream stream(1000000);
+  LogOutput output(stream, [] {});
+  const auto log = CreateJsonLog(output);
+  log->Hold(true);
+  log->Message("/1", "a");
+  log->Message("/1", "b");
+  EXPECT_EQ(stream.calls, 0);
+  log->Hold(false);
+  EXPECT_EQ(stream.calls, 1);
+  log->Message("/1", "c");
+  EXPECT_EQ(stream.calls, 2);
+  EXPECT_EQ(SplitLines(stream.Text()).size(), 3u);
+
+  output.Hold(true);
+  output.Write(std::string(400000, 'x'));  // not even then is memory without bounds
+  EXPECT_EQ(stream.calls, 3);
+}
+
 TEST(LogOutput, EveryFormatEndsQuietlyOnAFullDisk) {
   for (const auto create : {&CreateJsonLog, &CreateJunitLog, +[](LogOutput& output) {
                               return CreateTextLog(output, {.liveProgress = true});

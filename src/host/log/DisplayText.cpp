@@ -67,8 +67,22 @@ std::string TwoDigits(int64_t number) { return (number < 10 ? "0" : "") + std::t
 
 }  // namespace
 
+// No branches and no way out of the loop, so that many characters are looked at at once.
+bool IsPlainText(std::string_view text) {
+  unsigned char unusual = 0;
+  for (const char c : text) {
+    const auto offset = static_cast<unsigned char>(c - 0x20);
+    unusual |= static_cast<unsigned char>((offset > 0x5E) & (c != '\t'));
+  }
+  return unusual == 0;
+}
+
 void AppendDisplayText(std::string& out, std::string_view text) {
   const auto isPlain = [](char c) { return (c >= 0x20 && c < 0x7F) || c == '\t'; };
+  if (IsPlainText(text)) {
+    out += text;
+    return;
+  }
   for (size_t i = 0; i < text.size();) {
     const auto start = text.begin() + static_cast<std::ptrdiff_t>(i);
     const auto plainEnd = std::find_if_not(start, text.end(), isPlain);

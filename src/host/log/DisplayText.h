@@ -6,6 +6,9 @@
 
 /// Text made fit for people's eyes and for terminals, which obey what they are sent.
 
+/// Whether the text is made of printable ASCII characters and tabs.
+bool IsPlainText(std::string_view text);
+
 /// Appends the text with control and direction-changing characters spelled out (\x1B, \u202E) and bytes that
 /// are not UTF-8 as U+FFFD, so that a file name can neither move the cursor nor disguise itself. Tabs stay.
 void AppendDisplayText(std::string& out, std::string_view text);

@@ -41,4 +41,7 @@ class EventSink {
   virtual void Error(std::string_view path, std::string_view text) = 0;
   virtual void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) = 0;
   virtual void BuildEnd(const BuildSummary& summary) = 0;
+
+  /// Events need not be written before they are let go.
+  virtual void Hold(bool /*held*/) {}
 };

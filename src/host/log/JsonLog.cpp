@@ -3,12 +3,13 @@
 #include <string>
 #include <utility>
 
+#include "host/log/DisplayText.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = nlohmann::json;
 
 double ToMicroseconds(double seconds) { return std::round(seconds * 1e6) / 1e6; }
 
@@ -21,61 +22,97 @@ Json ToJson(const Variant& value) {
   return VariantToText(value);
 }
 
+/// Whether plain text holds what JSON spells otherwise; branchless, as IsPlainText is.
+bool HasEscape(std::string_view text) {
+  unsigned char found = 0;
+  for (const char c : text) found |= static_cast<unsigned char>((c == '"') | (c == '\\') | (c == '\t'));
+  return found != 0;
+}
+
+/// One event as it is put together. Most text needs no escapes and is copied.
+class JsonLine {
+ public:
+  explicit JsonLine(std::string_view event) { Text("event", event); }
+
+  JsonLine& Text(std::string_view key, std::string_view text) {
+    if (!IsPlainText(text) || HasEscape(text)) return Value(key, text);
+    Key(key).append(1, '"').append(text) += '"';
+    return *this;
+  }
+
+  JsonLine& Value(std::string_view key, const Json& value) {
+    Key(key) += value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return *this;
+  }
+
+  std::string_view End() { return line_ += "}\n"; }
+
+ private:
+  std::string& Key(std::string_view key) {
+    return line_.append(line_.empty() ? "{\"" : ",\"").append(key).append("\":");
+  }
+
+  std::string line_;
+};
+
 class JsonLog final : public EventSink {
  public:
   explicit JsonLog(LogOutput& output) : output_(output) {}
 
   void BuildStart(std::string_view project) override {
-    Write({{"event", "build-start"}, {"project", project}});
+    Write(JsonLine("build-start").Text("project", project));
   }
 
   void ActionStart(const ActionPlace& place) override {
-    Write({{"event", "action-start"}, {"path", place.path}, {"type", place.type}, {"title", place.title}});
+    Write(JsonLine("action-start")
+              .Text("path", place.path)
+              .Text("type", place.type)
+              .Text("title", place.title));
   }
 
   void Message(std::string_view path, std::string_view text) override {
-    Write({{"event", "message"}, {"path", path}, {"text", text}});
+    Write(JsonLine("message").Text("path", path).Text("text", text));
   }
 
   void Status(std::string_view path, const StringList& lines) override {
-    Write({{"event", "status"}, {"path", path}, {"lines", lines}});
+    Write(JsonLine("status").Text("path", path).Value("lines", lines));
   }
 
   void Progress(std::string_view path, std::string_view text, int32_t percent) override {
-    Write({{"event", "progress"}, {"path", path}, {"text", text}, {"percent", percent}});
+    Write(JsonLine("progress").Text("path", path).Text("text", text).Value("percent", percent));
   }
 
   void Variable(std::string_view path, std::string_view name, const Variant& value) override {
-    Write({{"event", "variable"},
-           {"path", path},
-           {"name", name},
-           {"type", VariantTypeName(value)},
-           {"value", ToJson(value)}});
+    Write(JsonLine("variable")
+              .Text("path", path)
+              .Text("name", name)
+              .Text("type", VariantTypeName(value))
+              .Value("value", ToJson(value)));
   }
 
   void Error(std::string_view path, std::string_view text) override {
-    Write({{"event", "error"}, {"path", path}, {"text", text}});
+    Write(JsonLine("error").Text("path", path).Text("text", text));
   }
 
   void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override {
-    Write({{"event", "action-end"},
-           {"path", place.path},
-           {"result", ActionResultName(result)},
-           {"seconds", ToMicroseconds(seconds)}});
+    Write(JsonLine("action-end")
+              .Text("path", place.path)
+              .Text("result", ActionResultName(result))
+              .Value("seconds", ToMicroseconds(seconds)));
   }
 
   void BuildEnd(const BuildSummary& summary) override {
-    Write({{"event", "build-end"},
-           {"result", ActionResultName(summary.result)},
-           {"seconds", ToMicroseconds(summary.seconds)},
-           {"actions", summary.actions},
-           {"failures", summary.failures}});
+    Write(JsonLine("build-end")
+              .Text("result", ActionResultName(summary.result))
+              .Value("seconds", ToMicroseconds(summary.seconds))
+              .Value("actions", summary.actions)
+              .Value("failures", summary.failures));
   }
 
+  void Hold(bool held) override { output_.Hold(held); }
+
  private:
-  void Write(const Json& event) {
-    output_.Write(event.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');
-  }
+  void Write(JsonLine& line) { output_.Write(line.End()); }
 
   LogOutput& output_;
 };

@@ -4,10 +4,28 @@
 
 #include "platform/Console.h"
 
+namespace {
+
+constexpr size_t kMostPending = size_t{256} << 10;
+
+}  // namespace
+
 LogOutput::LogOutput(OutputStream& stream, std::function<void()> onFailure)
     : stream_(stream), onFailure_(std::move(onFailure)) {}
 
 void LogOutput::Write(std::string_view bytes) {
+  if (!held_) return WriteNow(bytes);
+  pending_ += bytes;
+  if (pending_.size() >= kMostPending) WriteNow(std::exchange(pending_, {}));
+}
+
+void LogOutput::Hold(bool held) {
+  held_ = held;
+  if (!held_) WriteNow(pending_);
+  pending_.clear();
+}
+
+void LogOutput::WriteNow(std::string_view bytes) {
   if (Failed() || bytes.empty()) return;
   const SysResult written = stream_.Write(bytes);
   if (written.ok) return;

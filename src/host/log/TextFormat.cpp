@@ -22,6 +22,12 @@ constexpr ResultWords kWords[] = {{"succeeded", "succeeded in ", "Succeeded"},
 
 const ResultWords& WordsOf(ActionResult result) { return kWords[static_cast<size_t>(result)]; }
 
+/// Up to the first line break.
+size_t LineLength(std::string_view text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  return std::min(line.find('\r'), line.size());
+}
+
 }  // namespace
 
 size_t PathDepth(std::string_view path) { return static_cast<size_t>(std::ranges::count(path, '/')); }
@@ -85,13 +91,10 @@ void TextFormat::Summary(std::string& out, const BuildSummary& summary) const {
 void TextFormat::Lines(std::string& out, size_t depth, Tone tone, std::string_view mark,
                        std::string_view text) const {
   const size_t indent = kIndent * depth;
-  std::string shown;
   for (bool first = true; first || !text.empty(); first = false) {
-    const size_t end = std::min(text.find_first_of("\r\n"), text.size());
-    shown.clear();
-    AppendDisplayText(shown, text.substr(0, end));
-    first ? Line(out, indent, tone, mark, shown)
-          : Line(out, indent + (mark.empty() ? 0 : kIndent), tone, "", shown);
+    const size_t end = LineLength(text);
+    first ? Line(out, indent, tone, mark, text.substr(0, end))
+          : Line(out, indent + (mark.empty() ? 0 : kIndent), tone, "", text.substr(0, end));
     text.remove_prefix(std::min(text.size(), end + (text.substr(end, 2) == "\r\n" ? 2 : 1)));
   }
 }
@@ -100,7 +103,8 @@ void TextFormat::Line(std::string& out, size_t indent, Tone tone, std::string_vi
                       std::string_view text) const {
   if (!mark.empty() || !text.empty()) {
     const std::string_view code = colours_ ? kToneCodes[static_cast<size_t>(tone)] : "";
-    out.append(indent, ' ').append(code).append(mark).append(text);
+    out.append(indent, ' ').append(code).append(mark);
+    AppendDisplayText(out, text);
     if (!code.empty()) out += kToneEnd;
   }
   out += '\n';

@@ -61,6 +61,8 @@ class TextLog final : public EventSink {
     Write();
   }
 
+  void Hold(bool held) override { output_.Hold(held); }
+
   void BuildEnd(const BuildSummary& summary) override {
     pending_ += '\n';
     format_.Summary(pending_, summary);

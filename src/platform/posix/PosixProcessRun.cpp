@@ -136,6 +136,7 @@ size_t PosixProcessRun::ReadOnce(Stream& stream) {
     stream.pipe.Close();
     return 0;
   }
+  const OutputBurst burst(*output_);
   stream.lines.Take(static_cast<size_t>(count),
                     [&](std::string_view line) { (output_->*stream.deliver)(line); });
   return static_cast<size_t>(count);

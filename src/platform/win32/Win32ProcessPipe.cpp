@@ -67,6 +67,7 @@ void Win32ProcessPipe::Hand(ProcessOutput& output, size_t count) {
     if (IsUtf8(line)) return (output.*deliver_)(line);
     (output.*deliver_)(FromConsole(line));
   };
+  const OutputBurst burst(output);
   count > 0 ? lines_.Take(count, deliver) : lines_.Finish(deliver);
 }
 
