@@ -11,6 +11,8 @@ string(REPLACE "#undef DUK_USE_NATIVE_STACK_CHECK"
                "#define DUK_USE_NATIVE_STACK_CHECK() VekScriptStackFull()\n#if defined(__cplusplus)\nextern \"C\"\n#endif\nint VekScriptStackFull(void);"
                duk_config "${duk_config}")
 string(REPLACE "#undef DUK_USE_INTERRUPT_COUNTER" "#define DUK_USE_INTERRUPT_COUNTER" duk_config "${duk_config}")
+# "<!--" starts a comment in web pages only; where an expression ends is told without it.
+string(REPLACE "#define DUK_USE_HTML_COMMENTS" "#undef DUK_USE_HTML_COMMENTS" duk_config "${duk_config}")
 file(CONFIGURE OUTPUT ${duktape_dir}/duk_config.h CONTENT "${duk_config}" @ONLY)
 configure_file(${DUKTAPE_SOURCE_DIR}/duktape.h ${duktape_dir}/duktape.h COPYONLY)
 configure_file(${DUKTAPE_SOURCE_DIR}/duktape.c ${duktape_dir}/duktape.c COPYONLY)

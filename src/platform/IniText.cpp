@@ -85,13 +85,18 @@ std::string_view IniText::Value(const Line& line) const {
   return std::string_view(text_).substr(line.begin + line.value, line.end - line.value);
 }
 
+std::string IniText::AsStored(std::string_view text) const {
+  if (encoding_ == IniEncoding::Plain) return std::string(text);
+  return DecodeUtf16(EncodeUtf16(text, encoding_), encoding_);
+}
+
 const IniText::Section* IniText::FindSection(std::string_view name) const {
-  const auto found = sectionIndex_.find(Canonical(name));
+  const auto found = sectionIndex_.find(Canonical(AsStored(name)));
   return found == sectionIndex_.end() ? nullptr : &sections_[found->second];
 }
 
 const IniText::Line* IniText::FindLine(std::string_view section, std::string_view key) const {
-  const auto found = lineIndex_.find(LineKey(section, key));
+  const auto found = lineIndex_.find(LineKey(AsStored(section), AsStored(key)));
   return found == lineIndex_.end() ? nullptr : &lines_[found->second];
 }
 
@@ -172,6 +177,12 @@ void IniText::AddLine(const Line& line) {
 }
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
+  if (encoding_ == IniEncoding::Plain) return SetText(section, key, value);
+  SetText(AsStored(section), AsStored(key), AsStored(value));
+  Encode();
+}
+
+void IniText::SetText(std::string_view section, std::string_view key, std::string_view value) {
   if (const auto line = lineIndex_.find(LineKey(section, key)); line != lineIndex_.end()) {
     SetValue(line->second, value);
   } else if (const auto found = sectionIndex_.find(Canonical(section)); found != sectionIndex_.end()) {
@@ -179,7 +190,6 @@ void IniText::Set(std::string_view section, std::string_view key, std::string_vi
   } else {
     AddSection(section, key, value);
   }
-  Encode();
 }
 
 /// A line that is a bare name becomes the key's.
@@ -233,10 +243,10 @@ bool IniText::Remove(std::string_view section, std::string_view key) {
 }
 
 bool IniText::RemoveSection(std::string_view name) {
-  const auto found = sectionIndex_.find(Canonical(name));
-  if (found == sectionIndex_.end()) return false;
-  const size_t next = found->second + 1;
-  const size_t begin = lines_[sections_[found->second].lines.front()].begin;
+  const Section* section = FindSection(name);
+  if (!section) return false;
+  const auto next = static_cast<size_t>(section - sections_.data()) + 1;
+  const size_t begin = lines_[section->lines.front()].begin;
   const size_t end = next == sections_.size() ? text_.size() : lines_[sections_[next].lines.front()].begin;
   text_.erase(begin, end - begin);
   Reparse();

@@ -49,6 +49,8 @@ class IniText {
 
   std::string_view Name(const Line& line) const;
   std::string_view Value(const Line& line) const;
+  /// What the file makes of a text: UTF-16 has no units for bytes that are not UTF-8.
+  std::string AsStored(std::string_view text) const;
   const Section* FindSection(std::string_view name) const;
   const Line* FindLine(std::string_view section, std::string_view key) const;
 
@@ -57,6 +59,7 @@ class IniText {
   void AddLine(const Line& line);
   void Reparse();
 
+  void SetText(std::string_view section, std::string_view key, std::string_view value);
   void SetValue(size_t line, std::string_view value);
   void AddKey(size_t section, std::string_view key, std::string_view value);
   void AddSection(std::string_view section, std::string_view key, std::string_view value);

@@ -131,6 +131,12 @@ TEST(Expressions, TheEndOfAScriptIsFoundByItsTokens) {
       "typeof /)/<)",
       "i++ / 2 + (1) / 2<)",
       "1 + +/)/<)",
+      "a<!--f(b)<)",
+      "\u00A0/)/<)",
+      "a\u180E/ 2 + (1) / 2<)",
+      "typeof\uFEFF/)/<)",
+      "1 // )\u2028<)",
+      "1 // )\u2029<)",
       "größe / 2 + (1) / 2<)",
       "{a: ')'}<)",
       "a = '",  // none

@@ -65,6 +65,7 @@ TEST_F(ScriptEngineTest, ExpressionsHaveTypedValues) {
       {"0 / 0", "Float NaN"},
       {"1 / 0", "Float Infinity"},
       {"1 < 2", "Boolean True"},
+      {"var i = 2; 1<!--i", "Boolean False"},  // no comment
       {"'a' + 1", "String a1"},
       {"", "String "},
       {"undefined", "String "},

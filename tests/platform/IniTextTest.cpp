@@ -57,4 +57,16 @@ TEST(IniText, Utf16ComesBackWhateverItHolds) {
   }
 }
 
+TEST(IniText, Utf16TakesBytesThatAreNoTextForWhatItMakesOfThem) {
+  IniText text("\xFF\xFE");
+  for (const char* value : {"1", "\xFE"}) {
+    text.Set("S\xFF", "k\xFF", value);
+    EXPECT_EQ(Told(text), Told(IniText(text.Contents())));
+  }
+  EXPECT_EQ(text.Find("S\xFF", "k\xFF"), "\uFFFD");
+  EXPECT_EQ(text.Entries("S\uFFFD").size(), 1u);
+  EXPECT_TRUE(text.Remove("S\xFF", "k\xFF"));
+  EXPECT_TRUE(text.RemoveSection("S\xFF"));
+}
+
 }  // namespace
