@@ -9,6 +9,11 @@
 
 constexpr bool IsPathDelimiter(char c) { return c == '\\' || c == '/'; }
 
+/// A path that does is one of a folder, never of a file.
+constexpr bool EndsInPathDelimiter(std::string_view path) {
+  return !path.empty() && IsPathDelimiter(path.back());
+}
+
 /// Whether the path begins with a drive. A colon further on is part of a name.
 constexpr bool NamesDrive(std::string_view path) {
   const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };

@@ -32,9 +32,9 @@ class Console {
   /// One line of standard input without its line break; nothing at the end of input.
   virtual std::optional<std::string> ReadLine() = 0;
 
-  /// Calls `handler` on a thread of its own at the first Ctrl-C (or a termination request); the second one
-  /// ends the process with exit code 130, and by force the program that it runs. One handler at a time;
-  /// destroying the guard removes it.
+  /// Calls `handler` on a thread of its own at the first Ctrl-C (or a termination request, or when the
+  /// terminal goes away); the second one ends the process with exit code 130, and by force the program that
+  /// it runs. One handler at a time; destroying the guard removes it.
   class InterruptGuard {
    public:
     virtual ~InterruptGuard() = default;

@@ -37,7 +37,9 @@ struct EntryIdentity {
 };
 
 /// Files by path. Paths are Windows paths (see base/WindowsPath.h); names are matched exactly first, then
-/// without regard to case. Every operation answers with the system's error code.
+/// without regard to case. A path that ends in a delimiter never names a file: as the source of a copy or a
+/// move such a file is PathNotFound, as the target AccessDenied where a folder stands, else PathNotFound.
+/// Every operation answers with the system's error code.
 class Files {
  public:
   virtual ~Files() = default;
@@ -67,14 +69,15 @@ class Files {
 
   /// Copies a file with its last-write time and attributes, those that the target's file system can store;
   /// links are followed. A target that exists is replaced by the whole new file, keeping who may use it, or
-  /// stays what it was: a copy that fails or is cancelled leaves nothing behind.
-  /// Refused: a read-only target, and one that is hidden or system when the source is not
-  /// (AccessDenied); source and target the same file, and either held exclusively elsewhere
-  /// (SharingViolation).
+  /// stays what it was: a copy that fails or is cancelled leaves nothing behind. Where the system can, a
+  /// large file has its name only when it is whole. Refused: a read-only target, and one that is hidden or
+  /// system when the source is not (AccessDenied); source and target the same file, and either held
+  /// exclusively elsewhere (SharingViolation).
   virtual SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) = 0;
 
   /// Moves a file, a link itself, or a folder. A target that exists is AlreadyExists without
-  /// ReplaceExisting, and AccessDenied with it when it is read-only or a folder. To another volume it is
+  /// ReplaceExisting, and AccessDenied with it when it is read-only or a folder. A file that is moved or
+  /// replaced while it is held exclusively elsewhere is a SharingViolation. To another volume it is
   /// NotSameDevice without CopyAllowed, and never for a folder (AccessDenied).
   virtual SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                          const CopyProgress& progress = {}) = 0;

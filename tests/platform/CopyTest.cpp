@@ -112,6 +112,12 @@ TEST_F(CopyTest, RefusesAndLeavesEverythingAsItWas) {
       {"File", "locked", true, Win32Error::FileExists},
       {"File", "File", true, Win32Error::FileExists},
       {"File", std::string(300, 'x'), false, Win32Error::FilenameExcedRange},
+      {"File", "folder/", false, Win32Error::AccessDenied},
+      {"File", "FOLDER\\", true, Win32Error::AccessDenied},
+      {"File", "Other.txt/", false, Win32Error::PathNotFound},
+      {"File", "new\\", false, Win32Error::PathNotFound},
+      {"File/", "new", false, Win32Error::PathNotFound},
+      {"folder\\", "new", false, Win32Error::AccessDenied},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(CodeOf(c.source, c.target, {.failIfExists = c.failIfExists}), c.code)

@@ -21,6 +21,8 @@ TEST_F(FilesTest, ExistenceByKindAndCase) {
       {Path("missing"), false, false, false},
       {Path("missing\\File.txt"), false, false, false},
       {Path("Sub/File.txt/x"), false, false, false},
+      {Path("Sub/File.txt/"), false, false, true},
+      {Path("Sub/File.txt\\"), false, false, true},
       {"", false, false, false},
   };
   for (const auto& c : cases) {

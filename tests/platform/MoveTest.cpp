@@ -22,7 +22,8 @@ TEST_F(MoveTest, FilesAndFoldersGoWithAllTheyHold) {
   SetMode(Path("locked"), 0444);
   EXPECT_TRUE(files.FileExists(Path("Folder/Sub/file")));
   EXPECT_TRUE(Move("LOCKED", "folder/Moved"));
-  EXPECT_TRUE(Move("Folder", "New"));
+  EXPECT_TRUE(Move("Folder", "Between\\"));
+  EXPECT_TRUE(Move("between/", "New"));
   EXPECT_FALSE(files.FileExists(Path("Folder/Sub/file")));
   EXPECT_TRUE(files.FileExists(Path("New/sub/FILE")));
   EXPECT_EQ(folder.Names(), Names{"New"});
@@ -55,6 +56,11 @@ TEST_F(MoveTest, Refusals) {
       {"folder/sub", "folder", ReplaceExisting, Win32Error::AccessDenied},
       {"folder", "folder/sub/x", 0, Win32Error::SharingViolation},
       {"File", std::string(300, 'x'), 0, Win32Error::FilenameExcedRange},
+      {"File", "folder/", 0, Win32Error::AccessDenied},
+      {"File", "FOLDER\\", ReplaceExisting, Win32Error::AccessDenied},
+      {"File", "other/", ReplaceExisting, Win32Error::PathNotFound},
+      {"File", "new\\", 0, Win32Error::PathNotFound},
+      {"File/", "new", 0, Win32Error::PathNotFound},
   };
   for (const auto& c : cases) {
     const SysResult moved = Move(c.source, c.target, c.flags);
@@ -102,6 +108,24 @@ TEST_F(MoveTest, OfTwoNamesOfOneFileTheTargetStays) {
   EXPECT_TRUE(Move("one", "two", ReplaceExisting));
   EXPECT_EQ(folder.Names(), Names{"two"});
   EXPECT_EQ(folder.Read("two"), "text");
+}
+
+TEST_F(MoveTest, WhatIsHeldExclusivelyIsNeitherMovedNorReplaced) {
+  folder.Write("Held", "held");
+  folder.Write("free", "free");
+  folder.MakeFolder("to");
+  {
+    const ExclusiveOpen other(Path("Held"));
+    for (const char* target : {"new", "to/held"}) {
+      EXPECT_EQ(Move("held", target).code, Win32Error::SharingViolation) << target;
+    }
+    EXPECT_EQ(Move("Held", "free", ReplaceExisting).code, Win32Error::SharingViolation);
+    EXPECT_EQ(Move("free", "HELD", ReplaceExisting).code, Win32Error::SharingViolation);
+  }
+  EXPECT_EQ(folder.Names(), (Names{"Held", "free", "to"}));
+  EXPECT_EQ(folder.Read("Held") + folder.Read("free"), "heldfree");
+  EXPECT_TRUE(Move("free", "held", ReplaceExisting));
+  EXPECT_TRUE(Move("held", "to/moved"));
 }
 
 TEST_F(MoveTest, NamesAreKnownWhereTheyWentTo) {

@@ -90,7 +90,7 @@ TEST_F(ProcessesTest, WhatCannotBeStartedSaysWhy) {
 TEST_F(ProcessesTest, ClosedOutputIsNotTheEnd) { EXPECT_EQ(RunChild("close 7"), 7); }
 
 TEST_F(ProcessesTest, WhatAProgramLeavesRunningIsNotWaitedFor) {
-  EXPECT_EQ(Run({.program = TestChild(), .parameters = "leave 60", .timeoutSeconds = 40}), 0);
+  EXPECT_EQ(Run({.program = TestChild(), .parameters = "leave 12", .timeoutSeconds = 8}), 0);
   EXPECT_THAT(output.out, ElementsAre("left"));
 }
 

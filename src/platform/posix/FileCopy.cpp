@@ -52,15 +52,26 @@ class Copy {
   }
 
  private:
+  /// A large file has no name before it is whole, since this program may be killed while it copies.
+  bool IsLarge() const { return source_.status.st_size >= kLargeFile; }
+
+  bool Begin(NewFile& file, const Place& target, mode_t mode) const {
+    if (!IsLarge()) return file.CreateAs(target.name, mode);
+    struct stat status = {};
+    if (fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
+    return errno == ENOENT && file.CreateUnseen(mode);
+  }
+
   /// Makes the target, or says that there is one.
   SysResult Create(const Place& target, bool& exists) {
     constexpr uint32_t kStored = FileAttribute::Hidden | FileAttribute::System | FileAttribute::Archive;
     const bool stores = ((source_.attributes ^ ImpliedAttributes(target.name)) & kStored) != 0;
     const mode_t mode = source_.status.st_mode & 0777;
+    // The system stores attributes only in what may be written.
+    const mode_t first = stores ? mode | kOwnerWrites : mode;
     NameIndex::Change change(paths_.Names(), target.Fd());
     NewFile file(target);
-    // The system stores attributes only in what may be written.
-    if (!file.CreateAs(target.name, stores ? mode | kOwnerWrites : mode)) {
+    if (!Begin(file, target, first)) {
       exists = errno == EEXIST || errno == EISDIR;
       return NoFolder();
     }
@@ -70,7 +81,10 @@ class Copy {
     if (stores && !CopyAttributes(source_, file.Fd(), target.name)) return LastFailure();
     if (stores && (mode & kOwnerWrites) == 0 && !Withdraw(file.Fd(), kOwnerWrites)) return LastFailure();
     CopyLastWrite(source_, file.Fd());
-    if (!file.Keep()) return LastFailure();
+    if (!(IsLarge() ? file.KeepAs(target.name) : file.Keep())) {
+      exists = errno == EEXIST && lseek(source_.fd.Get(), 0, SEEK_SET) == 0;  // another was quicker
+      return LastFailure();
+    }
     change.Added(target.name);
     return {};
   }
@@ -83,7 +97,7 @@ class Copy {
     if (!old || !MayUse(old.Get())) return LastFailure();
     NameIndex::Change change(paths_.Names(), target.Fd());
     NewFile file(target);
-    if (!file.CreateBeside(0600)) return LastFailure();
+    if (!(IsLarge() ? file.CreateUnseen(0600) : file.CreateBeside(0600))) return LastFailure();
     if (const SysResult moved = Transfer(source_.fd.Get(), source_.status, file.Fd()).Run(options_); !moved) {
       return moved;
     }

@@ -26,6 +26,7 @@ class Move {
   SysResult To(Place target) {
     const std::string wanted = target.name;
     if (const SysResult found = FindBoth(target); !found) return found;
+    if (const SysResult usable = CheckUse(from_, source_); !usable) return usable;
     if (IsSameEntry(target)) {
       // Nothing to move but, perhaps, the case of letters.
       if (wanted == from_.name) return {};
@@ -35,6 +36,7 @@ class Move {
     }
     if (exists_) {
       if (const SysResult allowed = CheckTarget(); !allowed) return allowed;
+      if (const SysResult usable = CheckUse(target, target_.status); !usable) return usable;
       // Two names of one file: the system's own rename would leave both.
       if (IsSameFile(source_, target_.status) && !target_.isLink) return RemoveSource();
     }
@@ -61,6 +63,13 @@ class Move {
     const bool isLocked = !target_.isLink && IsReadOnly(target_.status);
     const bool isFolder = target_.IsFolder() || S_ISDIR(source_.st_mode);
     return isLocked || isFolder ? SysResult::Failure(Win32Error::AccessDenied) : SysResult();
+  }
+
+  /// Whether another open holds the file exclusively; who may not read it cannot tell.
+  static SysResult CheckUse(const Place& place, const struct stat& status) {
+    if (!S_ISREG(status.st_mode)) return {};
+    const UniqueFd file(openat(place.Fd(), place.Name(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return !file || MayUse(file.Get()) ? SysResult() : LastFailure();
   }
 
   SysResult RemoveSource() {
@@ -98,6 +107,7 @@ class Move {
     const SysResult made = S_ISLNK(source_.st_mode) ? RemakeLink(target) : CopyFileTo(target);
     if (!made) return made;
     if (!exists_) entered.Added(target.name);
+    if (Has(MoveFlag::WriteThrough) && !WriteNames(target)) return LastFailure();
     // What cannot be removed stays: the copy is good.
     RemoveSource();
     return {};
@@ -108,14 +118,20 @@ class Move {
     if (const SysResult opened = OpenCopySource(paths_, from_, source); !opened) return opened;
     const int from = source.fd.Get();
     NewFile file(target);
-    if (!(exists_ ? file.CreateBeside(0600) : file.CreateAs(target.name, 0600))) return LastFailure();
+    if (!file.CreateUnseen(0600)) return LastFailure();
     const CopyOptions options = {.progress = progress_};
     if (const SysResult moved = Transfer(from, source.status, file.Fd()).Run(options); !moved) return moved;
     if (!CopyProperties(from, source.status, file.Fd())) return LastFailure();
     const timespec times[] = {source.status.st_atim, source.status.st_mtim};
     futimens(file.Fd(), times);
     if (Has(MoveFlag::WriteThrough) && fsync(file.Fd()) != 0) return LastFailure();
-    return (exists_ ? file.TakePlaceOf(target.name) : file.Keep()) ? SysResult() : LastFailure();
+    return (exists_ ? file.TakePlaceOf(target.name) : file.KeepAs(target.name)) ? SysResult() : LastFailure();
+  }
+
+  /// Brings the folder itself to the disk, where the system can.
+  static bool WriteNames(const Place& target) {
+    const UniqueFd folder(openat(target.Fd(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return !folder || fsync(folder.Get()) == 0 || errno == EINVAL;
   }
 
   SysResult RemakeLink(const Place& target) const {

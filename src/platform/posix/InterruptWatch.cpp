@@ -24,9 +24,11 @@ void Post(int event, uint64_t what) {
   [[maybe_unused]] const ssize_t sent = write(event, &what, sizeof what);
 }
 
-extern "C" void HandleInterrupt(int) {
+extern "C" void HandleInterrupt(int signal) {
   const int reason = errno;
   if (wasInterrupted.exchange(true)) {
+    // A terminal that goes away may say so twice.
+    if (signal == SIGHUP) return;
     PosixProcessSession::KillCurrent();
     _exit(kStoppedByUser);
   }
@@ -51,15 +53,15 @@ InterruptWatch::InterruptWatch(std::function<void()> handler) : event_(eventfd(0
   struct sigaction action = {};
   action.sa_handler = HandleInterrupt;
   action.sa_flags = SA_RESTART;
-  sigaction(SIGINT, &action, &oldInterrupt_);
-  // Whoever started this program in the background meant Ctrl-C for another one.
-  if (oldInterrupt_.sa_handler == SIG_IGN) sigaction(SIGINT, &oldInterrupt_, nullptr);
-  sigaction(SIGTERM, &action, &oldTermination_);
+  for (size_t i = 0; i < kSignals.size(); ++i) {
+    sigaction(kSignals[i], &action, &old_[i]);
+    // Started in the background, or to outlive its terminal.
+    if (old_[i].sa_handler == SIG_IGN) sigaction(kSignals[i], &old_[i], nullptr);
+  }
 }
 
 InterruptWatch::~InterruptWatch() {
-  sigaction(SIGINT, &oldInterrupt_, nullptr);
-  sigaction(SIGTERM, &oldTermination_, nullptr);
+  for (size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &old_[i], nullptr);
   Post(event_.Get(), kEnd);
   thread_.join();
   signalEvent = -1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <csignal>
 #include <functional>
 #include <thread>
@@ -7,7 +8,8 @@
 #include "platform/Console.h"
 #include "platform/posix/UniqueFd.h"
 
-/// Turns SIGINT and SIGTERM into one call on a thread that waits for them; there is one watch at a time.
+/// Turns SIGINT, SIGTERM and SIGHUP into one call on a thread that waits for them; there is one watch at a
+/// time. A signal that this program was started to ignore stays ignored.
 class InterruptWatch final : public Console::InterruptGuard {
  public:
   explicit InterruptWatch(std::function<void()> handler);
@@ -19,7 +21,9 @@ class InterruptWatch final : public Console::InterruptGuard {
   static bool WasInterrupted();
 
  private:
-  struct sigaction oldInterrupt_ = {}, oldTermination_ = {};
+  static constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
+
+  std::array<struct sigaction, kSignals.size()> old_ = {};
   UniqueFd event_;
   std::thread thread_;
 };

@@ -25,13 +25,25 @@ class NewFile {
   /// Beside the target, under a name of its own.
   bool CreateBeside(mode_t mode);
 
+  /// The same without a name where the file system can: then nothing stays of it even when this program is
+  /// killed.
+  bool CreateUnseen(mode_t mode);
+
   int Fd() const { return fd_.Get(); }
 
+  /// Under the name that it has.
   bool Keep();
+
+  /// Under a name that must be free (EEXIST).
+  bool KeepAs(const std::string& name);
   bool TakePlaceOf(const std::string& target);
 
  private:
+  bool Link(const std::string& name);
+  bool Rename(const std::string& name, unsigned flags);
+  void Remove() const;
+
   std::shared_ptr<const Folder> folder_;
-  std::string name_;
+  std::string name_;  // empty: none
   UniqueFd fd_;
 };

@@ -4,6 +4,7 @@
 
 #include "base/WindowsPath.h"
 #include "platform/FileAttributes.h"
+#include "platform/FileNames.h"
 #include "platform/posix/DosAttributes.h"
 #include "platform/posix/EntryStatus.h"
 #include "platform/posix/FileContents.h"
@@ -66,7 +67,8 @@ SysResult WriteAttributes(const Place& place, const SeenEntry& present, uint32_t
 
 bool PosixFiles::FileExists(std::string_view path) {
   EntryStatus entry = {};
-  return paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
+  return !EndsInPathDelimiter(path) &&
+         paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
          !entry.IsFolder();
 }
 
@@ -145,12 +147,14 @@ SysResult PosixFiles::DeleteAt(const Place& place) {
 }
 
 SysResult PosixFiles::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
-  return CopyFile(paths_, source, target, options);
+  const SysResult named = CheckFileNames(*this, source, target);
+  return named ? CopyFile(paths_, source, target, options) : named;
 }
 
 SysResult PosixFiles::Move(std::string_view source, std::string_view target, uint32_t flags,
                            const CopyProgress& progress) {
-  return MoveEntry(paths_, source, target, flags, progress);
+  const SysResult named = CheckMoveNames(*this, source, target);
+  return named ? MoveEntry(paths_, source, target, flags, progress) : named;
 }
 
 SysResult PosixFiles::CreateFolder(std::string_view path) {

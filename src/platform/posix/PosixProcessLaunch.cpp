@@ -30,7 +30,7 @@ void ResetSignals() {
   struct sigaction usual = {}, current = {};
   usual.sa_handler = SIG_DFL;
   for (const int signal : {SIGPIPE, SIGXFSZ}) sigaction(signal, &usual, nullptr);
-  for (const int signal : {SIGINT, SIGTERM}) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     if (sigaction(signal, nullptr, &current) != 0 || current.sa_handler == SIG_IGN) continue;
     if (current.sa_handler != SIG_DFL) sigaction(signal, &usual, nullptr);
   }

@@ -11,9 +11,6 @@
 
 namespace {
 
-// For less, the kernel's own way gains nothing over reading and writing.
-constexpr uint64_t kLarge = uint64_t{1} << 20;
-
 // What is copied between two looks at the cancel flag.
 constexpr uint64_t kKernelChunk = uint64_t{8} << 20;
 constexpr size_t kBuffer = size_t{64} << 10;
@@ -27,7 +24,7 @@ Transfer::Transfer(int from, const struct stat& status, int to)
       to_(to),
       total_(static_cast<uint64_t>(status.st_size)),
       dataEnd_(total_),
-      inKernel_(total_ >= kLarge),
+      inKernel_(status.st_size >= kLargeFile),
       hasHoles_(static_cast<uint64_t>(status.st_blocks) * kBlock < total_) {
   if (hasHoles_) dataEnd_ = 0;
 }

@@ -4,6 +4,9 @@
 
 #include "platform/Files.h"
 
+/// For less, the kernel's own way gains nothing over reading and writing, and the copy is quickly done.
+inline constexpr off_t kLargeFile = off_t{1} << 20;
+
 /// Copies the bytes of an open file into a new, empty one, in chunks: progress is told after each, and the
 /// cancel flag ends it with RequestAborted. Holes stay holes; large files are left to the kernel, which may
 /// share their blocks.

@@ -1,6 +1,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/FileNames.h"
 #include "platform/win32/Win32Api.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32NewFile.h"
@@ -63,6 +64,7 @@ constexpr DWORD kMustAgree = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 SysResult Win32Files::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
   std::wstring from, to;
+  if (const SysResult result = CheckFileNames(*this, source, target); !result) return result;
   if (const SysResult result = NativePath(source, from); !result) return result;
   if (const SysResult result = NativePath(target, to); !result) return result;
   WIN32_FILE_ATTRIBUTE_DATA found = {};

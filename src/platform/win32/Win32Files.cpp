@@ -50,7 +50,7 @@ SysResult ReadAll(HANDLE file, std::string& contents) {
 
 bool Win32Files::FileExists(std::string_view path) {
   std::wstring native;
-  if (!NativePath(path, native)) return false;
+  if (EndsInPathDelimiter(path) || !NativePath(path, native)) return false;
   const DWORD attributes = AttributesOf(native);
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }

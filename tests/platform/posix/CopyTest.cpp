@@ -1,3 +1,4 @@
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <tuple>
@@ -24,6 +25,30 @@ TEST_F(PosixCopyTest, AFullDiskLeavesTheOldFileOrNone) {
   }
   EXPECT_EQ(folder.Read("target"), "old");
   EXPECT_EQ(folder.Names(), (Names{"large", "small", "target"}));
+}
+
+TEST_F(PosixCopyTest, WhoIsKilledLeavesNoPartOfALargeFile) {
+  folder.Write("source", std::string(20u << 20, 'x'));
+  folder.Write("old", "kept");
+  for (const char* target : {"new", "old"}) {
+    const CopyOptions options = {.progress = [](uint64_t, uint64_t) { raise(SIGKILL); }};
+    EXPECT_EXIT(files.Copy(Path("source"), Path(target), options), testing::KilledBySignal(SIGKILL), "");
+    EXPECT_FALSE(folder.Exists("new"));
+    EXPECT_EQ(folder.Read("old"), "kept");
+  }
+}
+
+TEST_F(PosixCopyTest, ALargeFileTakesNoNameThatAnotherTookMeanwhile) {
+  const std::string bytes(3u << 20, 'x');
+  folder.Write("source", bytes);
+  CopyOptions options = {.progress = [&](uint64_t, uint64_t) { folder.Write("new", "other"); }};
+  EXPECT_TRUE(files.Copy(Path("source"), Path("new"), options));
+  EXPECT_TRUE(folder.Read("new") == bytes);
+  std::filesystem::remove(Path("new"));
+  options.failIfExists = true;
+  EXPECT_EQ(files.Copy(Path("source"), Path("new"), options).code, Win32Error::FileExists);
+  EXPECT_EQ(folder.Read("new"), "other");
+  EXPECT_EQ(folder.Names(), (Names{"new", "source"}));
 }
 
 TEST_F(PosixCopyTest, PipesAreNeitherReadNorReplaced) {

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <filesystem>
 
 #include "base/WindowsPath.h"
@@ -72,6 +73,15 @@ TEST_F(PosixMoveAcrossTest, ModeAndAttributesAreTheSources) {
   EXPECT_TRUE(files.Move(Path("file"), other + "/.moved", MoveFlag::CopyAllowed));
   EXPECT_EQ(ModeOf(other + "/.moved"), 0751u);
   EXPECT_EQ(RawAttributes(other + "/.moved"), stores ? std::optional<std::string>("0x24") : std::nullopt);
+}
+
+TEST_F(PosixMoveAcrossTest, WhoIsKilledLeavesTheSourceOnly) {
+  folder.Write("file", std::string(20u << 20, 'x'));
+  const auto kill = [](uint64_t, uint64_t) { raise(SIGKILL); };
+  EXPECT_EXIT(files.Move(Path("file"), other + "/file", MoveFlag::CopyAllowed, kill),
+              testing::KilledBySignal(SIGKILL), "");
+  EXPECT_EQ(folder.Read("file").size(), 20u << 20);
+  EXPECT_TRUE(files.RemoveFolder(other));
 }
 
 TEST_F(PosixMoveAcrossTest, AFullDiskLeavesTheSource) {
