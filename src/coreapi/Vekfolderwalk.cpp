@@ -9,7 +9,6 @@ void TFolderWalk::ForEachFolder(const std::string& folder, uint32_t mask, const 
       finder_.Open(folder + "*", mask | FileAttribute::Directory, FindDetail::FolderNames, found);
   if (IsUnreadable(found)) unreadable_(folder, found.code);
   for (FoundEntry entry; search->Next(entry);) {
-    if (entry.name == "." || entry.name == "..") continue;
     const bool isLink = (entry.attributes & FileAttribute::ReparsePoint) != 0;
     // Without a link on the way a folder cannot contain itself.
     if ((isLink || links_ > 0) && IsInside(folder + entry.name)) continue;

@@ -11,7 +11,7 @@
 enum class FindDetail {
   All,
   Names,        // of the attributes only Directory and ReparsePoint; no size, no time
-  FolderNames,  // likewise, and folders only
+  FolderNames,  // likewise, and folders only, without "." and ".."
 };
 
 struct FoundEntry {

@@ -27,6 +27,7 @@ TEST_F(RunScriptTest, TheResultIsWhatTheScriptLeaves) {
       {"ActionResult = false;", false},
       {"ActionResult = 0;", false},
       {"ActionResult = 'yes';", true},
+      {"ActionResult = 'False';", false},
       {"ActionResult = ActionResult && Action.RetryCount == 2;", true},
   };
   action.RetryCount = 2;

@@ -10,7 +10,7 @@ class TRunFrame : public TActionFrame<Action> {
   using TActionFrame<Action>::TActionFrame;
   void ReadActionData(TVekAction& action) override {
     TActionFrame<Action>::ReadActionData(action);
-    EnableCapture();
+    logOutput_->SetEnabled(waitFor_->Checked());
   }
 
  protected:

@@ -173,7 +173,8 @@ void TCustomRunProgramAction::OnStdErrData(IVekProcess& process, std::string_vie
 void TCustomRunProgramAction::LogData(std::string_view eventName, IVekProcess& process,
                                       std::string_view data) {
   IVekActionScript* script = GetScriptByName(eventName);
-  if (!script || script->IsBlank()) return SendMessage(data);
+  // When the build is to stop scripts are interrupted, each with an error of its own.
+  if (!script || script->IsBlank() || StopSignalled()) return SendMessage(data);
 
   const auto action = CreateActionScriptObject(*this);
   IVekActionScriptParams& params = script->Params();
@@ -181,7 +182,9 @@ void TCustomRunProgramAction::LogData(std::string_view eventName, IVekProcess& p
   params.ParameterByName("Process").SetValue(&process.ScriptObject());
   params.ParameterByName("Data").SetValue(std::string(data));
   Variant ignored;
-  if (!ExecuteScript(eventName, ignored)) return SendMessage(data);
+  const bool ran = ExecuteScript(eventName, ignored);
+  for (const char* name : {"Action", "Process"}) params.ParameterByName(name).SetValue({});
+  if (!ran) return SendMessage(data);
   SendMessage(VariantToText(params.ParameterByName("Data").Value()));
 }
 
@@ -216,9 +219,11 @@ bool TCustomRunDosCMDAction::Validate(IVekActionValidationError& errors) {
 
 bool TCustomRunDosCMDAction::Execute() {
   StoreProgramName(ExpandExpression("%DOSCMD%", true));
-  const WideString command = Params;
-  Params = WideString("/c " + command);
-  const bool result = TCustomRunProgramAction::Execute();
-  Params = command;
-  return result;
+  struct Restore {
+    WideString& params;
+    const WideString command = params;
+    ~Restore() { params = command; }
+  } const restore{Params};
+  Params = WideString("/c " + restore.command);
+  return TCustomRunProgramAction::Execute();
 }

@@ -4,6 +4,14 @@ namespace {
 
 constexpr std::string_view kEvent = "OnExecute";
 
+/// The result is a boolean, so that the text of one counts as it reads.
+bool IsSuccess(const Variant& result) {
+  if (const auto* text = std::get_if<std::string>(&result)) {
+    if (const auto truth = VariantFromText("Boolean", *text)) return IsTrue(*truth);
+  }
+  return IsTrue(result);
+}
+
 }  // namespace
 
 const ActionClass TVekCustomScriptAction::kClass{
@@ -31,6 +39,7 @@ bool TVekCustomScriptAction::Execute() {
   params.ParameterByName("Action").SetValue(action.get());
   params.ParameterByName("ActionResult").SetValue(true);
   Variant ignored;
-  if (!ExecuteScript(kEvent, ignored)) return false;
-  return IsTrue(params.ParameterByName("ActionResult").Value());
+  const bool ran = ExecuteScript(kEvent, ignored);
+  params.ParameterByName("Action").SetValue({});
+  return ran && IsSuccess(params.ParameterByName("ActionResult").Value());
 }

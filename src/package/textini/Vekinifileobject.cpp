@@ -1,5 +1,6 @@
 #include "textini/Vekinifileobject.h"
 
+#include <charconv>
 #include <optional>
 
 #include "coreapi/Vekerrors.h"
@@ -24,7 +25,11 @@ int32_t TIniFile::ReadInteger(std::string_view section, std::string_view key, in
 }
 
 bool TIniFile::ReadBool(std::string_view section, std::string_view key, bool fallback) const {
-  return ReadInteger(section, key, fallback ? 1 : 0) != 0;
+  const std::string text = ReadString(section, key, "");
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const bool isNumber = std::from_chars(text.data(), end, number).ptr == end && !text.empty();
+  return isNumber ? number != 0 : ReadInteger(section, key, fallback ? 1 : 0) != 0;
 }
 
 bool TIniFile::ValueExists(std::string_view section, std::string_view key) const {

@@ -172,5 +172,6 @@ SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view
     return Move(paths, from, flags, progress).To(to);
   });
   paths.Recent().Forget();
+  paths.Leaf().Forget();
   return moved;
 }

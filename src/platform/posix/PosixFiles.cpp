@@ -162,6 +162,7 @@ SysResult PosixFiles::CreateFolder(std::string_view path) {
   if (!place.folder) return SysResult::Failure(place.error);
   if (paths_.OtherCase(place)) return SysResult::Failure(Win32Error::AlreadyExists);
   NameIndex::Change change(paths_.Names(), place.Fd());
+  paths_.Leaf().Forget();
   if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
   change.Added(place.name);
   return {};

@@ -100,19 +100,29 @@ bool IsAddressable(std::string_view name, bool hasFolder) {
   return name.find('\\') == std::string_view::npos && (hasFolder || !looksLikeDrive);
 }
 
+bool IsDots(std::string_view name) { return name == "." || name == ".."; }
+
 /// The names that the wildcards match; false with the reason in errno.
-bool ListMatches(const Place& place, bool hasFolder, uint32_t mask, FindDetail detail, FolderListing& names) {
+bool ListMatches(PosixPaths& paths, const Place& place, bool hasFolder, uint32_t mask, FindDetail detail,
+                 FolderListing& names) {
+  const bool wantsFiles = detail != FindDetail::FolderNames;
+  if (!wantsFiles && paths.Leaf().Is(*place.folder)) return true;
   FolderReader reader(place.Fd());
   if (!reader) return false;
   const DosMask wanted(place.name);
   const bool wantsFolders = (mask & FileAttribute::Directory) != 0;
-  const bool wantsFiles = detail != FindDetail::FolderNames;
+  bool isLeaf = true;
   while (const dirent* entry = reader.Next()) {
-    if (entry->d_type == DT_DIR ? !wantsFolders : entry->d_type == DT_REG && !wantsFiles) continue;
     const std::string_view name = entry->d_name;
+    const bool isFile = entry->d_type == DT_REG;
+    const bool isDots = !isFile && IsDots(name);
+    isLeaf = isLeaf && (isFile || isDots);
+    if (isFile || isDots ? !wantsFiles : entry->d_type == DT_DIR && !wantsFolders) continue;
+    if (isDots && !wantsFolders) continue;
     if (wanted.Matches(name) && IsAddressable(name, hasFolder)) names.Add(name, entry->d_type);
   }
   names.Sort();
+  if (isLeaf) paths.Leaf().Keep(*place.folder);
   return true;
 }
 
@@ -144,7 +154,7 @@ std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t ma
 
   FolderListing names;
   const bool hasWildcards = place.name.find_first_of("*?") != std::string::npos;
-  const bool listed = hasWildcards ? ListMatches(place, !folderPart.empty(), mask, detail, names)
+  const bool listed = hasWildcards ? ListMatches(paths_, place, !folderPart.empty(), mask, detail, names)
                                    : FindOne(paths_, place, names);
   if (!listed) return Nothing(result, FromErrno(errno));
   auto search = std::make_unique<PosixFindSearch>(paths_.Recent(), std::move(place.folder), std::move(names),

@@ -1,9 +1,11 @@
 #include "platform/posix/PosixIniFiles.h"
 
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -41,11 +43,26 @@ class Turn {
   explicit Turn(const Place& place) {
     if (!place.folder) return;
     folder_ = UniqueFd(openat(place.Fd(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    while (folder_ && flock(folder_.Get(), LOCK_EX) != 0 && errno == EINTR) continue;
+    for (int looks = 0; folder_ && flock(folder_.Get(), LOCK_EX | LOCK_NB) != 0; ++looks) {
+      if (errno != EINTR && errno != EWOULDBLOCK) return;
+      if (looks == kMostLooks) {
+        result_ = SysResult::Failure(Win32Error::LockViolation);
+        return;
+      }
+      std::this_thread::sleep_for(kBetweenLooks);
+    }
   }
 
+  /// LockViolation when another program keeps the folder.
+  SysResult Result() const { return result_; }
+
  private:
+  // Ten seconds in all: a turn takes milliseconds.
+  static constexpr int kMostLooks = 5000;
+  static constexpr auto kBetweenLooks = std::chrono::milliseconds(2);
+
   UniqueFd folder_;
+  SysResult result_;
 };
 
 }  // namespace
@@ -117,6 +134,9 @@ SysResult PosixIniFiles::Load(std::string_view path) {
 SysResult PosixIniFiles::LoadAt(const Place& place) {
   struct stat status = {};
   if (fstatat(place.Fd(), place.Name(), &status, 0) != 0) return LastFailure();
+  // A pipe or a device might never come to its end.
+  if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode))
+    return SysResult::Failure(Win32Error::NotSupported);
   const Stamp stamp = Stamp::Of(status);
   const auto known = std::ranges::find(known_, stamp, &Known::stamp);
   if (known != known_.end()) known_.splice(known_.begin(), known_, known);
@@ -145,6 +165,7 @@ void PosixIniFiles::Keep(Known file) {
 SysResult PosixIniFiles::Change(std::string_view path, const std::function<bool(IniText&)>& edit) {
   const std::lock_guard lock(mutex_);
   const Turn turn(paths_.Locate(path));
+  if (!turn.Result()) return turn.Result();
   if (const SysResult loaded = Load(path); !loaded) return loaded;
   Known& known = known_.front();
   // Should anything go wrong from here on, the text is not the file's.

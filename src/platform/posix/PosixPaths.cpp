@@ -86,6 +86,7 @@ bool PosixPaths::OtherCase(Place& place) {
 void PosixPaths::Forget() {
   names_.Forget();
   recent_.Forget();
+  leaf_.Forget();
   ForgetFolders();
 }
 

@@ -69,6 +69,7 @@ class PosixPaths {
 
   NameIndex& Names() { return names_; }
   RecentEntry& Recent() { return recent_; }
+  RecentLeaf& Leaf() { return leaf_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -87,6 +88,7 @@ class PosixPaths {
   DriveLookup drives_;
   NameIndex names_;
   RecentEntry recent_;
+  RecentLeaf leaf_;
   std::mutex mutex_;
   std::array<std::optional<std::optional<std::string>>, 26> roots_;
   std::array<UsedFolder, 4> used_;  // the one used last in front

@@ -128,7 +128,10 @@ SysResult FindCommand(PosixPaths& paths, const std::string& program, const std::
   if (parameters.find('\0') != std::string::npos) return SysResult::Failure(Win32Error::InvalidParameter);
   if (const SysResult result = FindFile(paths, program, command.file); !result) return result;
   if (auto shellCommand = ShellCommand(program, parameters)) {
-    command.arguments = {command.file, "-c", *std::move(shellCommand)};
+    command.arguments = {command.file, "-c"};
+    // Else the shell would take such a command for one of its options.
+    if (shellCommand->starts_with('-') || shellCommand->starts_with('+')) command.arguments.push_back("--");
+    command.arguments.push_back(*std::move(shellCommand));
   } else {
     command.arguments = SplitParameters(parameters);
     command.arguments.insert(command.arguments.begin(), command.file);

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <vector>
 
@@ -21,6 +22,7 @@ struct ChildPlan {
   std::vector<char*> arguments;
   const char* folder;  // null: the current one
   ChildStreams streams;
+  ChildLife life;
   volatile int error = 0;  // why it did not start
 };
 
@@ -42,6 +44,7 @@ void ResetSignals() {
 /// The child: system calls only, down to the one that replaces it.
 [[noreturn]] void RunProgram(ChildPlan& plan) {
   setsid();
+  if (plan.life == ChildLife::EndsWithUs) prctl(PR_SET_PDEATHSIG, SIGKILL);
   const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
   const bool ready =
       nothing >= 0 && dup2(nothing, STDIN_FILENO) >= 0 && dup2(plan.streams.out, STDOUT_FILENO) >= 0 &&
@@ -69,8 +72,8 @@ void ResetSignals() {
 }
 
 int Launch(const ProcessCommand& command, const std::string& folder, const ChildStreams& streams,
-           pid_t& child) {
-  ChildPlan plan{command.file.c_str(), {}, folder.empty() ? nullptr : folder.c_str(), streams};
+           ChildLife life, pid_t& child) {
+  ChildPlan plan{command.file.c_str(), {}, folder.empty() ? nullptr : folder.c_str(), streams, life};
   plan.arguments.reserve(command.arguments.size() + 1);
   for (const std::string& argument : command.arguments) {
     plan.arguments.push_back(const_cast<char*>(argument.c_str()));
@@ -84,10 +87,10 @@ int Launch(const ProcessCommand& command, const std::string& folder, const Child
 }  // namespace
 
 SysResult LaunchProcess(ProcessCommand command, const std::string& folder, const ChildStreams& streams,
-                        pid_t& child) {
-  int error = Launch(command, folder, streams, child);
+                        ChildLife life, pid_t& child) {
+  int error = Launch(command, folder, streams, life, child);
   if (error == 0) return {};
   if (const SysResult result = FindInterpreter(error, command); !result) return result;
-  error = Launch(command, folder, streams, child);
+  error = Launch(command, folder, streams, life, child);
   return error == 0 ? SysResult() : SysResult::Failure(FromErrno(error));
 }

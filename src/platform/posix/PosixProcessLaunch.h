@@ -14,7 +14,10 @@ struct ChildStreams {
   int err = STDERR_FILENO;
 };
 
+/// Whether a program ends when this one is killed.
+enum class ChildLife { EndsWithUs, OnItsOwn };
+
 /// Starts a program as the leader of a new session: apart from the terminal, whose Ctrl-C is not meant for
 /// it, and where it could only wait for an answer in vain. An empty folder is the current one.
 SysResult LaunchProcess(ProcessCommand command, const std::string& folder, const ChildStreams& streams,
-                        pid_t& child);
+                        ChildLife life, pid_t& child);

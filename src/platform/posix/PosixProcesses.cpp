@@ -18,7 +18,8 @@ SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, 
   OutputPipes pipes;
   if (output != nullptr && !pipes.Open()) return LastFailure();
   pid_t child = -1;
-  if (const SysResult result = Launch(setup, pipes.Streams(), child); !result) return result;
+  if (const SysResult result = Launch(setup, pipes.Streams(), ChildLife::EndsWithUs, child); !result)
+    return result;
   pipes.CloseChildEnds();
   // The program may have changed what is known of the disk, however its run ends here.
   struct Forgetting {
@@ -33,7 +34,7 @@ SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, 
 SysResult PosixProcesses::Start(const ProcessSetup& setup) {
   ReapLeftRunning();
   pid_t child = -1;
-  if (const SysResult result = Launch(setup, {}, child); !result) return result;
+  if (const SysResult result = Launch(setup, {}, ChildLife::OnItsOwn, child); !result) return result;
   paths_.Forget();
   const std::lock_guard lock(mutex_);
   leftRunning_.push_back(child);
@@ -45,7 +46,8 @@ std::string PosixProcesses::StartAdvice(Win32Error code) {
   return "It is a Windows program, and Wine, which would run it, is not installed.";
 }
 
-SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& streams, pid_t& child) {
+SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life,
+                                 pid_t& child) {
   std::string folder;
   if (!setup.startDirectory.empty()) {
     const Place place = paths_.LocateFolder(setup.startDirectory);
@@ -56,7 +58,7 @@ SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& 
   if (const SysResult result = FindCommand(paths_, setup.program, setup.parameters, command); !result) {
     return result;
   }
-  return LaunchProcess(std::move(command), folder, streams, child);
+  return LaunchProcess(std::move(command), folder, streams, life, child);
 }
 
 /// What was left running and has ended since would stay in the system's table.

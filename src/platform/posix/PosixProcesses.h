@@ -6,6 +6,7 @@
 
 #include "platform/Processes.h"
 #include "platform/posix/PosixPaths.h"
+#include "platform/posix/PosixProcessLaunch.h"
 
 struct ChildStreams;
 
@@ -19,7 +20,7 @@ class PosixProcesses final : public Processes {
   std::string StartAdvice(Win32Error code) override;
 
  private:
-  SysResult Launch(const ProcessSetup& setup, const ChildStreams& streams, pid_t& child);
+  SysResult Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life, pid_t& child);
   void ReapLeftRunning();
 
   PosixPaths& paths_;

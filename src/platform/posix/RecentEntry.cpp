@@ -27,3 +27,20 @@ void RecentEntry::Forget() {
   const std::lock_guard lock(mutex_);
   name_.clear();
 }
+
+void RecentLeaf::Keep(const Folder& folder) {
+  const std::lock_guard lock(mutex_);
+  device_ = folder.device;
+  inode_ = folder.inode;
+  when_ = Clock::now();
+}
+
+bool RecentLeaf::Is(const Folder& folder) {
+  const std::lock_guard lock(mutex_);
+  return inode_ == folder.inode && device_ == folder.device && Clock::now() - when_ < kBelieved;
+}
+
+void RecentLeaf::Forget() {
+  const std::lock_guard lock(mutex_);
+  inode_ = 0;
+}

@@ -27,9 +27,11 @@ FoundEntry EntryOf(const WIN32_FIND_DATAW& data) {
   return entry;
 }
 
+bool IsDots(std::string_view name) { return name == "." || name == ".."; }
+
 bool IsWanted(const FoundEntry& entry, uint32_t mask, FindDetail detail) {
   const bool isFolder = (entry.attributes & FileAttribute::Directory) != 0;
-  if (detail == FindDetail::FolderNames && !isFolder) return false;
+  if (detail == FindDetail::FolderNames && (!isFolder || IsDots(entry.name))) return false;
   constexpr uint32_t kOnlyWhenAsked =
       FileAttribute::Hidden | FileAttribute::System | FileAttribute::Directory;
   return (entry.attributes & kOnlyWhenAsked & ~mask) == 0;
@@ -42,8 +44,6 @@ void Reduce(FoundEntry& entry, FindDetail detail) {
   entry.size = 0;
   entry.lastWrite = 0;
 }
-
-bool IsDots(std::string_view name) { return name == "." || name == ".."; }
 
 /// "." and ".." first, then by upper-cased name.
 bool ComesBefore(const FoundEntry& a, const FoundEntry& b) {
