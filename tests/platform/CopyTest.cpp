@@ -177,7 +177,7 @@ TEST_F(CopyTest, ACancelledCopyLeavesNothing) {
 
 TEST_F(CopyTest, ProgressGoesUpToTheWhole) {
   for (const uint64_t size : {uint64_t{0}, uint64_t{10}, uint64_t{20} << 20}) {
-    folder.Write("source", std::string(size, 'x'));
+    folder.Write("source", std::string(static_cast<size_t>(size), 'x'));
     std::vector<uint64_t> told;
     const auto progress = [&](uint64_t transferred, uint64_t total) {
       EXPECT_EQ(total, size);
