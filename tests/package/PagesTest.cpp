@@ -1,12 +1,18 @@
-#include <set>
+#include <algorithm>
 
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "pages/FCopyMoveEditFrame.h"
+#include "pages/FRunProgFrame.h"
 #include "pages/VekCreateFileFrame.h"
+#include "pages/VekFileIteratorFrame.h"
 #include "pages/VekFileNameEditEx.h"
+#include "pages/VekFileSetCopyMoveFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
+#include "pages/Vekreadiniframe.h"
+#include "pages/Vekwriteiniframe.h"
 #include "support/NullHost.h"
 #include "support/ScriptedServices.h"
 
@@ -14,28 +20,9 @@ using testing::ElementsAre;
 
 namespace {
 
-StringList Layout(const TFrame& page) {
-  StringList lines{page.PageName()};
-  for (const auto& control : page.Controls()) {
-    lines.push_back(std::string(control->ClassName()) + '|' + control->Name() + '|' + control->Caption() +
-                    '|' + control->Hint() + '|' +
-                    std::string(control->Property() ? control->Property()->name : std::string_view()));
-  }
-  return lines;
-}
-
 template <class Control>
 Control& Find(const TFrame& page, std::string_view name) {
   return dynamic_cast<Control&>(*page.FindControl(name));
-}
-
-TEST(DeleteFilesPage, IsLaidOut) {
-  EXPECT_THAT(
-      Layout(TDeleteFilesFrame()),
-      ElementsAre("Details", "THeading||File Spec||", "TButtonEdit|txtSource||Source Files|FileSpec",
-                  "THeading||Options||", "TCheckBox|chkDeleteReadOnly|Delete Read Only Files||DeleteReadOnly",
-                  "TCheckBox|chkDeleteHiddenFiles|Delete Hidden Files||DeleteHidden",
-                  "TCheckBox|chkFailIfZero|Fail if Zero Files Affected||FailIfNoFile"));
 }
 
 TEST(DeleteFilesPage, BrowsesForTheSource) {
@@ -84,23 +71,35 @@ TEST(WriteToTextFilePage, ChoosesThePosition) {
   EXPECT_EQ(action.WriteToPosition, TVekWriteToPos::toStart);
 }
 
+/// Properties that could be edited and are not.
 template <class Action, class Page>
-void ExpectEveryPropertyEdited() {
-  std::set<std::string_view> bound;
+StringList Unedited() {
+  StringList names;
   const Page page;
-  for (const auto& control : page.Controls()) {
-    if (control->Property()) bound.insert(control->Property()->name);
-  }
   for (const PropertyRow& row : Action::kPublished) {
-    EXPECT_EQ(bound.count(row.name), row.published && row.set ? 1u : 0u)
-        << Page::kClassName << ' ' << row.name;
+    const auto binds = [&row](const auto& control) {
+      return control->Property() && control->Property()->name == row.name;
+    };
+    if (row.published && row.set && !std::ranges::any_of(page.Controls(), binds))
+      names.emplace_back(row.name);
   }
+  return names;
 }
 
 TEST(Pages, EditEveryProperty) {
-  ExpectEveryPropertyEdited<TDeleteFilesAction, TDeleteFilesFrame>();
-  ExpectEveryPropertyEdited<TVekCreateTextFileAction, TCreateFileFrame>();
-  ExpectEveryPropertyEdited<TVekWriteToTextFileAction, TWriteToTextFileFrame>();
+  const StringList all;
+  EXPECT_EQ((Unedited<TDeleteFilesAction, TDeleteFilesFrame>()), all);
+  EXPECT_EQ((Unedited<TVekCreateTextFileAction, TCreateFileFrame>()), all);
+  EXPECT_EQ((Unedited<TVekWriteToTextFileAction, TWriteToTextFileFrame>()), all);
+  EXPECT_EQ((Unedited<TReadIniFileAction, TReadIniFrame>()), all);
+  EXPECT_EQ((Unedited<TWriteIniFileAction, TWriteIniFrame>()), all);
+  EXPECT_EQ((Unedited<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>()), all);
+  EXPECT_EQ((Unedited<TFileIterator, TFileIteratorFrame>()), all);
+  EXPECT_EQ((Unedited<TRunProgramAction, TRunProgramFrame>()), all);
+  EXPECT_EQ((Unedited<TRunDosCMDAction, TRunDosCmdFrame>()), all);
+  EXPECT_EQ((Unedited<TCopyFilesAction, TCopyFrame>()), (StringList{"FilesAffected", "ErrorCount"}));
+  EXPECT_EQ((Unedited<TMoveFilesAction, TMoveFrame>()),
+            (StringList{"Recurse", "FilesAffected", "ErrorCount"}));
 }
 
 }  // namespace

@@ -585,76 +585,6 @@ TEST(CopyMoveSettings, KeepEachOtherConsistent) {
   }
 }
 
-struct Problems final : IVekActionValidationError {
-  void AddError(std::string_view title, std::string_view message) override {
-    lines.push_back(std::string(title) + ": " + std::string(message));
-  }
-  StringList lines;
-};
-
-TEST(CopyMoveAnswers, Validation) {
-  NullHost host;
-  TCopyFilesAction action(host);
-  Problems both, target, none;
-  EXPECT_FALSE(action.Validate(both));
-  EXPECT_THAT(both.lines, ElementsAre("File Spec: The file spec has not been set",
-                                      "Target: The target file/directory has not been set"));
-  action.SetFileSpec(" ");
-  EXPECT_FALSE(action.Validate(target));
-  EXPECT_EQ(target.lines.size(), 1u);
-  action.Target = WideString("%UNKNOWN%");
-  EXPECT_TRUE(action.Validate(none));
-}
-
-template <class Action>
-void ExpectAnswers(std::string_view name, int32_t topic, std::string_view helpFile) {
-  NullHost host;
-  const Action action(host);
-  StringList alias, help, hidden;
-  action.GetPropertyAlias(alias);
-  action.GetPropertyHelp(help);
-  action.GetHiddenProperties(hidden);
-  EXPECT_THAT(
-      StringList(std::ranges::find(alias, "[Misc]"), alias.end()),
-      ElementsAre("[Misc]", "Force=Force Directories", "FileSpec=File Specification", "Target=Destination",
-                  "TargetIsDir=Destination Is Directory", "FailIfExists=Fail if Exists",
-                  "OverwriteReadOnly=Overwrite Read Only", "Recurse", "ClearAttributes=Clear Attributes"));
-  ASSERT_GE(help.size(), 8u);
-  EXPECT_THAT(
-      StringList(help.end() - 8, help.end()),
-      ElementsAre("Force=Use Force Directories to create a directory and all parent directories that do not "
-                  "already exist.",
-                  "FileSpec=The file specification of the files to copy. Wildcards (*, ?) may be used",
-                  "Target=The Destination File or Directory",
-                  "TargetIsDir=Specifies that the Destination Is a Directory",
-                  "FailIfExists=Fail if the target file Exists",
-                  "OverwriteReadOnly=Overwrite Read Only Files", "Recurse=Resurse Sub Directories",
-                  "ClearAttributes=Clear the copied/moved files attribute flags after the copy/move"));
-  EXPECT_THAT(hidden, ElementsAre("ErrorCount"));
-  EXPECT_EQ(action.GetActionName(), name);
-  EXPECT_EQ(action.GetHelpTopicID(), topic);
-  EXPECT_EQ(action.GetQuickHelpFilename(), helpFile);
-}
-
-TEST(CopyMoveAnswers, NamesHelpAndTitles) {
-  ExpectAnswers<TCopyFilesAction>("Copy File(s)", 554, "Plugins\\CopyFiles.html");
-  ExpectAnswers<TMoveFilesAction>("Move File(s)", 555, "Plugins\\MoveFiles.html");
-}
-
-TEST(CopyMoveAnswers, PropertiesInTheirOrder) {
-  StringList rows;
-  for (const PropertyRow& row : TMoveFilesAction::kPublished) {
-    EXPECT_TRUE(row.stored && !row.readOnly) << row.name;
-    rows.push_back(std::string(row.name) + ' ' + std::string(row.TypeName()));
-  }
-  StringList wanted{"FileSpec WideString",   "Target WideString",        "Force WordBool",
-                    "TargetIsDir WordBool",  "FailIfExists WordBool",    "OverwriteReadOnly WordBool",
-                    "Recurse WordBool",      "ClearAttributes WordBool", "FailIfZeroFiles WordBool",
-                    "FilesAffected Integer", "ErrorCount Integer",       "StopOnAnyErrors Boolean"};
-  EXPECT_EQ(rows, wanted);
-  EXPECT_EQ(TCopyFilesAction::kPublished.size(), rows.size() - 1);
-}
-
 template <class Control>
 Control& Find(const TFrame& page, std::string_view name) {
   return dynamic_cast<Control&>(*page.FindControl(name));
@@ -686,22 +616,6 @@ TEST(CopyMovePages, BrowseForWhatTheTargetIs) {
   Find<TCheckBox>(page, "chkTargetIsDir").Click();
   target.ClickButton();
   EXPECT_THAT(services.asked, ElementsAre("Select Directory", "C:\\chosen"));
-}
-
-TEST(CopyMovePages, EditEverythingButTheCounts) {
-  NullHost host;
-  const TCopyFrame copy;
-  const TMoveFrame move;
-  StringList unbound;
-  for (const PropertyRow& row : TMoveFilesAction::kPublished) {
-    const auto binds = [&row](const auto& control) {
-      return control->Property() && control->Property()->name == row.name;
-    };
-    if (!std::ranges::any_of(copy.Controls(), binds)) unbound.push_back("copy " + std::string(row.name));
-    if (!std::ranges::any_of(move.Controls(), binds)) unbound.push_back("move " + std::string(row.name));
-  }
-  EXPECT_THAT(unbound, ElementsAre("move Recurse", "copy FilesAffected", "move FilesAffected",
-                                   "copy ErrorCount", "move ErrorCount", "copy StopOnAnyErrors"));
 }
 
 }  // namespace

@@ -161,22 +161,6 @@ INSTANTIATE_TEST_SUITE_P(
                     FailureCase{"FileSurvives", {kDone}, false, Win32Error::Success, "1 Files Deleted.", 2}),
     [](const auto& info) { return info.param.name; });
 
-TEST_F(DeleteFiles, AnswersWhatTheCatalogueShows) {
-  StringList alias, help;
-  action->GetPropertyAlias(alias);
-  action->GetPropertyHelp(help);
-  ASSERT_GE(alias.size(), 5u);
-  EXPECT_THAT(StringList(alias.end() - 5, alias.end()),
-              ElementsAre("[Files]", "FileSpec=File Specification", "DeleteReadOnly=Delete Read Only Files",
-                          "DeleteHidden=Delete Hidden Files", "FailIfNoFile=Fail If No File"));
-  ASSERT_GE(help.size(), 4u);
-  EXPECT_EQ(help[help.size() - 4], "FileSpec=File Specification, can include wilde cards (* or ?)");
-  EXPECT_EQ(help.back(), "FailIfNoFile=Fail if no file to Delete");
-  EXPECT_EQ(action->GetActionName(), "Delete File(s)");
-  EXPECT_EQ(action->GetHelpTopicID(), 550);
-  EXPECT_EQ(action->GetQuickHelpFilename(), "Plugins\\DeleteFiles.html");
-}
-
 TEST_F(DeleteFiles, FailIfNoFileKeepsItsBitsWhileItsTruthStays) {
   action->SetFailIfNoFile(WordBool::FromRaw(2));
   EXPECT_EQ(action->FailIfNoFile().Raw(), -1);

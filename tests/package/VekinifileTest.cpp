@@ -310,65 +310,6 @@ TEST(IniFileObject, TellsMissingFromEmptyAndErasesSections) {
                EVekError);
 }
 
-struct Errors final : IVekActionValidationError {
-  void AddError(std::string_view title, std::string_view message) override {
-    lines.push_back(std::string(title) + ": " + std::string(message));
-  }
-  StringList lines;
-};
-
-StringList Problems(TCustomVekAction& action) {
-  Errors errors;
-  const bool complete = action.Validate(errors);
-  EXPECT_EQ(complete, errors.lines.empty());
-  return errors.lines;
-}
-
-TEST(IniActionAnswers, ValidationReportsEveryProblem) {
-  NullHost host;
-  TReadIniFileAction read(host);
-  EXPECT_THAT(Problems(read),
-              ElementsAre("Ini File: Ini file has not been set", "Section: The section has not been set",
-                          "Value Name: The value name has not been set",
-                          "Variable: The variable name has not been set"));
-  read.IniFile = read.Section = read.ValueName = read.VariableName = WideString(" ");
-  EXPECT_THAT(Problems(read), IsEmpty());
-  TWriteIniFileAction write(host);
-  EXPECT_EQ(Problems(write).size(), 3u);
-}
-
-/// What a list says from the given line on.
-StringList FromFirst(std::string_view first, StringList lines) {
-  return {std::find(lines.begin(), lines.end(), first), lines.end()};
-}
-
-TEST(IniActionAnswers, NamesTitlesAndHelp) {
-  NullHost host;
-  const TReadIniFileAction read(host);
-  const TWriteIniFileAction write(host);
-  EXPECT_EQ(read.GetActionName(), "Read Ini File");
-  EXPECT_EQ(write.GetActionName(), "Write Ini File");
-  EXPECT_EQ(read.GetHelpTopicID(), 930);
-  EXPECT_EQ(write.GetHelpTopicID(), 940);
-  EXPECT_EQ(read.GetQuickHelpFilename(), "Plugins\\ReadIniFile.html");
-  EXPECT_EQ(write.GetQuickHelpFilename(), "Plugins\\WriteIniFile.html");
-
-  StringList aliases, help;
-  read.GetPropertyAlias(aliases);
-  EXPECT_THAT(FromFirst("[Ini File]", aliases),
-              ElementsAre("[Ini File]", "IniFile=Ini File", "Section=Section", "ValueName=Value Name",
-                          "ValueType=Value Type", "[Ini File]", "VariableName=Variable Name",
-                          "DefaultValue=Default Value"));
-  write.GetPropertyHelp(help);
-  constexpr std::string_view kFirst = "IniFile=The fully qualified path to the ini file.";
-  EXPECT_THAT(FromFirst(kFirst, help),
-              ElementsAre(kFirst, "Section=The ini file section to read or write",
-                          "ValueName=The name of the value to read/write",
-                          "ValueType=The type of the value to read/write",
-                          "NewValue=New Value to write to the ini file. Can include vekmatser variables",
-                          "AllowCreate=Allow the Ini File to be created if it does not exist."));
-}
-
 TEST(IniPages, OfferTheProjectsVariables) {
   ScriptedServices services;
   services.variables = {"OUT", "COUNT"};
@@ -392,22 +333,6 @@ TEST(IniPages, OfferTheProjectsVariables) {
   EXPECT_THAT(editor.GetValues(), ElementsAre("OUT", "COUNT"));
   services.RemoveDesigner();
   EXPECT_THAT(editor.GetValues(), IsEmpty());
-}
-
-template <class Page, class Action>
-void ExpectEveryPropertyEdited() {
-  StringList bound, published;
-  const Page page;
-  for (const auto& control : page.Controls()) {
-    if (control->Property()) bound.emplace_back(control->Property()->name);
-  }
-  for (const PropertyRow& row : Action::kPublished) published.emplace_back(row.name);
-  EXPECT_THAT(bound, testing::UnorderedElementsAreArray(published));
-}
-
-TEST(IniPages, EditEveryProperty) {
-  ExpectEveryPropertyEdited<TReadIniFrame, TReadIniFileAction>();
-  ExpectEveryPropertyEdited<TWriteIniFrame, TWriteIniFileAction>();
 }
 
 TEST(IniEditors, AskForAnIniFile) {

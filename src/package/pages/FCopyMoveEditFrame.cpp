@@ -25,46 +25,43 @@ void WildcardsNeedADirectory(TButtonEdit& source, TCheckBox& isDir) {
 
 }  // namespace
 
-TCopyFrame::TCopyFrame() : TActionFrame("Copy Files") {
-  Heading("Source");
+template <class Action>
+TCheckBox& TCopyMoveFrame<Action>::AddFiles(std::string_view sourceHint) {
+  this->Heading("Source");
   auto& source =
-      ButtonEdit("txtSource", "FileSpec").Hint("Files to copy").BrowsesForFile("Select File", kAllFiles);
-  Heading("Destination");
-  auto& target = ButtonEdit("txtTarget", "Target").Hint("Destination file or directory");
-  auto& isDir = CheckBox("chkTargetIsDir", "Destination Is a Directory", "TargetIsDir");
-  Heading("Options");
-  auto& recurse = CheckBox("chkRecurse", "Recurse Sub Directories", "Recurse");
-  CheckBox("chkForce", "Force Directories", "Force");
-  CheckBox("chkFailIfExists", "Fail if Exists", "FailIfExists");
-  CheckBox("chkOverwriteReadOnly", "Overwrite Read Only Files", "OverwriteReadOnly");
-  CheckBox("chkClearAttributes", "Clear Attributes", "ClearAttributes");
-  CheckBox("chkFailIfZero", "Fail if Zero Files Affected", "FailIfZeroFiles");
-
+      this->ButtonEdit("txtSource", "FileSpec").Hint(sourceHint).BrowsesForFile("Select File", kAllFiles);
+  this->Heading("Destination");
+  auto& target = this->ButtonEdit("txtTarget", "Target").Hint("Destination file or directory");
+  auto& isDir = this->CheckBox("chkTargetIsDir", "Destination Is a Directory", "TargetIsDir");
   BrowsesForTarget(target, isDir);
   WildcardsNeedADirectory(source, isDir);
-  recurse.OnChange([&] {
+  this->Heading("Options");
+  return isDir;
+}
+
+template <class Action>
+void TCopyMoveFrame<Action>::AddOptions() {
+  this->CheckBox("chkForce", "Force Directories", "Force");
+  this->CheckBox("chkFailIfExists", "Fail if Exists", "FailIfExists");
+  this->CheckBox("chkOverwriteReadOnly", "Overwrite Read Only Files", "OverwriteReadOnly");
+  this->CheckBox("chkClearAttributes", "Clear Attributes", "ClearAttributes");
+  this->CheckBox("chkFailIfZero", "Fail if Zero Files Affected", "FailIfZeroFiles");
+}
+
+TCopyFrame::TCopyFrame() : TCopyMoveFrame("Copy Files") {
+  auto& isDir = AddFiles("Files to copy");
+  auto& recurse = CheckBox("chkRecurse", "Recurse Sub Directories", "Recurse");
+  AddOptions();
+  recurse.OnChange([&recurse, &isDir] {
     if (recurse.Checked()) isDir.SetChecked(true);
   });
-  isDir.OnChange([&] {
+  isDir.OnChange([&recurse, &isDir] {
     if (!isDir.Checked()) recurse.SetChecked(false);
   });
 }
 
-TMoveFrame::TMoveFrame() : TActionFrame("Move Files") {
-  Heading("Source");
-  auto& source =
-      ButtonEdit("txtSource", "FileSpec").Hint("Files to move").BrowsesForFile("Select File", kAllFiles);
-  Heading("Destination");
-  auto& target = ButtonEdit("txtTarget", "Target").Hint("Destination file or directory");
-  auto& isDir = CheckBox("chkTargetIsDir", "Destination Is a Directory", "TargetIsDir");
-  Heading("Options");
-  CheckBox("chkForce", "Force Directories", "Force");
-  CheckBox("chkFailIfExists", "Fail if Exists", "FailIfExists");
-  CheckBox("chkOverwriteReadOnly", "Overwrite Read Only Files", "OverwriteReadOnly");
-  CheckBox("chkClearAttributes", "Clear Attributes", "ClearAttributes");
-  CheckBox("chkFailIfZero", "Fail if Zero Files Affected", "FailIfZeroFiles");
+TMoveFrame::TMoveFrame() : TCopyMoveFrame("Move Files") {
+  AddFiles("Files to move");
+  AddOptions();
   CheckBox("chkStopOnAnyErrors", "Stop on Any Errors", "StopOnAnyErrors");
-
-  BrowsesForTarget(target, isDir);
-  WildcardsNeedADirectory(source, isDir);
 }

@@ -61,17 +61,24 @@ bool HasUtf8Mark(const std::wstring& native) {
 class Turn {
  public:
   Turn() : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\VekIniFiles")) {
-    WaitForSingleObject(mutex_, INFINITE);
+    const DWORD waited = WaitForSingleObject(mutex_, kPatience);
+    isOurs_ = waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
   }
   Turn(const Turn&) = delete;
   Turn& operator=(const Turn&) = delete;
   ~Turn() {
-    ReleaseMutex(mutex_);
+    if (isOurs_) ReleaseMutex(mutex_);
     CloseHandle(mutex_);
   }
 
+  /// LockViolation when another program keeps the turn.
+  SysResult Result() const { return isOurs_ ? SysResult() : SysResult::Failure(Win32Error::LockViolation); }
+
  private:
+  static constexpr DWORD kPatience = 10000;  // milliseconds, where a turn takes few
+
   HANDLE mutex_;
+  bool isOurs_ = false;
 };
 
 }  // namespace
@@ -170,6 +177,7 @@ SysResult Win32IniFiles::Load(std::string_view path, IniText& text) {
 SysResult Win32IniFiles::Change(std::string_view path, const std::function<bool(IniText&)>& edit) {
   const std::lock_guard lock(mutex_);
   const Turn turn;
+  if (!turn.Result()) return turn.Result();
   IniText text;
   if (const SysResult loaded = Load(path, text); !loaded) return loaded;
   if (!edit(text)) return {};

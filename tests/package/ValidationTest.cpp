@@ -1,0 +1,79 @@
+#include <functional>
+
+#include "gtest/gtest.h"
+
+#include "fileops/VekCopyMove.h"
+#include "fileops/VekFileSetCopyMove.h"
+#include "iterators/Vekfileiterator.h"
+#include "process/FRunProg.h"
+#include "support/NullHost.h"
+#include "textini/VekCreateTextFileAction.h"
+#include "textini/VekWriteToTextFileAction.h"
+#include "textini/Vekinifile.h"
+
+namespace {
+
+struct Problems final : IVekActionValidationError {
+  void AddError(std::string_view title, std::string_view message) override {
+    lines.push_back(std::string(title) + ": " + std::string(message));
+  }
+  StringList lines;
+};
+
+/// What an action says before and after `complete` has filled it in; blanks and expressions are enough.
+template <class Action>
+void ExpectProblems(const StringList& wanted, const std::function<void(Action&)>& complete) {
+  NullHost host;
+  Action action(host);
+  Problems before, after;
+  EXPECT_EQ(action.Validate(before), wanted.empty());
+  EXPECT_EQ(before.lines, wanted);
+  complete(action);
+  EXPECT_TRUE(action.Validate(after)) << action.GetActionName();
+  EXPECT_TRUE(after.lines.empty());
+}
+
+const WideString kBlank(" ");
+
+TEST(Validation, ReportsEverySettingThatIsMissing) {
+  ExpectProblems<TVekCreateTextFileAction>({"New File Name: New filename has not been set"},
+                                           [](auto& action) { action.NewFileName = kBlank; });
+  ExpectProblems<TVekWriteToTextFileAction>({"File Name: New filename has not been set"},
+                                            [](auto& action) { action.FileName = "%UNKNOWN%"; });
+  ExpectProblems<TCopyFilesAction>(
+      {"File Spec: The file spec has not been set", "Target: The target file/directory has not been set"},
+      [](auto& action) {
+        action.SetFileSpec(" ");
+        action.Target = kBlank;
+      });
+  ExpectProblems<TVekFileSetCopyMoveAction>({"FileSet: FileSet name has not been set",
+                                             "Destination Folder: The destination folder has not been set"},
+                                            [](auto& action) {
+                                              action.SetFileSetName(" ");
+                                              action.DestinationFolder = " ";
+                                            });
+  ExpectProblems<TReadIniFileAction>(
+      {"Ini File: Ini file has not been set", "Section: The section has not been set",
+       "Value Name: The value name has not been set", "Variable: The variable name has not been set"},
+      [](auto& action) {
+        action.IniFile = action.Section = action.ValueName = action.VariableName = kBlank;
+      });
+  ExpectProblems<TFileIterator>({"File Spec: File Spec has not been set"},
+                                [](auto& action) { action.SetFileSpec(kBlank); });
+  ExpectProblems<TRunProgramAction>({"Program: The program to execute has not been set"},
+                                    [](auto& action) { action.SetProgramName(kBlank); });
+  ExpectProblems<TRunDosCMDAction>({"DOS Command: The DOS command has not been set"},
+                                   [](auto& action) { action.SetCommand(kBlank); });
+}
+
+TEST(Validation, AFileIteratorAsksForWhatItsModeNeeds) {
+  NullHost host;
+  TFileIterator iterator(host);
+  iterator.SetFileSpec(kBlank);
+  iterator.SetUseFileSet(true);
+  Problems problems;
+  EXPECT_FALSE(iterator.Validate(problems));
+  EXPECT_EQ(problems.lines, StringList{"FileSet: FileSet name has not been set"});
+}
+
+}  // namespace
