@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "host/VariableName.h"
+#include "host/expressions/VariableName.h"
 
 namespace {
 

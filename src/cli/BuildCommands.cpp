@@ -8,8 +8,8 @@
 
 #include "cli/NoEvents.h"
 #include "cli/Session.h"
-#include "host/BuildContext.h"
-#include "host/Engine.h"
+#include "host/engine/BuildContext.h"
+#include "host/engine/Engine.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
 #include "host/project/ProjectFile.h"

@@ -4,8 +4,8 @@
 
 #include "cli/NoEvents.h"
 #include "cli/Session.h"
-#include "host/BuildContext.h"
-#include "host/Description.h"
+#include "host/catalogue/Description.h"
+#include "host/engine/BuildContext.h"
 
 int ListActions(const Arguments& arguments) {
   const Session session(arguments, true);

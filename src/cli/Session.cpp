@@ -2,7 +2,7 @@
 
 #include "base/NearestName.h"
 #include "coreapi/Vekerrors.h"
-#include "host/ActionGroup.h"
+#include "host/engine/ActionGroup.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
 #include "platform/Files.h"

@@ -5,10 +5,10 @@
 
 #include "cli/Arguments.h"
 #include "coreapi/Vekservices.h"
-#include "host/Catalogue.h"
-#include "host/ConsoleDialogs.h"
-#include "host/OptionStore.h"
-#include "host/Packages.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/catalogue/Packages.h"
+#include "host/services/ConsoleDialogs.h"
+#include "host/services/OptionStore.h"
 #include "platform/CreatePlatform.h"
 
 /// What every command needs: the platform, the option store and the loaded packages. Lives as long as

@@ -1,7 +1,7 @@
 #include "fuzz/Fuzz.h"
-#include "host/ExpressionEnd.h"
-#include "host/Expressions.h"
 #include "host/ScriptTesting.h"
+#include "host/expressions/ExpressionEnd.h"
+#include "host/expressions/Expressions.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "base/WindowsPath.h"
 #include "fuzz/Fuzz.h"
-#include "host/PathPattern.h"
+#include "host/filesets/PathPattern.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 
 #include "fuzz/Fuzz.h"
-#include "host/ActionGroup.h"
-#include "host/Catalogue.h"
-#include "host/ConsoleDialogs.h"
-#include "host/OptionStore.h"
-#include "host/Packages.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/catalogue/Packages.h"
+#include "host/engine/ActionGroup.h"
 #include "host/project/ProjectFile.h"
+#include "host/services/ConsoleDialogs.h"
+#include "host/services/OptionStore.h"
 #include "platform/CreatePlatform.h"
 #include "support/NullHost.h"
 #include "support/SampleAction.h"

@@ -1,8 +1,8 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "host/ActionGroup.h"
-#include "host/Catalogue.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/engine/ActionGroup.h"
 #include "support/SampleAction.h"
 
 namespace {

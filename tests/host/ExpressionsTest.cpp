@@ -4,8 +4,8 @@
 
 #include "base/Text.h"
 #include "coreapi/Vekerrors.h"
-#include "host/ExpressionEnd.h"
-#include "host/Expressions.h"
+#include "host/expressions/ExpressionEnd.h"
+#include "host/expressions/Expressions.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include "gtest/gtest.h"
 
 #include "coreapi/Vekfilesets.h"
-#include "host/PathPattern.h"
+#include "host/filesets/PathPattern.h"
 #include "support/OsFixture.h"
 #include "support/ProjectFixture.h"
 #include "support/WineLimits.h"

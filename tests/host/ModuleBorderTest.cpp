@@ -8,7 +8,7 @@
 
 #include "coreapi/Vekactionapi.h"
 #include "coreapi/Vekerrors.h"
-#include "host/Packages.h"
+#include "host/catalogue/Packages.h"
 #include "platform/Modules.h"
 #include "support/ActionFixture.h"
 

@@ -1,7 +1,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "host/Catalogue.h"
+#include "host/catalogue/Catalogue.h"
 #include "host/project/ProjectFile.h"
 #include "support/NullHost.h"
 #include "support/SampleAction.h"

@@ -3,8 +3,8 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "host/ScriptEngine.h"
 #include "host/ScriptTesting.h"
+#include "host/scripts/ScriptEngine.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "host/ScriptEngine.h"
-#include "host/Variables.h"
+#include "host/expressions/Variables.h"
+#include "host/scripts/ScriptEngine.h"
 
 /// A script object with a few members and methods.
 class FakeObject final : public IVekScriptObject {

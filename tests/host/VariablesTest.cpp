@@ -1,6 +1,6 @@
 #include "gtest/gtest.h"
 
-#include "host/Variables.h"
+#include "host/expressions/Variables.h"
 
 TEST(Variables, NamesCompareWithoutRegardToCase) {
   Variables variables;

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/BuildContext.h"
-#include "host/Catalogue.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/engine/BuildContext.h"
 #include "host/log/EventSink.h"
 #include "platform/CreatePlatform.h"
 #include "support/SystemText.h"

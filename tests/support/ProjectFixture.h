@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "coreapi/Vekactionapi.h"
-#include "host/Engine.h"
+#include "host/engine/Engine.h"
 #include "support/ActionFixture.h"
 
 /// An action whose work is a test's.

@@ -1,7 +1,7 @@
 #include <set>
 
-#include "host/Catalogue.h"
-#include "host/VariableName.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/expressions/VariableName.h"
 #include "host/project/ProjectFile.h"
 #include "host/project/ProjectXml.h"
 #include "host/project/PropertyAssignment.h"

@@ -1,7 +1,7 @@
 #include "host/project/ProjectVariables.h"
 
 #include "base/WindowsPath.h"
-#include "host/BuildContext.h"
+#include "host/engine/BuildContext.h"
 #include "host/project/Project.h"
 #include "host/project/Quoted.h"
 #include "platform/Environment.h"

@@ -1,11 +1,11 @@
 #include <cmath>
 
-#include "host/ScriptEngine.h"
 #include "host/scripts/Border.h"
 #include "host/scripts/EngineText.h"
 #include "host/scripts/ProtectedCall.h"
 #include "host/scripts/Realm.h"
 #include "host/scripts/RealmCache.h"
+#include "host/scripts/ScriptEngine.h"
 #include "host/scripts/ScriptHeap.h"
 
 namespace {

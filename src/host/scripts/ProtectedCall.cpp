@@ -3,8 +3,8 @@
 #include <charconv>
 #include <cstddef>
 
-#include "host/ScriptEngine.h"
 #include "host/scripts/Border.h"
+#include "host/scripts/ScriptEngine.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "host/scripts/Realm.h"
 
-#include "host/ScriptEngine.h"
 #include "host/scripts/Border.h"
 #include "host/scripts/ObjectProxies.h"
+#include "host/scripts/ScriptEngine.h"
 #include "host/scripts/ScriptHeap.h"
 #include "host/scripts/VekObject.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "host/ScriptEngine.h"
 #include "host/scripts/EngineText.h"
+#include "host/scripts/ScriptEngine.h"
 
 namespace {
 

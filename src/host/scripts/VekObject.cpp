@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/ScriptEngine.h"
 #include "host/scripts/Border.h"
+#include "host/scripts/ScriptEngine.h"
 #include "host/scripts/ScriptHeap.h"
 
 namespace {

@@ -1,14 +1,14 @@
 #include "platform/CreatePlatform.h"
 #include "platform/Platform.h"
-#include "platform/win32/Win32Clock.h"
-#include "platform/win32/Win32Console.h"
-#include "platform/win32/Win32Environment.h"
-#include "platform/win32/Win32ErrorTexts.h"
-#include "platform/win32/Win32Files.h"
-#include "platform/win32/Win32Finder.h"
-#include "platform/win32/Win32IniFiles.h"
-#include "platform/win32/Win32Modules.h"
-#include "platform/win32/Win32Processes.h"
+#include "platform/win32/files/Win32Files.h"
+#include "platform/win32/find/Win32Finder.h"
+#include "platform/win32/ini/Win32IniFiles.h"
+#include "platform/win32/processes/Win32Processes.h"
+#include "platform/win32/system/Win32Clock.h"
+#include "platform/win32/system/Win32Console.h"
+#include "platform/win32/system/Win32Environment.h"
+#include "platform/win32/system/Win32ErrorTexts.h"
+#include "platform/win32/system/Win32Modules.h"
 
 namespace {
 

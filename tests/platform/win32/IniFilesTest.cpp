@@ -2,7 +2,7 @@
 
 #include "platform/IniFiles.h"
 #include "platform/PlatformTest.h"
-#include "platform/win32/Win32Text.h"
+#include "platform/win32/system/Win32Text.h"
 
 namespace {
 

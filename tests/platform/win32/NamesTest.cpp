@@ -7,8 +7,8 @@
 #include "platform/FileAttributes.h"
 #include "platform/Files.h"
 #include "platform/Finder.h"
-#include "platform/win32/Win32Path.h"
-#include "platform/win32/Win32Text.h"
+#include "platform/win32/paths/Win32Path.h"
+#include "platform/win32/system/Win32Text.h"
 #include "support/TempFolder.h"
 #include "support/WineLimits.h"
 

@@ -7,7 +7,7 @@
 
 #include "gtest/gtest.h"
 
-#include "platform/win32/Win32Text.h"
+#include "platform/win32/system/Win32Text.h"
 
 namespace {
 

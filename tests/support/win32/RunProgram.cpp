@@ -5,7 +5,7 @@
 #include <thread>
 #include <windows.h>
 
-#include "platform/win32/Win32Text.h"
+#include "platform/win32/system/Win32Text.h"
 
 namespace {
 

@@ -1,0 +1,224 @@
+#include "host/catalogue/Description.h"
+
+#include <algorithm>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "coreapi/Vekactionapi.h"
+#include "forms/Vekpluginapi.h"
+#include "forms/Vekpropertyeditors.h"
+#include "host/catalogue/Catalogue.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string ToText(const Json& json) {
+  return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+Json PageClassNames(const CatalogueEntry& entry) {
+  Json names = Json::array();
+  for (const PageClass* page : entry.pages) names.push_back(page->className);
+  return names;
+}
+
+Json PagesOf(const CatalogueEntry& entry) {
+  Json pages = Json::array();
+  for (const PageClass* page : entry.pages) {
+    pages.push_back({{"className", page->className}, {"pageName", page->create()->PageName()}});
+  }
+  return pages;
+}
+
+/// A property has the editor that was registered for its type and name, or for every property of its type.
+bool Applies(const RegisteredEditor& editor, const TCustomVekAction& action) {
+  for (const PropertyRow* row : action.PropertyRows()) {
+    const bool named = editor.propertyName.empty() || editor.propertyName == row->name;
+    if (row->published && named && editor.propertyType == row->TypeName()) return true;
+  }
+  return false;
+}
+
+/// The editors as registered; one whose property the class lacks, or has with another type, never applies.
+Json EditorsOf(const Catalogue& catalogue, const CatalogueEntry& entry, const TCustomVekAction& action) {
+  Json editors = Json::array();
+  for (const RegisteredEditor& editor : catalogue.Editors()) {
+    if (!entry.actionClass->InheritsFrom(*editor.actionClass)) continue;
+    editors.push_back({{"property", editor.propertyName},
+                       {"editor", editor.editor->className},
+                       {"propertyType", editor.propertyType},
+                       {"applies", Applies(editor, action)}});
+  }
+  return editors;
+}
+
+Json DefaultOf(const PropertyRow& row, const TCustomVekAction& action) {
+  const PropertyValue value = row.get(action);
+  if (const bool* truth = std::get_if<bool>(&value)) return *truth;
+  if (const StringList* lines = std::get_if<StringList>(&value)) return *lines;
+  if (row.type == PropertyType::Integer || row.type == PropertyType::Cardinal)
+    return std::get<int64_t>(value);
+  return PropertyToText(row, value);
+}
+
+bool IsOwn(const PropertyRow* row, const CatalogueEntry& entry) {
+  const auto& own = entry.actionClass->properties;
+  return row >= own.data() && row < own.data() + own.size();
+}
+
+Json PropertiesOf(const CatalogueEntry& entry, const TCustomVekAction& action) {
+  Json properties = Json::array();
+  for (const PropertyRow* row : action.PropertyRows()) {
+    if (!row->published) continue;
+    Json property{{"name", row->name},
+                  {"type", PropertyTypeName(row->type)},
+                  {"default", DefaultOf(*row, action)},
+                  {"stored", row->stored},
+                  {"inherited", !IsOwn(row, entry)}};
+    if (row->enumType) property["values"] = row->enumType().values;
+    properties.push_back(std::move(property));
+  }
+  return properties;
+}
+
+template <class Getter>
+StringList LinesOf(const TCustomVekAction& action, Getter getter) {
+  StringList lines;
+  (action.*getter)(lines);
+  return lines;
+}
+
+/// Columns padded to the widest entry of each.
+std::string Table(const std::vector<StringList>& rows, std::string_view indent) {
+  std::vector<size_t> widths;
+  for (const StringList& row : rows) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+  }
+  std::string text;
+  for (const StringList& row : rows) {
+    std::string line(indent);
+    for (size_t i = 0; i < row.size(); ++i) {
+      line += row[i];
+      if (i + 1 < row.size()) line.append(widths[i] - row[i].size() + 2, ' ');
+    }
+    text.append(line, 0, line.find_last_not_of(' ') + 1).append("\n");
+  }
+  return text;
+}
+
+/// The texts behind "Property=" by property; the last line of a name wins.
+std::map<std::string, std::string, LessNoCase> ByProperty(const StringList& lines) {
+  std::map<std::string, std::string, LessNoCase> texts;
+  for (const std::string& line : lines) {
+    const size_t equals = line.find('=');
+    if (equals != std::string::npos) texts[line.substr(0, equals)] = line.substr(equals + 1);
+  }
+  return texts;
+}
+
+std::string TypeText(const PropertyRow& row) {
+  std::string text(PropertyTypeName(row.type));
+  if (row.enumType) text = DescribeExpectedText(row);
+  return text;
+}
+
+std::string Marks(const PropertyRow& row, const StringList& hidden, const StringList& readOnly) {
+  StringList marks;
+  if (std::ranges::count(hidden, row.name) != 0) marks.emplace_back("hidden");
+  if (!row.set || std::ranges::count(readOnly, row.name) != 0) marks.emplace_back("read-only");
+  if (!row.stored) marks.emplace_back("not stored");
+  std::string text;
+  for (const std::string& mark : marks) text += (text.empty() ? "" : ", ") + mark;
+  return text;
+}
+
+/// What the property is for: its help text, or its display title where it has none.
+std::string MeaningOf(const PropertyRow& row, const TCustomVekAction& action) {
+  const auto help = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyHelp));
+  if (const auto text = help.find(row.name); text != help.end()) return text->second;
+  const auto titles = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyAlias));
+  const auto title = titles.find(row.name);
+  return title == titles.end() ? std::string() : title->second;
+}
+
+std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own) {
+  const StringList hidden = LinesOf(action, &TCustomVekAction::GetHiddenProperties);
+  const StringList readOnly = LinesOf(action, &TCustomVekAction::GetReadOnlyProperties);
+  std::vector<StringList> rows;
+  for (const PropertyRow* row : action.PropertyRows()) {
+    if (!row->published || IsOwn(row, entry) != own) continue;
+    const std::string value = PropertyToText(*row, row->get(action));
+    const std::string marks = Marks(*row, hidden, readOnly);
+    rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value,
+                    MeaningOf(*row, action) + (marks.empty() ? "" : " (" + marks + ")")});
+  }
+  return Table(rows, "  ");
+}
+
+}  // namespace
+
+std::string ListActionsAsText(const Catalogue& catalogue) {
+  std::map<std::string, std::vector<StringList>> categories;
+  for (const CatalogueEntry& entry : catalogue.Entries()) {
+    categories[entry.category].push_back({entry.typeId, entry.displayName});
+  }
+  std::string text;
+  for (const auto& [category, rows] : categories) {
+    text += (text.empty() ? "" : "\n") + category + '\n' + Table(rows, "  ");
+  }
+  return text;
+}
+
+std::string ListActionsAsJson(const Catalogue& catalogue) {
+  Json actions = Json::array();
+  for (const CatalogueEntry& entry : catalogue.Entries()) {
+    actions.push_back({{"typeId", entry.typeId},
+                       {"displayName", entry.displayName},
+                       {"className", entry.actionClass->className},
+                       {"category", entry.category},
+                       {"pages", PageClassNames(entry)}});
+  }
+  return ToText(actions);
+}
+
+std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host) {
+  const auto action = entry.actionClass->create(host);
+  std::string text = entry.displayName + "\n\n";
+  std::vector<StringList> facts = {{"Type id", entry.typeId},
+                                   {"Category", entry.category},
+                                   {"Class", std::string(entry.actionClass->className)}};
+  for (const PageClass* page : entry.pages) {
+    facts.push_back({"Page", page->create()->PageName() + " (" + std::string(page->className) + ")"});
+  }
+  for (const Json& editor : EditorsOf(catalogue, entry, *action)) {
+    if (!editor["applies"].get<bool>()) continue;
+    facts.push_back(
+        {"Editor", editor["editor"].get<std::string>() + " of " + editor["property"].get<std::string>()});
+  }
+  for (const std::string& event : action->ScriptEvents()) facts.push_back({"Script event", event});
+  text += Table(facts, "  ");
+  const std::string own = PropertyTable(entry, *action, true);
+  if (!own.empty()) text += "\nProperties (name, type, default, meaning)\n" + own;
+  return text + "\nProperties of every action\n" + PropertyTable(entry, *action, false);
+}
+
+std::string DescribeAsJson(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host) {
+  const auto action = entry.actionClass->create(host);
+  return ToText({{"typeId", entry.typeId},
+                 {"displayName", entry.displayName},
+                 {"actionName", action->GetActionName()},
+                 {"className", entry.actionClass->className},
+                 {"category", entry.category},
+                 {"helpTopicId", action->GetHelpTopicID()},
+                 {"quickHelpFilename", action->GetQuickHelpFilename()},
+                 {"aliases", LinesOf(*action, &TCustomVekAction::GetPropertyAlias)},
+                 {"help", LinesOf(*action, &TCustomVekAction::GetPropertyHelp)},
+                 {"hidden", LinesOf(*action, &TCustomVekAction::GetHiddenProperties)},
+                 {"readOnly", LinesOf(*action, &TCustomVekAction::GetReadOnlyProperties)},
+                 {"scripts", action->ScriptEvents()},
+                 {"pages", PagesOf(entry)},
+                 {"editors", EditorsOf(catalogue, entry, *action)},
+                 {"properties", PropertiesOf(entry, *action)}});
+}

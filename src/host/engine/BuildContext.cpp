@@ -1,0 +1,122 @@
+#include "host/engine/BuildContext.h"
+
+#include <utility>
+
+#include "coreapi/Vekactionapi.h"
+#include "host/catalogue/Catalogue.h"
+#include "host/log/EventSink.h"
+#include "host/project/Project.h"
+#include "platform/Environment.h"
+#include "platform/Platform.h"
+
+BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
+                           bool unattended)
+    : platform_(platform),
+      catalogue_(catalogue),
+      events_(events),
+      unattended_(unattended),
+      fileSets_(*this) {}
+
+BuildContext::~BuildContext() = default;
+
+void BuildContext::SetProject(Project* project) {
+  project_ = project;
+  fileSets_.Declare(project ? project->fileSets : std::vector<FileSetDeclaration>());
+}
+
+EventSink& BuildContext::Events() {
+  if (hasPostponed_.load(std::memory_order_relaxed)) {
+    StringList messages;
+    {
+      const std::lock_guard lock(postponedMutex_);
+      messages.swap(postponed_);
+      hasPostponed_ = false;
+    }
+    for (const std::string& text : messages) events_.Message(path_, text);
+  }
+  return events_;
+}
+
+bool BuildContext::EvaluateCondition(std::string_view expression) {
+  return Trim(expression).empty() || IsTrue(Scripts().Evaluate(expression));
+}
+
+std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
+
+std::optional<std::string> BuildContext::VariableText(std::string_view name) {
+  if (const Variant* value = variables_.Find(name)) return VariantToText(*value);
+  return platform_.environment.Variable(name);
+}
+
+Variant BuildContext::EvaluateScript(std::string_view source) {
+  try {
+    return Scripts().Evaluate(source);
+  } catch (const EScriptError& error) {
+    throw EVekExpressionError(error.what());
+  }
+}
+
+Variant BuildContext::GetVariableValue(std::string_view name) {
+  if (const Variant* value = variables_.Find(name)) return *value;
+  throw EVekError("variable \"" + std::string(name) + "\" is not defined");
+}
+
+void BuildContext::SetVariable(std::string_view name, Variant value) {
+  Events().Variable(path_, name, value);
+  variables_.Set(name, std::move(value));
+}
+
+bool BuildContext::IsVariableDefined(std::string_view name) { return variables_.Find(name) != nullptr; }
+
+void BuildContext::SendMessage(std::string_view text) {
+  if (std::this_thread::get_id() == buildThread_) return Events().Message(path_, text);
+  const std::lock_guard lock(postponedMutex_);
+  postponed_.emplace_back(text);
+  hasPostponed_ = true;
+}
+void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
+  Events().Status(path_, message.Lines());
+}
+void BuildContext::SendProgress(std::string_view text, int32_t percent) {
+  Events().Progress(path_, text, percent);
+}
+void BuildContext::ReportError(std::string_view text) { Events().Error(path_, text); }
+void BuildContext::HoldLog(bool held) { events_.Hold(held); }
+
+bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript& script, Variant& result) {
+  try {
+    result = Scripts().Run(script.Text(), script.Params());
+    return true;
+  } catch (const EScriptError& error) {
+    const std::string line = error.Line() > 0 ? ", line " + std::to_string(error.Line()) : "";
+    ReportError("script " + script.Name() + line + ": " + error.what());
+    return false;
+  }
+}
+
+void BuildContext::Synchronize(const std::function<void()>& method) {
+  // The build thread is this host's user-interface thread.
+  struct Scope {
+    bool& flag;
+    const bool before = std::exchange(flag, true);
+    ~Scope() { flag = before; }
+  } scope{inSynchronize_};
+  method();
+}
+
+IVekScriptObject* BuildContext::ActionByName(std::string_view name) {
+  TCustomVekAction* action = project_ ? FindActionByName(project_->actions, name) : nullptr;
+  if (!action) return nullptr;
+  auto& object = scriptObjects_[action];
+  if (!object) object = CreateActionScriptObject(*action);
+  return object.get();
+}
+
+const std::vector<std::pair<std::string, Variant>>& BuildContext::Constants() {
+  return catalogue_.ScriptConstants();
+}
+
+ScriptEngine& BuildContext::Scripts() {
+  if (!scripts_) scripts_ = CreateScriptEngine(*this);
+  return *scripts_;
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "coreapi/Vekactionhost.h"
+#include "host/engine/StopControl.h"
+#include "host/expressions/Expressions.h"
+#include "host/expressions/Variables.h"
+#include "host/filesets/FileSets.h"
+#include "host/scripts/ScriptEngine.h"
+
+class Catalogue;
+class EventSink;
+struct Project;
+
+/// The host that actions run in: variables, expressions, scripts, the log and the wish to stop.
+class BuildContext final : public IVekActionHost, private ExpressionSource, private ScriptEnvironment {
+ public:
+  BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events, bool unattended);
+  ~BuildContext() override;
+
+  Variables& GetVariables() { return variables_; }
+  StopControl& Stop() { return stop_; }
+
+  /// Where events go, after what other threads have sent meanwhile. [build thread]
+  EventSink& Events();
+
+  /// The project that is being built: its actions by name and its file sets; null for none.
+  void SetProject(Project* project);
+
+  /// What log lines are reported under. The engine moves it as it walks the tree.
+  void SetCurrentPath(std::string path) { path_ = std::move(path); }
+  const std::string& CurrentPath() const { return path_; }
+
+  /// Whether the code that runs may show user interface.
+  bool InSynchronize() const { return inSynchronize_; }
+
+  /// The truth of a condition, blank text counting as true; raises EVekError.
+  bool EvaluateCondition(std::string_view expression);
+
+  // IVekActionHost
+  const Platform& GetPlatform() override { return platform_; }
+  std::string ExpandExpression(std::string_view text) override;
+  Variant GetVariableValue(std::string_view name) override;
+  void SetVariable(std::string_view name, Variant value) override;
+  bool IsVariableDefined(std::string_view name) override;
+  void SendMessage(std::string_view text) override;
+  void SendStatusMessage(const IVekActionLogMessage& message) override;
+  void SendProgress(std::string_view text, int32_t percent) override;
+  void ReportError(std::string_view text) override;
+  void HoldLog(bool held) override;
+  bool ExecuteScript(TCustomVekAction& action, IVekActionScript& script, Variant& result) override;
+  bool StopSignalled() override { return stop_.Stopped(); }
+  bool IsUnattended() override { return unattended_; }
+  void Synchronize(const std::function<void()>& method) override;
+  IVekProjectObjectAPI& GetProjectObjectAPI() override { return fileSets_; }
+  void SetProjectModified() override {}
+
+ private:
+  // ExpressionSource
+  std::optional<std::string> VariableText(std::string_view name) override;
+  Variant EvaluateScript(std::string_view source) override;
+
+  // ScriptEnvironment
+  const Variant* FindVariable(std::string_view name) override { return variables_.Find(name); }
+  void Log(std::string_view text) override { SendMessage(text); }
+  IVekScriptObject* ActionByName(std::string_view name) override;
+  const std::vector<std::pair<std::string, Variant>>& Constants() override;
+  bool Interrupted() override { return stop_.Stopped(); }
+
+  ScriptEngine& Scripts();
+
+  const Platform& platform_;
+  const Catalogue& catalogue_;
+  EventSink& events_;
+  const bool unattended_;
+  Project* project_ = nullptr;
+  std::string path_;
+  Variables variables_;
+  StopControl stop_;
+  const std::thread::id buildThread_ = std::this_thread::get_id();
+  std::mutex postponedMutex_;
+  StringList postponed_;  // messages of other threads
+  std::atomic<bool> hasPostponed_ = false;
+  FileSets fileSets_;
+  std::unique_ptr<ScriptEngine> scripts_;  // made by the first script: most builds need none
+  std::map<TCustomVekAction*, std::unique_ptr<IVekScriptObject>> scriptObjects_;
+  bool inSynchronize_ = false;
+};

@@ -1,0 +1,158 @@
+#include "host/engine/Engine.h"
+
+#include "host/engine/BuildContext.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+
+namespace {
+
+void ResetStatus(std::vector<ActionNode>& actions) {
+  for (ActionNode& node : actions) {
+    node.action->ResetBuildStatus();
+    ResetStatus(node.children);
+  }
+}
+
+TVekActionStatus StatusAfter(ActionResult result, bool ignored) {
+  switch (result) {
+    case ActionResult::Success:
+      return TVekActionStatus::asSucceeded;
+    case ActionResult::Failure:
+      return ignored ? TVekActionStatus::asFailedIgnored : TVekActionStatus::asFailed;
+    case ActionResult::Skipped:
+      return TVekActionStatus::asSkipped;
+    case ActionResult::Stopped:
+      return TVekActionStatus::asStopped;
+  }
+  return TVekActionStatus::asNone;
+}
+
+ActionResult Skip(TCustomVekAction& action, TVekActionStatus reason) {
+  action.SetActionStatus(reason);
+  return ActionResult::Skipped;
+}
+
+bool RunsChildren(TVekNextAction next) {
+  return next == TVekNextAction::naDefault || next == TVekNextAction::naChildren;
+}
+
+}  // namespace
+
+Engine::Engine(BuildContext& context) : context_(context) {}
+
+BuildSummary Engine::Run(Project& project, std::string_view projectName) {
+  Clock& clock = context_.GetPlatform().clock;
+  const double start = clock.Seconds();
+  summary_ = {};
+  context_.SetProject(&project);
+  ResetStatus(project.actions);
+  context_.Events().BuildStart(projectName);
+  summary_.result = RunActions(project.actions, "");
+  summary_.seconds = clock.Seconds() - start;
+  context_.Events().BuildEnd(summary_);
+  context_.SetProject(nullptr);
+  return summary_;
+}
+
+ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::string& parentPath) {
+  for (size_t i = 0; i < actions.size(); ++i) {
+    if (context_.Stop().Stopped()) return FailureOrStop();
+    const ActionResult result = RunAction(actions[i], parentPath + '/' + std::to_string(i + 1));
+    context_.SetCurrentPath(parentPath);
+    if (result == ActionResult::Stopped) return result;
+    if (result == ActionResult::Failure && !actions[i].action->IgnoreFailure) return result;
+  }
+  return context_.Stop().Stopped() ? FailureOrStop() : ActionResult::Success;
+}
+
+ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
+  Clock& clock = context_.GetPlatform().clock;
+  const double start = clock.Seconds();
+  const std::string title = node.action->GetDescription();
+  const ActionPlace place{path, node.typeId, title, !node.children.empty()};
+  context_.SetCurrentPath(path);
+  context_.Events().ActionStart(place);
+  const ActionResult result = Decide(node, path);
+  if (result != ActionResult::Skipped) ++summary_.actions;
+  if (result == ActionResult::Failure) ++summary_.failures;
+  context_.Events().ActionEnd(place, result, clock.Seconds() - start);
+  return result;
+}
+
+/// Whether the action runs at all, and if so, how it ends.
+ActionResult Engine::Decide(ActionNode& node, const std::string& path) {
+  TCustomVekAction& action = *node.action;
+  if (!action.Enabled) return Skip(action, TVekActionStatus::asDisabled);
+  const std::optional<bool> condition = EvaluateCondition(action);
+  if (condition == false) return Skip(action, TVekActionStatus::asConditionNotMet);
+  const ActionResult result = condition ? RunAttempts(node, path) : FailureOrStop();
+  // An action that gave itself a status while it ran keeps it.
+  if (result != ActionResult::Success || action.ActionStatus() == TVekActionStatus::asRunning) {
+    action.SetActionStatus(StatusAfter(result, action.IgnoreFailure));
+  }
+  return result;
+}
+
+/// Nothing when the condition fails, which is then reported.
+std::optional<bool> Engine::EvaluateCondition(TCustomVekAction& action) {
+  const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+  try {
+    return context_.EvaluateCondition(action.Condition);
+  } catch (const std::exception& error) {
+    context_.ReportError(std::string("Condition: ") + error.what());
+    ReportTimeout(running, action);
+    return {};
+  }
+}
+
+bool Engine::ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action) {
+  if (!running.TimedOut()) return false;
+  context_.ReportError("Timed out after " + std::to_string(action.TimeoutSeconds) + " seconds");
+  return true;
+}
+
+ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
+  const uint64_t attempts = uint64_t{node.action->RetryCount} + 1;
+  for (uint64_t attempt = 1;; ++attempt) {
+    const ActionResult result = RunAttempt(node, path);
+    if (result != ActionResult::Failure || attempt == attempts || context_.Stop().Stopped()) return result;
+    context_.ReportError("Attempt " + std::to_string(attempt) + " of " + std::to_string(attempts) +
+                         " failed; trying again");
+    if (!context_.Stop().Wait(node.action->RetryDelaySeconds)) return FailureOrStop();
+  }
+}
+
+ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
+  TCustomVekAction& action = *node.action;
+  const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+  // What asks running actions to terminate may have come before this one was among them.
+  if (context_.Stop().Stopped())
+    return ReportTimeout(running, action) ? ActionResult::Failure : FailureOrStop();
+  // What an attempt that broke off left behind is no part of this one.
+  action.ResetBuildStatus();
+  action.SetActionStatus(TVekActionStatus::asRunning);
+  auto next = TVekNextAction::naDefault;
+  ActionResult result;
+  do {
+    result = RunPass(node, path, next);
+  } while (result == ActionResult::Success && next == TVekNextAction::naChildren);
+  if (ReportTimeout(running, action)) return ActionResult::Failure;
+  return result == ActionResult::Failure ? FailureOrStop() : result;
+}
+
+/// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
+ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
+  TCustomVekAction& action = *node.action;
+  if (!action.Run()) return ActionResult::Failure;
+  next = TVekNextAction::naDefault;
+  action.GetNextActionSource(false, next);
+  if (!RunsChildren(next)) return ActionResult::Success;
+  const ActionResult result = RunActions(node.children, path);
+  context_.SetCurrentPath(path);
+  return result;
+}
+
+/// What a failure comes to: it is no fault of the action's when the build is to stop.
+ActionResult Engine::FailureOrStop() const {
+  return context_.Stop().StopRequested() ? ActionResult::Stopped : ActionResult::Failure;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/engine/StopControl.h"
+#include "host/log/EventSink.h"
+#include "host/project/Project.h"
+
+class BuildContext;
+
+/// Executes a project's tree of actions. An attempt at an action takes in its children; a failed action ends
+/// the build unless its failure is ignored, and the children of a failed action do not run.
+class Engine {
+ public:
+  explicit Engine(BuildContext& context);
+
+  /// `projectName` is what the log calls the build.
+  BuildSummary Run(Project& project, std::string_view projectName);
+
+ private:
+  ActionResult RunActions(std::vector<ActionNode>& actions, const std::string& parentPath);
+  ActionResult RunAction(ActionNode& node, const std::string& path);
+  ActionResult Decide(ActionNode& node, const std::string& path);
+  ActionResult RunAttempts(ActionNode& node, const std::string& path);
+  ActionResult RunAttempt(ActionNode& node, const std::string& path);
+  ActionResult RunPass(ActionNode& node, const std::string& path, TVekNextAction& next);
+  std::optional<bool> EvaluateCondition(TCustomVekAction& action);
+  bool ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action);
+  ActionResult FailureOrStop() const;
+
+  BuildContext& context_;
+  BuildSummary summary_;
+};

@@ -1,0 +1,84 @@
+#include "host/engine/StopControl.h"
+
+#include <algorithm>
+
+#include "coreapi/Vekactionapi.h"
+
+StopControl::~StopControl() {
+  {
+    const std::lock_guard lock(mutex_);
+    quit_ = true;
+  }
+  changed_.notify_all();
+  if (watchdog_.joinable()) watchdog_.join();
+}
+
+void StopControl::RequestStop() {
+  if (stopRequested_.exchange(true)) return;
+  const std::lock_guard lock(mutex_);
+  interrupted_ = true;
+  TerminateRunning(0);
+  changed_.notify_all();
+}
+
+bool StopControl::Wait(double seconds) {
+  std::unique_lock lock(mutex_);
+  return !changed_.wait_for(lock, std::chrono::duration<double>(seconds), [this] { return Stopped(); });
+}
+
+StopControl::Running::Running(StopControl& control, TCustomVekAction& action, uint32_t timeoutSeconds)
+    : control_(control) {
+  const std::lock_guard lock(control_.mutex_);
+  const TimePoint deadline = timeoutSeconds == 0
+                                 ? TimePoint::max()
+                                 : std::chrono::steady_clock::now() + std::chrono::seconds(timeoutSeconds);
+  control_.running_.push_back({&action, deadline});
+  if (timeoutSeconds == 0) return;
+  if (!control_.watchdog_.joinable()) control_.watchdog_ = std::thread([&control] { control.Watch(); });
+  control_.changed_.notify_all();
+}
+
+StopControl::Running::~Running() {
+  const std::lock_guard lock(control_.mutex_);
+  control_.running_.pop_back();
+  control_.interrupted_ = control_.stopRequested_ || std::ranges::any_of(control_.running_, &Entry::timedOut);
+}
+
+bool StopControl::Running::TimedOut() const {
+  const std::lock_guard lock(control_.mutex_);
+  return control_.running_.back().timedOut;
+}
+
+/// The watchdog's thread: sleeps to the next deadline.
+void StopControl::Watch() {
+  std::unique_lock lock(mutex_);
+  while (!quit_) {
+    TimePoint next = TimePoint::max();
+    for (const Entry& entry : running_) {
+      if (!entry.timedOut) next = std::min(next, entry.deadline);
+    }
+    if (next == TimePoint::max()) {
+      changed_.wait(lock);
+    } else {
+      changed_.wait_until(lock, next);
+    }
+    MarkExpired(std::chrono::steady_clock::now());
+  }
+}
+
+void StopControl::MarkExpired(TimePoint now) {
+  for (size_t i = 0; i < running_.size(); ++i) {
+    if (running_[i].timedOut || running_[i].deadline > now) continue;
+    running_[i].timedOut = true;
+    interrupted_ = true;
+    TerminateRunning(i);
+    changed_.notify_all();
+  }
+}
+
+/// Asks an action and what runs below it to end. The lock is held, so that none of them goes meanwhile.
+void StopControl::TerminateRunning(size_t outermost) {
+  for (size_t i = running_.size(); i-- > outermost;) {
+    if (running_[i].action->CanTerminate()) running_[i].action->TerminateAction();
+  }
+}

@@ -1,0 +1,177 @@
+#include "platform/posix/files/FileMove.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+
+#include "platform/posix/files/EntryStatus.h"
+#include "platform/posix/files/FileCopy.h"
+#include "platform/posix/files/NewFile.h"
+#include "platform/posix/files/OpenedFile.h"
+#include "platform/posix/files/Transfer.h"
+#include "platform/posix/system/PosixErrors.h"
+
+namespace {
+
+bool IsSameFile(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+class Move {
+ public:
+  Move(PosixPaths& paths, const Place& from, uint32_t flags, const CopyProgress& progress)
+      : paths_(paths), from_(from), flags_(flags), progress_(progress) {}
+
+  SysResult To(Place target) {
+    const std::string wanted = target.name;
+    if (const SysResult found = FindBoth(target); !found) return found;
+    if (const SysResult usable = CheckUse(from_, source_); !usable) return usable;
+    if (IsSameEntry(target)) {
+      // Nothing to move but, perhaps, the case of letters.
+      if (wanted == from_.name) return {};
+      target.name = wanted;
+      exists_ = false;
+      mustBeFree_ = false;
+    }
+    if (exists_) {
+      if (const SysResult allowed = CheckTarget(); !allowed) return allowed;
+      if (const SysResult usable = CheckUse(target, target_.status); !usable) return usable;
+      // Two names of one file: the system's own rename would leave both.
+      if (IsSameFile(source_, target_.status) && !target_.isLink) return RemoveSource();
+    }
+    return Rename(target);
+  }
+
+ private:
+  bool Has(uint32_t flag) const { return (flags_ & flag) != 0; }
+
+  SysResult FindBoth(Place& target) {
+    if (fstatat(from_.Fd(), from_.Name(), &source_, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
+    paths_.OtherCase(target);
+    exists_ = ReadStatus(target.Fd(), target.Name(), target_);
+    return exists_ || errno == ENOENT ? SysResult() : LastFailure();
+  }
+
+  bool IsSameEntry(const Place& target) const {
+    return target.name == from_.name && target.folder->device == from_.folder->device &&
+           target.folder->inode == from_.folder->inode;
+  }
+
+  SysResult CheckTarget() const {
+    if (!Has(MoveFlag::ReplaceExisting)) return SysResult::Failure(Win32Error::AlreadyExists);
+    const bool isLocked = !target_.isLink && IsReadOnly(target_.status);
+    const bool isFolder = target_.IsFolder() || S_ISDIR(source_.st_mode);
+    return isLocked || isFolder ? SysResult::Failure(Win32Error::AccessDenied) : SysResult();
+  }
+
+  /// Whether another open holds the file exclusively; who may not read it cannot tell.
+  static SysResult CheckUse(const Place& place, const struct stat& status) {
+    if (!S_ISREG(status.st_mode)) return {};
+    const UniqueFd file(openat(place.Fd(), place.Name(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return !file || MayUse(file.Get()) ? SysResult() : LastFailure();
+  }
+
+  SysResult RemoveSource() {
+    NameIndex::Change change(paths_.Names(), from_.Fd());
+    if (unlinkat(from_.Fd(), from_.Name(), 0) != 0) return LastFailure();
+    change.Removed(from_.name);
+    return {};
+  }
+
+  SysResult Rename(const Place& target) {
+    NameIndex::Change left(paths_.Names(), from_.Fd()), entered(paths_.Names(), target.Fd());
+    if (!RenameTo(target)) {
+      if (errno == EXDEV) return ToOtherVolume(target, entered);
+      // The system's word for a folder that would have to go into itself.
+      return errno == EINVAL ? SysResult::Failure(Win32Error::SharingViolation) : LastFailure();
+    }
+    if (!S_ISREG(source_.st_mode)) paths_.ForgetFolders();
+    left.Removed(from_.name);
+    if (!exists_) entered.Added(target.name);
+    return {};
+  }
+
+  bool RenameTo(const Place& target) const {
+    if (!exists_ && mustBeFree_) {
+      if (renameat2(from_.Fd(), from_.Name(), target.Fd(), target.Name(), RENAME_NOREPLACE) == 0) return true;
+      // Not every file system knows the flag.
+      if (errno != EINVAL && errno != ENOSYS) return false;
+    }
+    return renameat(from_.Fd(), from_.Name(), target.Fd(), target.Name()) == 0;
+  }
+
+  SysResult ToOtherVolume(const Place& target, NameIndex::Change& entered) {
+    if (!Has(MoveFlag::CopyAllowed)) return SysResult::Failure(Win32Error::NotSameDevice);
+    if (S_ISDIR(source_.st_mode)) return SysResult::Failure(Win32Error::AccessDenied);
+    const SysResult made = S_ISLNK(source_.st_mode) ? RemakeLink(target) : CopyFileTo(target);
+    if (!made) return made;
+    if (!exists_) entered.Added(target.name);
+    if (Has(MoveFlag::WriteThrough) && !WriteNames(target)) return LastFailure();
+    // What cannot be removed stays: the copy is good.
+    RemoveSource();
+    return {};
+  }
+
+  SysResult CopyFileTo(const Place& target) {
+    CopySource source = {};
+    if (const SysResult opened = OpenCopySource(paths_, from_, source); !opened) return opened;
+    const int from = source.fd.Get();
+    NewFile file(target);
+    if (!file.CreateUnseen(0600)) return LastFailure();
+    const CopyOptions options = {.progress = progress_};
+    if (const SysResult moved = Transfer(from, source.status, file.Fd()).Run(options); !moved) return moved;
+    if (!CopyProperties(from, source.status, file.Fd())) return LastFailure();
+    const timespec times[] = {source.status.st_atim, source.status.st_mtim};
+    futimens(file.Fd(), times);
+    if (Has(MoveFlag::WriteThrough) && fsync(file.Fd()) != 0) return LastFailure();
+    return (exists_ ? file.TakePlaceOf(target.name) : file.KeepAs(target.name)) ? SysResult() : LastFailure();
+  }
+
+  /// Brings the folder itself to the disk, where the system can.
+  static bool WriteNames(const Place& target) {
+    const UniqueFd folder(openat(target.Fd(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return !folder || fsync(folder.Get()) == 0 || errno == EINVAL;
+  }
+
+  SysResult RemakeLink(const Place& target) const {
+    char text[PATH_MAX];
+    const ssize_t length = readlinkat(from_.Fd(), from_.Name(), text, sizeof text - 1);
+    if (length < 0) return LastFailure();
+    text[length] = 0;
+    const std::string name = exists_ ? TemporaryName() : target.name;
+    if (symlinkat(text, target.Fd(), name.c_str()) != 0) return LastFailure();
+    const timespec times[] = {source_.st_atim, source_.st_mtim};
+    utimensat(target.Fd(), name.c_str(), times, AT_SYMLINK_NOFOLLOW);
+    if (!exists_ || renameat(target.Fd(), name.c_str(), target.Fd(), target.Name()) == 0) return {};
+    const SysResult failure = LastFailure();
+    unlinkat(target.Fd(), name.c_str(), 0);
+    return failure;
+  }
+
+  PosixPaths& paths_;
+  const Place& from_;
+  uint32_t flags_;
+  const CopyProgress& progress_;
+  struct stat source_ = {};
+  EntryStatus target_ = {};
+  bool exists_ = false;
+  bool mustBeFree_ = true;  // not so where the target is the source in other letters
+};
+
+}  // namespace
+
+SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view target, uint32_t flags,
+                    const CopyProgress& progress) {
+  Place to = paths.Locate(target);
+  const SysResult moved = paths.OnEntry(source, [&](const Place& from) {
+    if (!to.folder) {
+      EntryStatus ignored;
+      return ReadStatus(from.Fd(), from.Name(), ignored) ? SysResult::Failure(to.error) : LastFailure();
+    }
+    return Move(paths, from, flags, progress).To(to);
+  });
+  paths.Recent().Forget();
+  paths.Leaf().Forget();
+  return moved;
+}

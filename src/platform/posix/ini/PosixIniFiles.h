@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <list>
+#include <mutex>
+#include <sys/stat.h>
+
+#include "platform/IniFiles.h"
+#include "platform/IniText.h"
+#include "platform/posix/paths/PosixPaths.h"
+
+/// Keeps the files used last in memory. A file is read again only when its status differs from what it was,
+/// so that reading a value costs a look at the status.
+class PosixIniFiles final : public IniFiles {
+ public:
+  explicit PosixIniFiles(PosixPaths& paths) : paths_(paths) {}
+
+  SysResult Read(std::string_view path, std::string_view section, std::string_view key,
+                 std::optional<std::string>& value) override;
+  SysResult ReadSections(std::string_view path, StringList& names) override;
+  SysResult ReadEntries(std::string_view path, std::string_view section,
+                        std::vector<IniEntry>& entries) override;
+  SysResult Write(std::string_view path, std::string_view section, std::string_view key,
+                  std::string_view value) override;
+  SysResult Delete(std::string_view path, std::string_view section, std::string_view key) override;
+  SysResult DeleteSection(std::string_view path, std::string_view section) override;
+
+ private:
+  /// What differs when a file has other contents.
+  struct Stamp {
+    dev_t device = 0;
+    ino_t inode = 0;  // 0: of no file
+    off_t size = 0;
+    timespec written = {}, changed = {};
+
+    static Stamp Of(const struct stat& status);
+    bool operator==(const Stamp& other) const;
+  };
+  struct Known {
+    Stamp stamp;
+    bool isSettled;  // the stamp is old enough to tell of every change
+    IniText text;
+  };
+
+  SysResult Load(std::string_view path);
+  SysResult LoadAt(const Place& place);
+  void Keep(Known file);
+  SysResult Change(std::string_view path, const std::function<bool(IniText&)>& edit);
+  Stamp StampOf(std::string_view path);
+
+  PosixPaths& paths_;
+  std::mutex mutex_;
+  std::list<Known> known_;  // the one used last in front
+};

@@ -1,0 +1,68 @@
+#include "platform/posix/processes/PosixProcesses.h"
+
+#include <sys/wait.h>
+#include <utility>
+
+#include "platform/posix/processes/PosixProcessCommand.h"
+#include "platform/posix/processes/PosixProcessLaunch.h"
+#include "platform/posix/processes/PosixProcessRun.h"
+#include "platform/posix/system/PosixErrors.h"
+
+SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, StopEvent& stop,
+                              int32_t& exitCode) {
+  if (stop.Take()) {
+    exitCode = kProcessStopped;
+    return {};
+  }
+  ReapLeftRunning();
+  OutputPipes pipes;
+  if (output != nullptr && !pipes.Open()) return LastFailure();
+  pid_t child = -1;
+  if (const SysResult result = Launch(setup, pipes.Streams(), ChildLife::EndsWithUs, child); !result)
+    return result;
+  pipes.CloseChildEnds();
+  // The program may have changed what is known of the disk, however its run ends here.
+  struct Forgetting {
+    PosixPaths& paths;
+    ~Forgetting() { paths.Forget(); }
+  } const forgetting{paths_};
+  PosixProcessRun run(child, pipes, output);
+  exitCode = run.Wait(stop, setup.timeoutSeconds);
+  return {};
+}
+
+SysResult PosixProcesses::Start(const ProcessSetup& setup) {
+  ReapLeftRunning();
+  pid_t child = -1;
+  if (const SysResult result = Launch(setup, {}, ChildLife::OnItsOwn, child); !result) return result;
+  paths_.Forget();
+  const std::lock_guard lock(mutex_);
+  leftRunning_.push_back(child);
+  return {};
+}
+
+std::string PosixProcesses::StartAdvice(Win32Error code) {
+  if (code != Win32Error::BadExeFormat) return {};
+  return "It is a Windows program, and Wine, which would run it, is not installed.";
+}
+
+SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life,
+                                 pid_t& child) {
+  std::string folder;
+  if (!setup.startDirectory.empty()) {
+    const Place place = paths_.LocateFolder(setup.startDirectory);
+    if (!place.folder) return SysResult::Failure(Win32Error::Directory);
+    folder = place.folder->path;
+  }
+  ProcessCommand command;
+  if (const SysResult result = FindCommand(paths_, setup.program, setup.parameters, command); !result) {
+    return result;
+  }
+  return LaunchProcess(std::move(command), folder, streams, life, child);
+}
+
+/// What was left running and has ended since would stay in the system's table.
+void PosixProcesses::ReapLeftRunning() {
+  const std::lock_guard lock(mutex_);
+  std::erase_if(leftRunning_, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
+}

@@ -1,0 +1,79 @@
+#include "platform/posix/system/PosixConsole.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include "platform/posix/files/EntryStatus.h"
+#include "platform/posix/files/OpenedFile.h"
+#include "platform/posix/system/InterruptWatch.h"
+#include "platform/posix/system/PosixErrors.h"
+
+namespace {
+
+/// Opens for writing; cut off only once it is known that the file may be written.
+SysResult OpenAt(const Place& place, int creation, UniqueFd& file) {
+  file = UniqueFd(openat(place.Fd(), place.Name(), O_WRONLY | O_CLOEXEC | creation, 0666));
+  struct stat status = {};
+  if (!file || fstat(file.Get(), &status) != 0) return LastFailure();
+  if (IsReadOnly(status)) return SysResult::Failure(Win32Error::AccessDenied);
+  if (S_ISREG(status.st_mode) && ftruncate(file.Get(), 0) != 0) return LastFailure();
+  return {};
+}
+
+}  // namespace
+
+SysResult PosixStream::Write(std::string_view bytes) {
+  return WriteAll(fd_, bytes) ? SysResult() : LastFailure();
+}
+
+PosixConsole::PosixConsole(PosixPaths& paths) : paths_(paths), output_(STDOUT_FILENO), error_(STDERR_FILENO) {
+  // A reader that went away and a file at its size limit are errors to report, not a reason to die.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+std::unique_ptr<OutputStream> PosixConsole::OpenFile(std::string_view path, SysResult& result) {
+  UniqueFd file;
+  result = paths_.OnEntry(path, [&](const Place& place) { return OpenAt(place, 0, file); });
+  if (result.code == Win32Error::FileNotFound) {
+    const Place place = paths_.Locate(path);
+    result = place.folder ? OpenAt(place, O_CREAT, file) : SysResult::Failure(place.error);
+  }
+  return result ? std::make_unique<PosixStream>(std::move(file)) : nullptr;
+}
+
+bool PosixConsole::InputIsTerminal() { return isatty(STDIN_FILENO) != 0; }
+bool PosixConsole::OutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
+
+int PosixConsole::OutputWidth() {
+  constexpr int kUsual = 80;
+  winsize size = {};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
+}
+
+std::optional<std::string> PosixConsole::ReadLine() {
+  size_t end;
+  while ((end = input_.find('\n')) == std::string::npos) {
+    // Waiting, unlike reading, ends when the user interrupts.
+    pollfd ready = {STDIN_FILENO, POLLIN, 0};
+    if (poll(&ready, 1, -1) < 0 && InterruptWatch::WasInterrupted()) return {};
+    char buffer[4096];
+    const ssize_t count = read(STDIN_FILENO, buffer, sizeof buffer);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    input_.append(buffer, static_cast<size_t>(count));
+  }
+  if (input_.empty()) return {};
+  std::string line = input_.substr(0, end);
+  input_.erase(0, end == std::string::npos ? end : end + 1);
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+std::unique_ptr<Console::InterruptGuard> PosixConsole::OnInterrupt(std::function<void()> handler) {
+  return std::make_unique<InterruptWatch>(std::move(handler));
+}

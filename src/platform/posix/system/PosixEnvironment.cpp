@@ -1,0 +1,91 @@
+#include "platform/posix/system/PosixEnvironment.h"
+
+#include <climits>
+#include <cstdlib>
+#include <memory>
+#include <pwd.h>
+#include <unistd.h>
+#include <vector>
+
+#include "base/Text.h"
+#include "base/WindowsPath.h"
+#include "platform/posix/system/PosixErrors.h"
+
+namespace {
+
+std::string HomeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr ? user->pw_dir : "/";
+}
+
+/// Takes "." and ".." out of an absolute native path, as text.
+std::string Resolved(std::string_view path) {
+  std::vector<std::string_view> names;
+  while (!path.empty()) {
+    const std::string_view name = path.substr(0, path.find('/'));
+    path.remove_prefix(std::min(path.size(), name.size() + 1));
+    if (name == "..") {
+      if (!names.empty()) names.pop_back();
+    } else if (!name.empty() && name != ".") {
+      names.push_back(name);
+    }
+  }
+  std::string result;
+  for (std::string_view name : names) result.append(1, '/').append(name);
+  return result.empty() ? "/" : result;
+}
+
+}  // namespace
+
+std::optional<std::string> PosixEnvironment::Variable(std::string_view name) {
+  if (const char* value = std::getenv(std::string(name).c_str())) return value;
+  for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
+    const std::string_view text = *entry;
+    const size_t equals = text.find('=');
+    if (equals != std::string_view::npos && SameText(text.substr(0, equals), name)) {
+      return std::string(text.substr(equals + 1));
+    }
+  }
+  return {};
+}
+
+std::string PosixEnvironment::CurrentFolder() {
+  const std::unique_ptr<char, decltype(&std::free)> folder(getcwd(nullptr, 0), &std::free);
+  return folder ? folder.get() : "/";
+}
+
+SysResult PosixEnvironment::SetCurrentFolder(std::string_view path) {
+  if (path.empty()) return SysResult::Failure(Win32Error::PathNotFound);
+  const Place place = paths_.LocateFolder(path);
+  if (!place.folder) return SysResult::Failure(place.error);
+  // Not by descriptor: one that only names the folder may lack the right to enter it.
+  if (chdir(place.folder->path.c_str()) != 0) return LastFailure();
+  paths_.Forget();
+  return {};
+}
+
+std::string PosixEnvironment::FullPath(std::string_view path) {
+  const auto native = paths_.Native(path);
+  if (!native) return std::string(path);
+  return Resolved(native->starts_with('/') ? *native : CurrentFolder() + '/' + *native);
+}
+
+std::string PosixEnvironment::TempFolder() {
+  const char* folder = std::getenv("TMPDIR");
+  return FullPath(folder != nullptr && *folder != '\0' ? folder : "/tmp");
+}
+
+std::string PosixEnvironment::DataFolder() {
+  // A relative XDG folder is to be ignored.
+  const char* data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && *data == '/') return Resolved(std::string(data) + "/vekrun");
+  return Resolved(HomeFolder() + "/.local/share/vekrun");
+}
+
+std::string PosixEnvironment::ProgramFolder() {
+  char path[PATH_MAX];
+  const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+  if (length <= 0) return CurrentFolder();
+  return std::string(DirectoryPart({path, static_cast<size_t>(length)}));
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Environment.h"
+#include "platform/posix/paths/PosixPaths.h"
+
+class PosixEnvironment final : public Environment {
+ public:
+  explicit PosixEnvironment(PosixPaths& paths) : paths_(paths) {}
+
+  std::optional<std::string> Variable(std::string_view name) override;
+  std::string CurrentFolder() override;
+  SysResult SetCurrentFolder(std::string_view path) override;
+  std::string FullPath(std::string_view path) override;
+  std::string TempFolder() override;
+  std::string SystemFolder() override { return "/usr/bin"; }
+  std::string DataFolder() override;
+  std::string ProgramFolder() override;
+  std::string CommandInterpreter() override { return "/bin/sh"; }
+
+ private:
+  PosixPaths& paths_;
+};

@@ -1,0 +1,94 @@
+#include "platform/win32/system/Win32Environment.h"
+
+#include "base/WindowsPath.h"
+#include "platform/win32/paths/Win32Path.h"
+#include "platform/win32/system/Win32Api.h"
+#include "platform/win32/system/Win32Text.h"
+
+namespace {
+
+/// Calls `get(buffer, size)` with a larger buffer until the answer fits; empty when the call fails.
+template <class Get>
+std::wstring Answer(Get get) {
+  for (DWORD size = MAX_PATH;; size *= 2) {
+    std::wstring text(size, L'\0');
+    const DWORD length = get(text.data(), size);
+    if (length >= size) continue;
+    text.resize(length);
+    return text;
+  }
+}
+
+/// As folders are answered: without a trailing delimiter, except for the root of a drive.
+std::string Folder(std::wstring_view native) {
+  const std::string path = ShownPath(native);
+  const std::string_view trimmed = WithoutTrailingDelimiter(path);
+  return std::string(trimmed.ends_with(':') ? std::string_view(path) : trimmed);
+}
+
+/// The folder for temporary files. Newer systems keep one apart for services.
+DWORD GetTempFolder(wchar_t* buffer, DWORD size) {
+  using Function = DWORD(WINAPI*)(DWORD, LPWSTR);
+  static const auto newer = reinterpret_cast<Function>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetTempPath2W")));
+  return newer ? newer(size, buffer) : GetTempPathW(size, buffer);
+}
+
+}  // namespace
+
+std::optional<std::string> Win32Environment::Variable(std::string_view name) {
+  const auto wide = ToWide(name);
+  if (!wide) return std::nullopt;
+  Win32Error error{};
+  const std::wstring value = Answer([&](wchar_t* buffer, DWORD size) {
+    SetLastError(ERROR_SUCCESS);  // an empty value answers 0 as well
+    const DWORD length = GetEnvironmentVariableW(wide->c_str(), buffer, size);
+    error = LastError();
+    return length;
+  });
+  if (value.empty() && error != Win32Error::Success) return std::nullopt;
+  return FromWide(value);
+}
+
+std::string Win32Environment::CurrentFolder() {
+  return Folder(Answer([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); }));
+}
+
+SysResult Win32Environment::SetCurrentFolder(std::string_view path) {
+  std::wstring folder;
+  if (const SysResult result = AbsolutePath(path, folder); !result) return result;
+  return ResultOf(SetCurrentDirectoryW(folder.c_str()));
+}
+
+std::string Win32Environment::FullPath(std::string_view path) {
+  std::wstring absolute;
+  return AbsolutePath(path.empty() ? "." : path, absolute) ? Folder(absolute) : std::string(path);
+}
+
+std::string Win32Environment::TempFolder() {
+  const std::wstring folder = Answer(GetTempFolder);
+  // The variable that it comes from may hold short names.
+  const std::wstring spelled =
+      Answer([&](wchar_t* buffer, DWORD size) { return GetLongPathNameW(folder.c_str(), buffer, size); });
+  return Folder(spelled.empty() ? folder : spelled);
+}
+
+std::string Win32Environment::SystemFolder() {
+  return Folder(Answer([](wchar_t* buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); }));
+}
+
+std::string Win32Environment::DataFolder() {
+  const auto local = Variable("LOCALAPPDATA");
+  return WithTrailingDelimiter(local ? *local : TempFolder()) + "vekrun";
+}
+
+std::string Win32Environment::ProgramFolder() {
+  const std::wstring program =
+      Answer([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+  return std::string(DirectoryPart(ShownPath(program)));
+}
+
+std::string Win32Environment::CommandInterpreter() {
+  const auto named = Variable("COMSPEC");
+  return named ? *named : WithTrailingDelimiter(SystemFolder()) + "cmd.exe";
+}
