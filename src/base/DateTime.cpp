@@ -65,6 +65,9 @@ std::optional<TDateTime> ParseIso8601(std::string_view text) {
 }
 
 TDateTime FromUnixSeconds(double seconds) {
-  const auto epochDays = static_cast<double>((sys_days(year(1970) / January / 1) - kEpoch).count());
-  return {epochDays + seconds / static_cast<double>(kSecondsPerDay)};
+  return {kUnixEpoch.days + seconds / static_cast<double>(kSecondsPerDay)};
+}
+
+double ToUnixSeconds(TDateTime value) {
+  return (value.days - kUnixEpoch.days) * static_cast<double>(kSecondsPerDay);
 }

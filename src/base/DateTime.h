@@ -20,5 +20,11 @@ VEK_API std::string ToIso8601(TDateTime value);
 /// nothing when the text is no valid date and time.
 VEK_API std::optional<TDateTime> ParseIso8601(std::string_view text);
 
+/// 1970-01-01 in those days.
+inline constexpr TDateTime kUnixEpoch{25569};
+
 /// The date and time of the given Unix time in seconds, taken as it stands (no time zone is applied).
 VEK_API TDateTime FromUnixSeconds(double seconds);
+
+/// The inverse, to the rounding of days.
+VEK_API double ToUnixSeconds(TDateTime value);

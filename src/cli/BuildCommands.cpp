@@ -61,7 +61,7 @@ class BuildLog final : private OutputStream {
 
   void OpenFile(const Project& project) {
     const Platform& platform = session_.GetPlatform();
-    if (!project.fileName.empty() && platform.environment.FullPath(fileName_) == project.fileName) {
+    if (!project.fileName.empty() && platform.environment->FullPath(fileName_) == project.fileName) {
       throw EVekError("cannot write the log " + fileName_ + ": it is the project");
     }
     SysResult opened;
@@ -83,12 +83,12 @@ class BuildLog final : private OutputStream {
     if (arguments.quiet) style.verbosity = Verbosity::Quiet;
     if (arguments.verbose) style.verbosity = Verbosity::Verbose;
     style.liveProgress = terminal;
-    style.colours = terminal && !session_.GetPlatform().environment.Variable("NO_COLOR");
+    style.colours = terminal && !session_.GetPlatform().environment->Variable("NO_COLOR");
     style.width = terminal ? session_.GetConsole().OutputWidth() : style.width;
     return CreateTextLog(output_, style);
   }
 
-  std::string ErrorText(Win32Error code) const { return session_.GetPlatform().errorTexts.Text(code); }
+  std::string ErrorText(Win32Error code) const { return session_.GetPlatform().errorTexts->Text(code); }
 
   Session& session_;
   std::string fileName_;
@@ -106,7 +106,7 @@ bool IsUnattended(Session& session, const Arguments& arguments) {
 
 Project LoadProject(const Session& session, const std::string& path, IVekActionHost& host) {
   Project project = ReadProject(session.ReadFile(path), path, session.GetCatalogue(), host);
-  project.fileName = session.GetPlatform().environment.FullPath(path);
+  project.fileName = session.GetPlatform().environment->FullPath(path);
   return project;
 }
 

@@ -3,9 +3,10 @@
 #include "base/NearestName.h"
 #include "coreapi/Vekerrors.h"
 #include "host/engine/ActionGroup.h"
+#include "platform/Contents.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
-#include "platform/Files.h"
+#include "platform/Folders.h"
 
 Session::Session(const Arguments& arguments, bool designTime)
     : drives_(arguments.drives),
@@ -29,10 +30,10 @@ const CatalogueEntry& Session::FindType(const std::string& typeId) const {
 
 std::string Session::ReadFile(const std::string& path) const {
   std::string contents;
-  const SysResult read = GetPlatform().files.FolderExists(path)
+  const SysResult read = GetPlatform().folders->Exists(path)
                              ? SysResult::Failure(Win32Error::Directory)
-                             : GetPlatform().files.ReadWhole(path, contents);
-  if (!read) throw EVekError(path + ": " + GetPlatform().errorTexts.Text(read.code));
+                             : GetPlatform().contents->ReadWhole(path, contents);
+  if (!read) throw EVekError(path + ": " + GetPlatform().errorTexts->Text(read.code));
   return contents;
 }
 

@@ -219,7 +219,7 @@ IVekProjectObjectAPI& TCustomVekAction::GetProjectObjectAPI() const { return hos
 void TCustomVekAction::SetProjectModified() const { host_.SetProjectModified(); }
 const Platform& TCustomVekAction::GetPlatform() const { return host_.GetPlatform(); }
 std::string TCustomVekAction::SysErrorMessage(Win32Error code) const {
-  return GetPlatform().errorTexts.Text(code);
+  return GetPlatform().errorTexts->Text(code);
 }
 void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
   host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));

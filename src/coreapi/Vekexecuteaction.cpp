@@ -2,7 +2,7 @@
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekactionhost.h"
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "platform/Platform.h"
 
 const ActionClass TVekExecuteAbstractAction::kClass{.inherited = &TVekAction::kClass,
@@ -54,7 +54,7 @@ bool TVekExecuteAbstractAction::FindExecutable(const std::string& executable) co
     GetActionContext().ReportError("The program to execute has not been set");
     return false;
   }
-  if (!requiresFile || GetPlatform().files.FileExists(executable)) return true;
+  if (!requiresFile || GetPlatform().entries->FileExists(executable)) return true;
   GetActionContext().ReportError("The program to execute does not exist: " + executable);
   return false;
 }

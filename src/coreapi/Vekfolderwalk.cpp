@@ -21,9 +21,9 @@ void TFolderWalk::ForEachFolder(const std::string& folder, uint32_t mask, const 
 }
 
 bool TFolderWalk::IsInside(const std::string& folder) {
-  const auto identity = files_.Identity(folder);
+  const auto identity = entries_.Identity(folder);
   for (Step& step : trail_) {
-    if (!step.identity) step.identity = files_.Identity(step.folder.empty() ? "." : step.folder);
+    if (!step.identity) step.identity = entries_.Identity(step.folder.empty() ? "." : step.folder);
     if (identity && step.identity == identity) return true;
   }
   return false;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "platform/Finder.h"
 #include "vekcoreapi_export.h"
 
@@ -21,8 +21,8 @@ constexpr bool IsUnreadable(SysResult found) {
 /// A recursive walk through folders. It follows links, but goes into no folder that it is already inside.
 class VEK_API TFolderWalk {
  public:
-  TFolderWalk(Files& files, Finder& finder, UnreadableFolder unreadable)
-      : files_(files), finder_(finder), unreadable_(std::move(unreadable)) {}
+  TFolderWalk(Entries& entries, Finder& finder, UnreadableFolder unreadable)
+      : entries_(entries), finder_(finder), unreadable_(std::move(unreadable)) {}
 
   /// Calls `visit` with the name of each sub-folder of `folder`, in the order of the disk, hidden and system
   /// ones left out unless the mask has their bits. `folder` ends in a delimiter, or is empty for the current
@@ -38,7 +38,7 @@ class VEK_API TFolderWalk {
 
   bool IsInside(const std::string& folder);
 
-  Files& files_;
+  Entries& entries_;
   Finder& finder_;
   UnreadableFolder unreadable_;
   std::vector<Step> trail_;

@@ -15,7 +15,7 @@ std::string InQuotes(const std::string& text) { return '"' + text + '"'; }
 std::string StartError(const Platform& platform, const ProcessSetup& setup, Win32Error code) {
   const bool isFolder = code == Win32Error::Directory && !setup.startDirectory.empty();
   const std::string& subject = isFolder ? setup.startDirectory : setup.program;
-  std::string text = platform.errorTexts.Text(code);
+  std::string text = platform.errorTexts->Text(code);
   // Some of the system's texts have a place for the name.
   constexpr std::string_view kPlace = "%1";
   if (const size_t place = text.find(kPlace); place != std::string::npos) {
@@ -23,7 +23,7 @@ std::string StartError(const Platform& platform, const ProcessSetup& setup, Win3
   } else {
     text = InQuotes(subject) + ": " + text;
   }
-  const std::string advice = platform.processes.StartAdvice(code);
+  const std::string advice = platform.processes->StartAdvice(code);
   return advice.empty() ? text : text + ' ' + advice;
 }
 
@@ -31,7 +31,7 @@ int32_t RunOrRaise(const Platform& platform, const ProcessSetup& setup, bool wai
                    StopEvent& stop) {
   int32_t exitCode = 0;
   const SysResult result =
-      wait ? platform.processes.Run(setup, output, stop, exitCode) : platform.processes.Start(setup);
+      wait ? platform.processes->Run(setup, output, stop, exitCode) : platform.processes->Start(setup);
   if (!result) throw EVekError(StartError(platform, setup, result.code));
   return exitCode;
 }

@@ -8,8 +8,8 @@
 #include "base/WindowsPath.h"
 #include "coreapi/Vekactionapi.h"
 #include "coreapi/Vekservices.h"
+#include "platform/Entries.h"
 #include "platform/Environment.h"
-#include "platform/Files.h"
 #include "platform/Platform.h"
 
 bool VekBrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
@@ -54,18 +54,18 @@ std::string GetParentDir(std::string_view path) { return std::string(ParentFolde
 
 std::string GetSysDirectory(const Platform& platform) {
   std::string folder = VekOptionsServices().ReadOption("System", "Directory");
-  return folder.empty() ? platform.environment.SystemFolder() : folder;
+  return folder.empty() ? platform.environment->SystemFolder() : folder;
 }
 
 std::string GetTemporaryFileName(const Platform& platform, std::string_view prefix, std::string_view folder) {
   const std::string start =
-      WithTrailingDelimiter(folder.empty() ? platform.environment.TempFolder() : folder).append(prefix);
+      WithTrailingDelimiter(folder.empty() ? platform.environment->TempFolder() : folder).append(prefix);
   std::random_device random;
   std::string fileName;
   do {
     char number[9];
     std::snprintf(number, sizeof number, "%08X", static_cast<unsigned>(random()));
-    fileName = platform.environment.FullPath(start + number + ".tmp");
-  } while (platform.files.EntryExists(fileName));
+    fileName = platform.environment->FullPath(start + number + ".tmp");
+  } while (platform.entries->EntryExists(fileName));
   return fileName;
 }

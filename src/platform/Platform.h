@@ -1,23 +1,27 @@
 #pragma once
 
 class Clock;
+class Contents;
+class Entries;
 class Environment;
 class ErrorTexts;
-class Files;
 class Finder;
+class Folders;
 class IniFiles;
 class Modules;
 class Processes;
 
-/// The operating system, one narrow interface per capability. A copy with one of them exchanged is a
-/// platform that fails on purpose.
+/// The operating system, one narrow interface per capability; none of them is ever null. In a copy any of
+/// them can be exchanged, for a platform that fails on purpose.
 struct Platform {
-  Files& files;
-  Finder& finder;
-  Environment& environment;
-  Clock& clock;
-  ErrorTexts& errorTexts;
-  Modules& modules;
-  IniFiles& iniFiles;
-  Processes& processes;
+  Entries* entries;
+  Folders* folders;
+  Contents* contents;
+  Finder* finder;
+  Environment* environment;
+  Clock* clock;
+  ErrorTexts* errorTexts;
+  Modules* modules;
+  IniFiles* iniFiles;
+  Processes* processes;
 };

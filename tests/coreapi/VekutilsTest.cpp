@@ -104,7 +104,7 @@ struct MachineFolders : testing::Test {
 };
 
 TEST_F(MachineFolders, TheOptionStandsForTheSystemDirectory) {
-  EXPECT_EQ(GetSysDirectory(platform), platform.environment.SystemFolder());
+  EXPECT_EQ(GetSysDirectory(platform), platform.environment->SystemFolder());
   services.options[{"System", "Directory"}] = "Q:\\sys";
   EXPECT_EQ(GetSysDirectory(platform), "Q:\\sys");
 }
@@ -112,11 +112,11 @@ TEST_F(MachineFolders, TheOptionStandsForTheSystemDirectory) {
 TEST_F(MachineFolders, TemporaryFileNamesAreNewAndFull) {
   const TempFolder folder;
   const std::string inFolder = GetTemporaryFileName(platform, "xc", folder.Path());
-  EXPECT_EQ(inFolder.substr(0, inFolder.size() - 12), platform.environment.FullPath(folder.Path("xc")));
+  EXPECT_EQ(inFolder.substr(0, inFolder.size() - 12), platform.environment->FullPath(folder.Path("xc")));
   EXPECT_TRUE(inFolder.ends_with(".tmp"));
   EXPECT_THAT(folder.Names(), IsEmpty());
   const std::string first = GetTemporaryFileName(platform, "xc");
-  EXPECT_TRUE(first.starts_with(platform.environment.TempFolder())) << first;
+  EXPECT_TRUE(first.starts_with(platform.environment->TempFolder())) << first;
   EXPECT_NE(first, GetTemporaryFileName(platform, "xc"));
 }
 

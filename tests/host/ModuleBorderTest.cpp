@@ -25,9 +25,9 @@ struct ModuleBorder : ActionFixture, testing::Test {
         Find<TCustomVekAction*(IVekActionHost&)>("MakeBorderAction")(Context()));
   }
 
-  const std::string file = VEK_BIN_DIR "/" + GetPlatform().modules.FileName("ThrowingModule");
+  const std::string file = VEK_BIN_DIR "/" + GetPlatform().modules->FileName("ThrowingModule");
   std::string error;
-  std::unique_ptr<LoadedModule> module = GetPlatform().modules.Load(file, error);
+  std::unique_ptr<LoadedModule> module = GetPlatform().modules->Load(file, error);
 };
 
 TEST_F(ModuleBorder, ErrorsAreCaughtByTheirTypes) {

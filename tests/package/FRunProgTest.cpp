@@ -147,7 +147,7 @@ TEST_F(RunDosCommandTest, HandsTheCommandToTheInterpreter) {
 }
 
 TEST_F(RunDosCommandTest, TheSystemsInterpreterTakesTheCommandAsItStands) {
-  const auto interpreter = Context().GetPlatform().environment.Variable("COMSPEC");
+  const auto interpreter = Context().GetPlatform().environment->Variable("COMSPEC");
   Context().SetVariable("DOSCMD", interpreter.value_or("/bin/sh"));
   action.SetCommand(
       WideString(interpreter ? "echo one&& echo two" : "echo \"o n  e\" | tr a-z A-Z\necho $((1 + 1))"));

@@ -73,7 +73,7 @@ struct Runs : ActionFixture {
   }
 
   std::unique_ptr<Action> action = Make<Action>();
-  const DiskTable disk{folder, GetPlatform().files};
+  const DiskTable disk{folder, GetPlatform()};
 };
 
 struct CopyFiles : Runs<TCopyFilesAction>, testing::Test {};
@@ -84,7 +84,7 @@ template <class Action>
 struct Failing {
   std::unique_ptr<FailingFiles> files;
   Runs<Action> runs{[this](const Platform& real) {
-    files = std::make_unique<FailingFiles>(real.files);
+    files = std::make_unique<FailingFiles>(real);
     return files->In(real);
   }};
 };
@@ -206,10 +206,10 @@ TEST_F(CopyFiles, LinksThatLeadBackEnd) {
 
 TEST_F(CopyFiles, TakesHiddenAndSystemFilesButNoFoldersOfThatKind) {
   disk.Write({"in/h=H", "in/s=S", "in/.git/c=C"});
-  Files& files = GetPlatform().files;
-  ASSERT_TRUE(files.SetAttributes(folder.Path("in/h"), FileAttribute::Hidden));
-  ASSERT_TRUE(files.SetAttributes(folder.Path("in/s"), FileAttribute::System));
-  files.SetAttributes(folder.Path("in/.git"), FileAttribute::Hidden);
+  Entries& entries = *GetPlatform().entries;
+  ASSERT_TRUE(entries.SetAttributes(folder.Path("in/h"), FileAttribute::Hidden));
+  ASSERT_TRUE(entries.SetAttributes(folder.Path("in/s"), FileAttribute::System));
+  entries.SetAttributes(folder.Path("in/.git"), FileAttribute::Hidden);
   action->SetRecurse(true);
   action->Force = true;
   EXPECT_TRUE(Perform("%D%\\in\\*", "%D%\\out"));
@@ -218,7 +218,7 @@ TEST_F(CopyFiles, TakesHiddenAndSystemFilesButNoFoldersOfThatKind) {
 
 TEST_F(CopyFiles, ABareNameIsFoundHereAndTakenFromTheRoot) {
   disk.Write({"vektest-bare.txt=A", "out/"});
-  Environment& environment = GetPlatform().environment;
+  Environment& environment = *GetPlatform().environment;
   const std::string before = environment.CurrentFolder();
   ASSERT_TRUE(environment.SetCurrentFolder(folder.Path()));
   EXPECT_FALSE(Perform("vektest-b*.txt", "%D%\\out"));
@@ -281,7 +281,7 @@ TEST_F(CopyFiles, ExpansionFailuresAreAStatusMessage) {
 TEST_F(CopyFilesFailing, AFileThatVanishedStopsTheRun) {
   runs.disk.Write({"in/a=A", "in/b=B", "in/c=C", "out/"});
   files->copying = [&](std::string_view name, const CopyOptions&) {
-    if (name == "b") runs.GetPlatform().files.Delete(runs.folder.Path("in/b"));
+    if (name == "b") runs.GetPlatform().entries->Delete(runs.folder.Path("in/b"));
     return std::nullopt;
   };
   EXPECT_FALSE(runs.Perform("%D%\\in\\*", "%D%\\out"));
@@ -438,8 +438,8 @@ TEST_F(MoveFiles, WithoutAFolderEveryMatchTakesTheSameName) {
 
 TEST_F(MoveFiles, SystemFilesStay) {
   disk.Write({"in/h=H", "in/s=S", "out/"});
-  ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path("in/h"), FileAttribute::Hidden));
-  ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path("in/s"), FileAttribute::System));
+  ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path("in/h"), FileAttribute::Hidden));
+  ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path("in/s"), FileAttribute::System));
   EXPECT_TRUE(Perform("%D%\\in\\*", "%D%\\out"));
   EXPECT_EQ(disk.Read(), (StringList{"in/s=S", "out/h=H"}));
 }
@@ -520,7 +520,7 @@ TEST_F(MoveFilesFailing, ASourceThatVanishedIsNamedOrJustFails) {
 
   runs.action->StopOnAnyErrors = false;
   files->moving = [&](std::string_view name, uint32_t, const CopyProgress&) {
-    if (name == "a") runs.GetPlatform().files.Delete(runs.folder.Path("in/a"));
+    if (name == "a") runs.GetPlatform().entries->Delete(runs.folder.Path("in/a"));
     return std::nullopt;
   };
   EXPECT_TRUE(runs.Perform("%D%\\in\\*", "%D%\\out"));

@@ -1,9 +1,9 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "support/ActionFixture.h"
 #include "support/FailingFiles.h"
 #include "textini/VekCreateTextFileAction.h"
@@ -63,7 +63,7 @@ TEST_F(CreateTextFile, CreatesMissingFoldersUnlessToldOtherwise) {
 }
 
 TEST_F(CreateTextFile, ABareNameGoesToTheCurrentFolder) {
-  Environment& environment = GetPlatform().environment;
+  Environment& environment = *GetPlatform().environment;
   const std::string before = environment.CurrentFolder();
   ASSERT_TRUE(environment.SetCurrentFolder(folder.Path()));
   EXPECT_TRUE(Create("bare.txt", "x"));
@@ -83,7 +83,7 @@ TEST_F(CreateTextFile, AFolderThatCannotBeMadeEndsTheRun) {
 TEST_F(CreateTextFile, AFileThatCannotBeWrittenIsReported) {
   folder.Write("locked.txt", "kept");
   folder.Write("folder/x", "x");
-  ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path("locked.txt"), FileAttribute::ReadOnly));
+  ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path("locked.txt"), FileAttribute::ReadOnly));
   action->OverwriteExisting = true;
   for (const char* name : {"locked.txt", "folder"}) {
     EXPECT_FALSE(Create(folder.Path(name), "new")) << name;
@@ -95,7 +95,7 @@ TEST_F(CreateTextFile, AFileThatCannotBeWrittenIsReported) {
 TEST(CreateTextFileFailing, AFullDiskLeavesTheOldFile) {
   std::unique_ptr<FailingFiles> failing;
   ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real.files);
+    failing = std::make_unique<FailingFiles>(real);
     failing->replacement = SysResult::Failure(Win32Error::DiskFull);
     return failing->In(real);
   });

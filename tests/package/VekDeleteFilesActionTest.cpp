@@ -2,8 +2,8 @@
 #include "gtest/gtest.h"
 
 #include "fileops/VekDeleteFilesAction.h"
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "support/ActionFixture.h"
 #include "support/FailingFiles.h"
 
@@ -23,7 +23,7 @@ struct DeleteFiles : ActionFixture, testing::Test {
     for (const char* name : names) folder.Write(name, "x");
   }
   void SetAttributes(const char* name, uint32_t attributes) {
-    ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path(name), attributes));
+    ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path(name), attributes));
   }
 
   std::unique_ptr<TDeleteFilesAction> action = Make<TDeleteFilesAction>();
@@ -124,7 +124,7 @@ TEST_P(DeleteFilesFailing, Reports) {
   const FailureCase& wanted = GetParam();
   std::unique_ptr<FailingFiles> failing;
   ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real.files);
+    failing = std::make_unique<FailingFiles>(real);
     failing->deletions["b.tmp"] = wanted.deletion;
     return failing->In(real);
   });

@@ -47,7 +47,7 @@ struct FileSetRuns : ActionFixture {
 
   Project project;
   std::unique_ptr<TVekFileSetCopyMoveAction> action = Make<TVekFileSetCopyMoveAction>();
-  const DiskTable disk{folder, GetPlatform().files};
+  const DiskTable disk{folder, GetPlatform()};
 };
 
 struct FileSetCopy : FileSetRuns, testing::Test {};
@@ -55,7 +55,7 @@ struct FileSetCopy : FileSetRuns, testing::Test {};
 struct FileSetCopyFailing : testing::Test {
   std::unique_ptr<FailingFiles> files;
   FileSetRuns runs{[this](const Platform& real) {
-    files = std::make_unique<FailingFiles>(real.files);
+    files = std::make_unique<FailingFiles>(real);
     return files->In(real);
   }};
 };
@@ -197,7 +197,7 @@ TEST_F(FileSetCopy, AnEmptySetIsDone) {
 TEST_F(FileSetCopy, MissingFilesAreSkippedOrEndTheRun) {
   disk.Write({"in/a=A", "in/b=B"});
   EXPECT_TRUE(Perform());
-  GetPlatform().files.Delete(folder.Path("in/a"));
+  GetPlatform().entries->Delete(folder.Path("in/a"));
   action->OverwriteMode = owOverwrite;
   EXPECT_TRUE(Perform());
   EXPECT_EQ(Lines()[1], Wanted({"Skipping file not found : %D%\\in\\a"})[0]);

@@ -1,8 +1,8 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "support/ActionFixture.h"
 #include "support/FailingFiles.h"
 #include "support/OsFixture.h"
@@ -85,7 +85,7 @@ TEST_F(WriteToTextFile, AMissingFileIsAnErrorUnlessItMayBeCreated) {
 TEST_F(WriteToTextFile, AFileThatCannotBeWrittenIsReported) {
   folder.Write("locked.txt", "kept");
   folder.Write("folder/x", "x");
-  ASSERT_TRUE(GetPlatform().files.SetAttributes(folder.Path("locked.txt"), FileAttribute::ReadOnly));
+  ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path("locked.txt"), FileAttribute::ReadOnly));
   action->CreateIfNotExists = true;
   for (const char* name : {"locked.txt", "folder"}) {
     EXPECT_FALSE(Write(folder.Path(name), "new")) << name;
@@ -107,7 +107,7 @@ TEST_F(WriteToTextFile, AFileThatAnotherProgramHoldsIsReported) {
 TEST(WriteToTextFileFailing, AFullDiskLeavesTheOldFile) {
   std::unique_ptr<FailingFiles> failing;
   ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real.files);
+    failing = std::make_unique<FailingFiles>(real);
     failing->replacement = SysResult::Failure(Win32Error::DiskFull);
     return failing->In(real);
   });

@@ -69,10 +69,10 @@ TEST_F(FileIteratorTest, TheFilesOfAFolderComeBeforeThoseOfItsSubFolders) {
 
 TEST_F(FileIteratorTest, WhatASearchFinds) {
   for (const char* name : {"a.txt", "b.txt", ".h.txt", "sub/a.txt", ".git/a.txt"}) folder.Write(name);
-  Files& files = GetPlatform().files;
-  files.SetAttributes(folder.Path("b.txt"), FileAttribute::ReadOnly);
+  Entries& entries = *GetPlatform().entries;
+  entries.SetAttributes(folder.Path("b.txt"), FileAttribute::ReadOnly);
   // Where a leading dot does not hide, an attribute does.
-  for (const char* name : {".h.txt", ".git"}) files.SetAttributes(folder.Path(name), FileAttribute::Hidden);
+  for (const char* name : {".h.txt", ".git"}) entries.SetAttributes(folder.Path(name), FileAttribute::Hidden);
   struct Case {
     std::string_view spec;
     bool recurse, path, anyFile;
@@ -144,7 +144,7 @@ TEST_F(FileIteratorTest, AFileSetReadAgainAfterEachPassChangesTheList) {
   AddSet({"*"}).FileSetRefreshAfterEach = true;
   whenPassed = [this] {
     if (passes.size() == 1) {
-      for (const char* name : {"a", "c", "d"}) GetPlatform().files.Delete(folder.Path(name));
+      for (const char* name : {"a", "c", "d"}) GetPlatform().entries->Delete(folder.Path(name));
       folder.Write("e");
     }
     return true;

@@ -4,7 +4,7 @@
 #include "pages/Vekinieditors.h"
 #include "pages/Vekreadiniframe.h"
 #include "pages/Vekwriteiniframe.h"
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "support/ActionFixture.h"
 #include "support/NullHost.h"
 #include "support/OsFixture.h"

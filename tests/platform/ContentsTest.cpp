@@ -9,31 +9,31 @@ TEST_F(PlatformTest, ReadWholeGivesEveryByte) {
   for (const std::string& text : {std::string(), std::string("a\r\n\0\xFF", 5), big}) {
     folder.Write("File", text);
     std::string contents = "old";
-    ASSERT_TRUE(files.ReadWhole(Path("FILE"), contents));
+    ASSERT_TRUE(data.ReadWhole(Path("FILE"), contents));
     EXPECT_EQ(contents, text);
   }
   std::string contents;
-  EXPECT_EQ(files.ReadWhole(Path("missing"), contents).code, Win32Error::FileNotFound);
-  EXPECT_EQ(files.ReadWhole(Path("missing/x"), contents).code, Win32Error::PathNotFound);
-  EXPECT_EQ(files.ReadWhole(folder.Path(), contents).code, Win32Error::AccessDenied);
+  EXPECT_EQ(data.ReadWhole(Path("missing"), contents).code, Win32Error::FileNotFound);
+  EXPECT_EQ(data.ReadWhole(Path("missing/x"), contents).code, Win32Error::PathNotFound);
+  EXPECT_EQ(data.ReadWhole(folder.Path(), contents).code, Win32Error::AccessDenied);
 }
 
 TEST_F(PlatformTest, ReplaceWritesNewAndOldFiles) {
-  EXPECT_TRUE(files.Replace(Path("New.txt"), "one"));
-  EXPECT_TRUE(files.Replace(Path("NEW.TXT"), "two"));
-  EXPECT_TRUE(files.Replace(Path("new.txt"), ""));
-  EXPECT_TRUE(files.Replace(Path("new.txt"), "three"));
+  EXPECT_TRUE(data.Replace(Path("New.txt"), "one"));
+  EXPECT_TRUE(data.Replace(Path("NEW.TXT"), "two"));
+  EXPECT_TRUE(data.Replace(Path("new.txt"), ""));
+  EXPECT_TRUE(data.Replace(Path("new.txt"), "three"));
   EXPECT_EQ(folder.Names(), Names{"New.txt"});
   EXPECT_EQ(folder.Read("New.txt"), "three");
-  EXPECT_EQ(files.Replace(Path("missing/x"), "").code, Win32Error::PathNotFound);
+  EXPECT_EQ(data.Replace(Path("missing/x"), "").code, Win32Error::PathNotFound);
 }
 
 TEST_F(PlatformTest, ReplaceKeepsAttributes) {
   using namespace FileAttribute;  // NOLINT(google-build-using-namespace): attributes read as sums of bits
   if (!StoresAttributes(folder.Path())) GTEST_SKIP() << "this file system stores no attributes";
   folder.Write("file", "old");
-  ASSERT_TRUE(files.SetAttributes(Path("file"), Hidden | System));
-  EXPECT_TRUE(files.Replace(Path("file"), "new"));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), Hidden | System));
+  EXPECT_TRUE(data.Replace(Path("file"), "new"));
   EXPECT_EQ(AttributesOf("file"), Hidden | System);
   EXPECT_EQ(folder.Read("file"), "new");
 }
@@ -42,8 +42,8 @@ TEST_F(PlatformTest, ReplaceRefusesAndLeavesEverythingAsItWas) {
   folder.Write("locked", "kept");
   SetMode(Path("locked"), 0444);
   folder.MakeFolder("folder");
-  EXPECT_EQ(files.Replace(Path("locked"), "x").code, Win32Error::AccessDenied);
-  EXPECT_EQ(files.Replace(Path("folder"), "x").code, Win32Error::AccessDenied);
+  EXPECT_EQ(data.Replace(Path("locked"), "x").code, Win32Error::AccessDenied);
+  EXPECT_EQ(data.Replace(Path("folder"), "x").code, Win32Error::AccessDenied);
   EXPECT_EQ(folder.Read("locked"), "kept");
   EXPECT_EQ(folder.Names(), (Names{"folder", "locked"}));
 }
@@ -53,12 +53,12 @@ TEST_F(PlatformTest, AFileThatIsHeldExclusivelyIsLeftAlone) {
   std::string contents;
   {
     const ExclusiveOpen other(Path("file"));
-    EXPECT_EQ(files.ReadWhole(Path("file"), contents).code, Win32Error::SharingViolation);
-    EXPECT_EQ(files.Replace(Path("file"), "x").code, Win32Error::SharingViolation);
+    EXPECT_EQ(data.ReadWhole(Path("file"), contents).code, Win32Error::SharingViolation);
+    EXPECT_EQ(data.Replace(Path("file"), "x").code, Win32Error::SharingViolation);
     EXPECT_EQ(folder.Names(), Names{"file"});
   }
-  EXPECT_TRUE(files.Replace(Path("file"), "x"));
-  EXPECT_TRUE(files.ReadWhole(Path("file"), contents));
+  EXPECT_TRUE(data.Replace(Path("file"), "x"));
+  EXPECT_TRUE(data.ReadWhole(Path("file"), contents));
   EXPECT_EQ(contents, "x");
 }
 

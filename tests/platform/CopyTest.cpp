@@ -10,7 +10,7 @@ using Names = std::vector<std::string>;
 class CopyTest : public PlatformTest {
  protected:
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options = {}) {
-    return files.Copy(Path(source), Path(target), options);
+    return entries.Copy(Path(source), Path(target), options);
   }
 
   Win32Error CodeOf(std::string_view source, std::string_view target, const CopyOptions& options = {}) {
@@ -63,7 +63,7 @@ TEST_F(CopyTest, KeepsAttributes) {
        {Normal, uint32_t{Hidden}, System | Hidden, uint32_t{ReadOnly}, ReadOnly | Hidden}) {
     if (WineLimits::FixedAttributes() && attributes == (ReadOnly | Hidden)) continue;
     const std::string target = "copy" + std::to_string(++number);
-    ASSERT_TRUE(files.SetAttributes(Path("file"), attributes));
+    ASSERT_TRUE(entries.SetAttributes(Path("file"), attributes));
     EXPECT_TRUE(Copy("file", target));
     EXPECT_EQ(AttributesOf(target), attributes);
     folder.Write("over" + target);
@@ -76,7 +76,7 @@ TEST_F(CopyTest, WhatASearchFoundIsCopiedWithItsAttributes) {
   if (!StoresAttributes(folder.Path())) GTEST_SKIP() << "this file system stores no attributes";
   folder.Write("file", "x");
   folder.MakeFolder("to");
-  ASSERT_TRUE(files.SetAttributes(Path("file"), Hidden));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), Hidden));
   SysResult result;
   FoundEntry entry;
   ASSERT_TRUE(finder.Open(Path("f*"), Hidden, result)->Next(entry));
@@ -139,11 +139,11 @@ TEST_F(CopyTest, HiddenAndSystemTargetsTakeOnlyTheirLike) {
   };
   for (const auto& c : cases) {
     folder.Write("target", "old");
-    ASSERT_TRUE(files.SetAttributes(Path("source"), c.source));
-    ASSERT_TRUE(files.SetAttributes(Path("target"), c.target));
+    ASSERT_TRUE(entries.SetAttributes(Path("source"), c.source));
+    ASSERT_TRUE(entries.SetAttributes(Path("target"), c.target));
     EXPECT_EQ(Copy("source", "target").code, c.copies ? Win32Error::Success : Win32Error::AccessDenied);
     EXPECT_EQ(folder.Read("target"), c.copies ? "new" : "old") << c.source << " " << c.target;
-    ASSERT_TRUE(files.SetAttributes(Path("target"), Normal) && files.Delete(Path("target")));
+    ASSERT_TRUE(entries.SetAttributes(Path("target"), Normal) && entries.Delete(Path("target")));
   }
 }
 

@@ -32,7 +32,7 @@ TEST_F(EnvironmentTest, Variables) {
 }
 
 TEST_F(EnvironmentTest, ClocksGoOn) {
-  Clock& clock = owner->Get().clock;
+  Clock& clock = *owner->Get().clock;
   const double before = clock.Seconds();
   const TDateTime now = clock.LocalNow();
   EXPECT_GE(clock.Seconds(), before);
@@ -41,7 +41,7 @@ TEST_F(EnvironmentTest, ClocksGoOn) {
 }
 
 TEST_F(EnvironmentTest, ModulesLoadOrSayWhyNot) {
-  Modules& modules = owner->Get().modules;
+  Modules& modules = *owner->Get().modules;
   std::string error;
   folder.Write(modules.FileName("broken"), "not a module");
   EXPECT_EQ(modules.Load(Path(modules.FileName("broken")), error), nullptr);

@@ -43,12 +43,12 @@ TEST_F(PlatformTest, ErrorTextsAreTheSystemsOwn) {
       {1921, "The name of the file cannot be resolved by the system."},
   };
   for (const auto& [code, text] : cases) {
-    EXPECT_EQ(owner->Get().errorTexts.Text(static_cast<Win32Error>(code)), text) << code;
+    EXPECT_EQ(owner->Get().errorTexts->Text(static_cast<Win32Error>(code)), text) << code;
   }
 }
 
 TEST_F(PlatformTest, AnErrorWithoutATextStillTellsItsNumber) {
-  EXPECT_THAT(owner->Get().errorTexts.Text(static_cast<Win32Error>(54321)), testing::HasSubstr("54321"));
+  EXPECT_THAT(owner->Get().errorTexts->Text(static_cast<Win32Error>(54321)), testing::HasSubstr("54321"));
 }
 
 }  // namespace

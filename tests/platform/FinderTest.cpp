@@ -33,7 +33,7 @@ TEST_F(FinderTest, MaskRule) {
                                                                                       {"readonly", ReadOnly},
                                                                                       {"system", System}}) {
     folder.Write(name);
-    ASSERT_TRUE(files.SetAttributes(Path(name), attributes)) << name;
+    ASSERT_TRUE(entries.SetAttributes(Path(name), attributes)) << name;
   }
   folder.MakeFolder("folder");
   const std::pair<uint32_t, Names> cases[] = {
@@ -111,7 +111,7 @@ TEST_F(FinderTest, PassesOverWhatVanishes) {
   const auto search = finder.Open(Path("*"), 0, result);
   FoundEntry entry;
   ASSERT_TRUE(search->Next(entry));
-  ASSERT_TRUE(files.Delete(Path("b")));
+  ASSERT_TRUE(entries.Delete(Path("b")));
   ASSERT_TRUE(search->Next(entry));
   EXPECT_EQ(entry.name, "c");
   EXPECT_FALSE(search->Next(entry));
@@ -122,25 +122,25 @@ TEST_F(FinderTest, LessDetailFindsTheSameNames) {
   folder.MakeFolder("Folder");
   for (const char* name : {"hidden", "Sub"}) {
     name == std::string("Sub") ? folder.MakeFolder(name) : folder.Write(name);
-    ASSERT_TRUE(!StoresAttributes(folder.Path()) || files.SetAttributes(Path(name), Hidden));
+    ASSERT_TRUE(!StoresAttributes(folder.Path()) || entries.SetAttributes(Path(name), Hidden));
   }
   for (const uint32_t mask : {0u, Hidden | 0u, Directory | 0u, Directory | Hidden}) {
-    Names all = Find(Path("*"), mask), names, folders, wantedFolders;
+    Names all = Find(Path("*"), mask), names, folderNames, wantedFolders;
     for (const auto& [detail, found] :
-         {std::pair(FindDetail::Names, &names), std::pair(FindDetail::FolderNames, &folders)}) {
+         {std::pair(FindDetail::Names, &names), std::pair(FindDetail::FolderNames, &folderNames)}) {
       SysResult result;
       const auto search = finder.Open(Path("*"), mask, detail, result);
       for (FoundEntry entry; search->Next(entry);) {
         found->push_back(entry.name);
-        EXPECT_EQ((entry.attributes & Directory) != 0, files.FolderExists(Path(entry.name))) << entry.name;
+        EXPECT_EQ((entry.attributes & Directory) != 0, folders.Exists(Path(entry.name))) << entry.name;
       }
       EXPECT_EQ(result.code, found->empty() ? Win32Error::FileNotFound : Win32Error::Success);
     }
     for (const std::string& name : all) {
-      if (!name.starts_with('.') && files.FolderExists(Path(name))) wantedFolders.push_back(name);
+      if (!name.starts_with('.') && folders.Exists(Path(name))) wantedFolders.push_back(name);
     }
     EXPECT_EQ(names, all) << mask;
-    EXPECT_EQ(folders, wantedFolders) << mask;
+    EXPECT_EQ(folderNames, wantedFolders) << mask;
   }
 }
 

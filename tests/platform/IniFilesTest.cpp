@@ -33,7 +33,7 @@ class IniFilesTest : public PlatformTest {
     return folder.Read("f.ini");
   }
 
-  IniFiles& ini = owner->Get().iniFiles;
+  IniFiles& ini = *owner->Get().iniFiles;
 };
 
 TEST_F(IniFilesTest, FindsTheValueOfAKey) {
@@ -218,10 +218,10 @@ TEST_F(IniFilesTest, SeesWhatOtherProgramsDo) {
                  "[S]\na=" + std::string(value) + "\n");  // in place, within a step of the file's clock
     EXPECT_EQ(ValueOf("S", "a"), value);
   }
-  EXPECT_TRUE(files.Replace(Path("f.ini"), "[S]\na=x\n"));
+  EXPECT_TRUE(data.Replace(Path("f.ini"), "[S]\na=x\n"));
   EXPECT_EQ(ValueOf("S", "a"), "x");
   EXPECT_TRUE(ini.Write(Path("f.ini"), "S", "b", "y"));
-  EXPECT_TRUE(files.Delete(Path("f.ini")));
+  EXPECT_TRUE(entries.Delete(Path("f.ini")));
   EXPECT_EQ(ValueOf("S", "a"), kNone);
   EXPECT_TRUE(ini.Write(Path("f.ini"), "S", "c", "z"));
   EXPECT_EQ(folder.Read("f.ini"), "[S]\r\nc=z\r\n");

@@ -12,7 +12,7 @@ using Names = std::vector<std::string>;
 class MoveTest : public PlatformTest {
  protected:
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags = 0) {
-    return files.Move(Path(source), Path(target), flags);
+    return entries.Move(Path(source), Path(target), flags);
   }
 };
 
@@ -20,12 +20,12 @@ TEST_F(MoveTest, FilesAndFoldersGoWithAllTheyHold) {
   folder.Write("Folder/Sub/file", "text");
   folder.Write("locked", "read-only");
   SetMode(Path("locked"), 0444);
-  EXPECT_TRUE(files.FileExists(Path("Folder/Sub/file")));
+  EXPECT_TRUE(entries.FileExists(Path("Folder/Sub/file")));
   EXPECT_TRUE(Move("LOCKED", "folder/Moved"));
   EXPECT_TRUE(Move("Folder", "Between\\"));
   EXPECT_TRUE(Move("between/", "New"));
-  EXPECT_FALSE(files.FileExists(Path("Folder/Sub/file")));
-  EXPECT_TRUE(files.FileExists(Path("New/sub/FILE")));
+  EXPECT_FALSE(entries.FileExists(Path("Folder/Sub/file")));
+  EXPECT_TRUE(entries.FileExists(Path("New/sub/FILE")));
   EXPECT_EQ(folder.Names(), Names{"New"});
   EXPECT_EQ(folder.Names("New"), (Names{"Moved", "Sub"}));
   EXPECT_NE(AttributesOf("New/Moved") & ReadOnly, 0u);
@@ -78,10 +78,10 @@ TEST_F(MoveTest, ReplacingKeepsTheTargetsSpellingOnly) {
   SetMode(Path("new"), 0444);
   EXPECT_TRUE(Move("new", "OLD", ReplaceExisting));
   EXPECT_EQ(folder.Names().size(), 1u);
-  EXPECT_TRUE(files.FileExists(Path("old")));
+  EXPECT_TRUE(entries.FileExists(Path("old")));
   EXPECT_EQ(AttributesOf("old") & ReadOnly, uint32_t{ReadOnly});
   std::string contents;
-  EXPECT_TRUE(files.ReadWhole(Path("Old"), contents));
+  EXPECT_TRUE(data.ReadWhole(Path("Old"), contents));
   EXPECT_EQ(contents, "new");
 }
 
@@ -131,13 +131,13 @@ TEST_F(MoveTest, WhatIsHeldExclusivelyIsNeitherMovedNorReplaced) {
 TEST_F(MoveTest, NamesAreKnownWhereTheyWentTo) {
   folder.Write("a/One");
   folder.Write("b/Two");
-  EXPECT_FALSE(files.FileExists(Path("a/x")) || files.FileExists(Path("b/x")));
+  EXPECT_FALSE(entries.FileExists(Path("a/x")) || entries.FileExists(Path("b/x")));
   EXPECT_TRUE(Move("a/ONE", "b/Three"));
-  EXPECT_FALSE(files.FileExists(Path("a/one")));
-  EXPECT_TRUE(files.FileExists(Path("b/THREE")));
+  EXPECT_FALSE(entries.FileExists(Path("a/one")));
+  EXPECT_TRUE(entries.FileExists(Path("b/THREE")));
   EXPECT_TRUE(Move("b/three", "b/TWO", ReplaceExisting));
-  EXPECT_TRUE(files.Delete(Path("b/two")));
-  EXPECT_FALSE(files.FileExists(Path("b/two")) || files.FileExists(Path("b/three")));
+  EXPECT_TRUE(entries.Delete(Path("b/two")));
+  EXPECT_FALSE(entries.FileExists(Path("b/two")) || entries.FileExists(Path("b/three")));
 }
 
 TEST_F(MoveTest, ALinkItselfIsMoved) {
@@ -159,11 +159,11 @@ class MoveAcrossTest : public MoveTest {
  protected:
   void SetUp() override {
     for (const char* base : {"/dev/shm", "Z:/dev/shm"}) {
-      if (!files.FolderExists(base)) continue;
+      if (!folders.Exists(base)) continue;
       other = std::string(base) + "/" + std::string(NamePart(folder.Path()));
-      ASSERT_TRUE(files.CreateFolder(other));
+      ASSERT_TRUE(folders.Create(other));
       folder.Write("probe");
-      if (files.Move(Path("probe"), Other("probe"), 0).code == Win32Error::NotSameDevice) return;
+      if (entries.Move(Path("probe"), Other("probe"), 0).code == Win32Error::NotSameDevice) return;
     }
     GTEST_SKIP() << "there is no second volume";
   }
@@ -172,7 +172,7 @@ class MoveAcrossTest : public MoveTest {
   std::string Other(std::string_view name) const { return other + "/" + std::string(name); }
   std::string ReadOther(std::string_view name) {
     std::string contents;
-    EXPECT_TRUE(files.ReadWhole(Other(name), contents)) << name;
+    EXPECT_TRUE(data.ReadWhole(Other(name), contents)) << name;
     return contents;
   }
 
@@ -190,44 +190,44 @@ TEST_F(MoveAcrossTest, AFileIsCopiedAndDeleted) {
   const auto progress = [&](uint64_t transferred, uint64_t total) {
     told = transferred == total ? total : 0;
   };
-  EXPECT_TRUE(files.Move(Path("FILE"), Other("moved"), CopyAllowed | WriteThrough, progress));
+  EXPECT_TRUE(entries.Move(Path("FILE"), Other("moved"), CopyAllowed | WriteThrough, progress));
   EXPECT_FALSE(folder.Exists("file"));
   EXPECT_TRUE(ReadOther("moved") == bytes);
   uint32_t attributes = 0;
-  EXPECT_TRUE(files.GetAttributes(Other("moved"), attributes));
+  EXPECT_TRUE(entries.GetAttributes(Other("moved"), attributes));
   EXPECT_EQ((attributes & ReadOnly) != 0, isLocked);
   EXPECT_EQ(std::filesystem::last_write_time(Other("moved")), old);
   EXPECT_EQ(told, WineLimits::NoCopyProgress() ? 0 : bytes.size());
-  EXPECT_TRUE(files.SetAttributes(Other("moved"), Normal));
+  EXPECT_TRUE(entries.SetAttributes(Other("moved"), Normal));
 }
 
 TEST_F(MoveAcrossTest, TheRulesForTargetsStand) {
   folder.Write("file", "new");
   folder.Write("folder/x");
-  EXPECT_TRUE(files.Replace(Other("Old"), "old"));
-  EXPECT_EQ(files.Move(Path("file"), Other("new"), 0).code, Win32Error::NotSameDevice);
-  EXPECT_EQ(files.Move(Path("folder"), Other("new"), CopyAllowed).code, Win32Error::AccessDenied);
-  EXPECT_EQ(files.Move(Path("file"), Other("OLD"), CopyAllowed).code, Win32Error::AlreadyExists);
+  EXPECT_TRUE(data.Replace(Other("Old"), "old"));
+  EXPECT_EQ(entries.Move(Path("file"), Other("new"), 0).code, Win32Error::NotSameDevice);
+  EXPECT_EQ(entries.Move(Path("folder"), Other("new"), CopyAllowed).code, Win32Error::AccessDenied);
+  EXPECT_EQ(entries.Move(Path("file"), Other("OLD"), CopyAllowed).code, Win32Error::AlreadyExists);
   SetMode(Other("Old"), 0444);
-  EXPECT_EQ(files.Move(Path("file"), Other("old"), CopyAllowed | ReplaceExisting).code,
+  EXPECT_EQ(entries.Move(Path("file"), Other("old"), CopyAllowed | ReplaceExisting).code,
             Win32Error::AccessDenied);
   EXPECT_EQ(ReadOther("Old"), "old");
   SetMode(Other("Old"), 0644);
-  EXPECT_TRUE(files.Move(Path("file"), Other("old"), CopyAllowed | ReplaceExisting));
+  EXPECT_TRUE(entries.Move(Path("file"), Other("old"), CopyAllowed | ReplaceExisting));
   EXPECT_EQ(ReadOther("Old"), "new");
   EXPECT_EQ(folder.Names(), (Names{"folder", "probe"}));
-  EXPECT_TRUE(files.Delete(Other("OLD")));
-  EXPECT_TRUE(files.RemoveFolder(other));
+  EXPECT_TRUE(entries.Delete(Other("OLD")));
+  EXPECT_TRUE(folders.Remove(other));
 }
 
 TEST_F(MoveAcrossTest, WhatIsHeldExclusivelyStays) {
   folder.Write("file", "kept");
   {
     const ExclusiveOpen held(Path("file"));
-    EXPECT_EQ(files.Move(Path("file"), Other("file"), CopyAllowed).code, Win32Error::SharingViolation);
+    EXPECT_EQ(entries.Move(Path("file"), Other("file"), CopyAllowed).code, Win32Error::SharingViolation);
   }
   EXPECT_EQ(folder.Read("file"), "kept");
-  EXPECT_TRUE(files.RemoveFolder(other));
+  EXPECT_TRUE(folders.Remove(other));
 }
 
 }  // namespace

@@ -6,12 +6,14 @@
 #include "gtest/gtest.h"
 
 #include "platform/Console.h"
+#include "platform/Contents.h"
 #include "platform/CreatePlatform.h"
+#include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "platform/Finder.h"
+#include "platform/Folders.h"
 #include "platform/Modules.h"
 #include "support/OsFixture.h"
 #include "support/TempFolder.h"
@@ -24,7 +26,7 @@ class PlatformTest : public testing::Test {
 
   uint32_t AttributesOf(std::string_view name) {
     uint32_t attributes = 0;
-    EXPECT_TRUE(files.GetAttributes(Path(name), attributes)) << name;
+    EXPECT_TRUE(entries.GetAttributes(Path(name), attributes)) << name;
     if (!WineLimits::FixedAttributes() || (attributes &= ~FileAttribute::Archive) != 0) return attributes;
     return FileAttribute::Normal;
   }
@@ -32,7 +34,9 @@ class PlatformTest : public testing::Test {
   TempFolder folder;
   std::unique_ptr<PlatformOwner> owner = CreatePlatform(
       [this](char letter) { return letter == 'Q' ? std::optional(folder.Path()) : std::nullopt; });
-  Files& files = owner->Get().files;
-  Finder& finder = owner->Get().finder;
-  Environment& environment = owner->Get().environment;
+  Entries& entries = *owner->Get().entries;
+  Folders& folders = *owner->Get().folders;
+  Contents& data = *owner->Get().contents;
+  Finder& finder = *owner->Get().finder;
+  Environment& environment = *owner->Get().environment;
 };

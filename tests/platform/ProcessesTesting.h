@@ -26,7 +26,7 @@ class ProcessesTest : public PlatformTest {
     return Receive({.program = program, .parameters = parameters});
   }
 
-  Processes& processes = owner->Get().processes;
+  Processes& processes = *owner->Get().processes;
   RecordedOutput output;
   StopEvent stop;
   SysResult started;

@@ -4,8 +4,10 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
+#include "platform/Folders.h"
+#include "platform/Platform.h"
 #include "support/SystemText.h"
 #include "support/TempFolder.h"
 
@@ -13,7 +15,7 @@
 /// folder (of those that are there only empty ones are told).
 class DiskTable {
  public:
-  DiskTable(const TempFolder& folder, Files& files) : folder_(folder), files_(files) {}
+  DiskTable(const TempFolder& folder, const Platform& platform) : folder_(folder), platform_(platform) {}
 
   void Write(const StringList& lines) const {
     for (const std::string& line : lines) {
@@ -24,7 +26,7 @@ class DiskTable {
         folder_.MakeFolder(name);
       } else {
         folder_.Write(name, line.substr(mark + 1));
-        if (isReadOnly) files_.SetAttributes(folder_.Path(name), FileAttribute::ReadOnly);
+        if (isReadOnly) platform_.entries->SetAttributes(folder_.Path(name), FileAttribute::ReadOnly);
       }
     }
   }
@@ -33,9 +35,9 @@ class DiskTable {
     StringList lines;
     for (const std::string& name : folder_.Names(below)) {
       const std::string path = below + name;
-      if (!files_.FolderExists(folder_.Path(path))) {
+      if (!platform_.folders->Exists(folder_.Path(path))) {
         uint32_t attributes = 0;
-        files_.GetAttributes(folder_.Path(path), attributes);
+        platform_.entries->GetAttributes(folder_.Path(path), attributes);
         const bool isReadOnly = (attributes & FileAttribute::ReadOnly) != 0;
         lines.push_back((isReadOnly ? "!" : "") + path + '=' + folder_.Read(path));
         continue;
@@ -64,5 +66,5 @@ class DiskTable {
 
  private:
   const TempFolder& folder_;
-  Files& files_;
+  const Platform& platform_;
 };

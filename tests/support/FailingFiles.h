@@ -6,18 +6,23 @@
 #include <string>
 
 #include "base/WindowsPath.h"
-#include "platform/Files.h"
+#include "platform/Contents.h"
+#include "platform/Entries.h"
+#include "platform/Folders.h"
 #include "platform/Platform.h"
 
 /// The real files, except for what a test wants to go wrong.
-class FailingFiles final : public Files {
+class FailingFiles final : public Entries, public Folders, public Contents {
  public:
-  explicit FailingFiles(Files& real) : real_(real) {}
+  explicit FailingFiles(const Platform& real) : real_(real) {}
 
   /// The real platform with these files in place of its own.
   Platform In(const Platform& real) {
-    return {*this,           real.finder,  real.environment, real.clock,
-            real.errorTexts, real.modules, real.iniFiles,    real.processes};
+    Platform failing = real;
+    failing.entries = this;
+    failing.folders = this;
+    failing.contents = this;
+    return failing;
   }
 
   /// Answered for the file of that name instead of deleting it.
@@ -44,46 +49,55 @@ class FailingFiles final : public Files {
 
   SysResult Delete(std::string_view path) override {
     const auto planned = deletions.find(NamePart(path));
-    return planned == deletions.end() ? real_.Delete(path) : planned->second.answer;
+    return planned == deletions.end() ? real_.entries->Delete(path) : planned->second.answer;
   }
   SysResult Replace(std::string_view path, std::string_view contents) override {
-    return replacement ? *replacement : real_.Replace(path, contents);
+    return replacement ? *replacement : real_.contents->Replace(path, contents);
   }
 
-  std::optional<EntryIdentity> Identity(std::string_view path) override { return real_.Identity(path); }
-  SysResult GetSize(std::string_view path, uint64_t& size) override { return real_.GetSize(path, size); }
+  std::optional<EntryIdentity> Identity(std::string_view path) override {
+    return real_.entries->Identity(path);
+  }
+  SysResult GetSize(std::string_view path, uint64_t& size) override {
+    return real_.entries->GetSize(path, size);
+  }
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override {
     const Answer planned = copying ? copying(NamePart(source), options) : std::nullopt;
-    return planned ? *planned : real_.Copy(source, target, options);
+    return planned ? *planned : real_.entries->Copy(source, target, options);
   }
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                  const CopyProgress& progress) override {
     const Answer planned = moving ? moving(NamePart(source), flags, progress) : std::nullopt;
-    return planned ? *planned : real_.Move(source, target, flags, progress);
+    return planned ? *planned : real_.entries->Move(source, target, flags, progress);
   }
   bool FileExists(std::string_view path) override {
     const std::string_view name = NamePart(path);
     if (!name.empty() && (name == present || name == missing)) return name == present;
-    return real_.FileExists(path);
+    return real_.entries->FileExists(path);
   }
-  bool FolderExists(std::string_view path) override { return real_.FolderExists(path); }
-  bool EntryExists(std::string_view path) override { return real_.EntryExists(path); }
+  bool Exists(std::string_view path) override { return real_.folders->Exists(path); }
+  bool EntryExists(std::string_view path) override { return real_.entries->EntryExists(path); }
   SysResult GetAttributes(std::string_view path, uint32_t& attributes) override {
-    return real_.GetAttributes(path, attributes);
+    return real_.entries->GetAttributes(path, attributes);
   }
   SysResult SetAttributes(std::string_view path, uint32_t attributes) override {
     const Answer planned = settingAttributes ? settingAttributes(NamePart(path), attributes) : std::nullopt;
-    return planned ? *planned : real_.SetAttributes(path, attributes);
+    return planned ? *planned : real_.entries->SetAttributes(path, attributes);
   }
-  SysResult CreateFolder(std::string_view path) override { return real_.CreateFolder(path); }
-  SysResult CreateFolders(std::string_view path) override {
-    return makesNoFolders ? SysResult() : real_.CreateFolders(path);
+  SysResult Create(std::string_view path) override { return real_.folders->Create(path); }
+  SysResult CreateWithParents(std::string_view path) override {
+    return makesNoFolders ? SysResult() : real_.folders->CreateWithParents(path);
   }
-  SysResult RemoveFolder(std::string_view path) override { return real_.RemoveFolder(path); }
+  SysResult Remove(std::string_view path) override { return real_.folders->Remove(path); }
   SysResult ReadWhole(std::string_view path, std::string& contents) override {
-    return real_.ReadWhole(path, contents);
+    return real_.contents->ReadWhole(path, contents);
+  }
+
+  SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
+                 std::unique_ptr<OpenFile>& file) override {
+    return real_.contents->Open(path, mode, share, file);
   }
 
  private:
-  Files& real_;
+  Platform real_;
 };

@@ -4,5 +4,5 @@
 #include "platform/ErrorTexts.h"
 
 std::string SystemText(Win32Error code) {
-  return CreatePlatform([](char) { return std::nullopt; })->Get().errorTexts.Text(code);
+  return CreatePlatform([](char) { return std::nullopt; })->Get().errorTexts->Text(code);
 }

@@ -27,7 +27,7 @@ bool Register(RegisterFunction registerTypes, bool designTime, const std::string
 void Packages::Load(std::string_view file, bool designTime) {
   const std::string name = "package " + std::string(file);
   std::string error;
-  auto module = platform_.modules.Load(file, error);
+  auto module = platform_.modules->Load(file, error);
   if (!module) throw EVekError(name + " does not load: " + error);
   const auto registerTypes = reinterpret_cast<RegisterFunction>(module->Function("VekRegister"));
   if (!registerTypes) throw EVekError(name + " has no VekRegister");
@@ -38,6 +38,6 @@ void Packages::Load(std::string_view file, bool designTime) {
 }
 
 std::string Packages::DefaultPackage() const {
-  return WithTrailingDelimiter(platform_.environment.ProgramFolder()) +
-         platform_.modules.FileName("Vek40File");
+  return WithTrailingDelimiter(platform_.environment->ProgramFolder()) +
+         platform_.modules->FileName("Vek40File");
 }

@@ -45,7 +45,7 @@ std::string BuildContext::ExpandExpression(std::string_view text) { return Expan
 
 std::optional<std::string> BuildContext::VariableText(std::string_view name) {
   if (const Variant* value = variables_.Find(name)) return VariantToText(*value);
-  return platform_.environment.Variable(name);
+  return platform_.environment->Variable(name);
 }
 
 Variant BuildContext::EvaluateScript(std::string_view source) {

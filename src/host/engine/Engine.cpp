@@ -41,7 +41,7 @@ bool RunsChildren(TVekNextAction next) {
 Engine::Engine(BuildContext& context) : context_(context) {}
 
 BuildSummary Engine::Run(Project& project, std::string_view projectName) {
-  Clock& clock = context_.GetPlatform().clock;
+  Clock& clock = *context_.GetPlatform().clock;
   const double start = clock.Seconds();
   summary_ = {};
   context_.SetProject(&project);
@@ -66,7 +66,7 @@ ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::str
 }
 
 ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
-  Clock& clock = context_.GetPlatform().clock;
+  Clock& clock = *context_.GetPlatform().clock;
   const double start = clock.Seconds();
   const std::string title = node.action->GetDescription();
   const ActionPlace place{path, node.typeId, title, !node.children.empty()};

@@ -64,11 +64,11 @@ class Evaluation {
  public:
   Evaluation(IVekActionHost& host, const FileSetDeclaration& declaration)
       : host_(host),
-        finder_(host.GetPlatform().finder),
-        walk_(host.GetPlatform().files, finder_,
+        finder_(*host.GetPlatform().finder),
+        walk_(*host.GetPlatform().entries, finder_,
               [&host](std::string_view folder, Win32Error code) {
                 throw EVekError("cannot search " + std::string(folder) + ": " +
-                                host.GetPlatform().errorTexts.Text(code));
+                                host.GetPlatform().errorTexts->Text(code));
               }),
         includes_(host, declaration.includes),
         excludes_(host, declaration.excludes) {}
@@ -127,7 +127,7 @@ class ProjectFileSet final : public IVekFileSet {
     uint64_t total = 0;
     for (const std::string& file : Files()) {
       uint64_t size = 0;
-      if (host_.GetPlatform().files.GetSize(file, size)) total += size;
+      if (host_.GetPlatform().entries->GetSize(file, size)) total += size;
     }
     return total;
   }

@@ -55,7 +55,7 @@ Variant DeclaredValue(BuildContext& context, const Project& project, const Varia
 void DefineVariables(BuildContext& context, const Project& project,
                      std::span<const VariableDefinition> definitions) {
   Variables& variables = context.GetVariables();
-  DefinePredefined(variables, context.GetPlatform().environment, project);
+  DefinePredefined(variables, *context.GetPlatform().environment, project);
   // First, so that a declared value can refer to what the command line defines.
   for (const auto& [name, text] : definitions) variables.Set(name, text);
   for (const VariableDeclaration& declared : project.variables) {

@@ -10,7 +10,6 @@
 namespace {
 
 constexpr double kMillisecondsPerDay = 86400000, kMillisecondsPerMinute = 60000;
-constexpr double kUnixEpochDays = 25569;
 
 // In the thread's stash.
 constexpr const char* kDate = "Date";
@@ -46,7 +45,7 @@ double OffsetAt(duk_context* context, double milliseconds) {
 }
 
 void PushDate(duk_context* context, TDateTime time) {
-  const double local = std::round((time.days - kUnixEpochDays) * kMillisecondsPerDay);
+  const double local = std::round((time.days - kUnixEpoch.days) * kMillisecondsPerDay);
   const double guess = local + OffsetAt(context, local);
   PushNewDate(context, local + OffsetAt(context, guess));
 }
@@ -59,7 +58,7 @@ bool MakeDatePortable(duk_context* context, duk_idx_t index) {
     duk_push_string(context, "Invalid Date");
   } else {
     const double local = milliseconds - OffsetAt(context, milliseconds);
-    const double days = local / kMillisecondsPerDay + kUnixEpochDays;
+    const double days = local / kMillisecondsPerDay + kUnixEpoch.days;
     std::memcpy(duk_push_fixed_buffer(context, sizeof days), &days, sizeof days);
   }
   duk_replace(context, index);

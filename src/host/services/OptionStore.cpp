@@ -4,19 +4,20 @@
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekerrors.h"
+#include "platform/Contents.h"
+#include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
-#include "platform/Files.h"
 #include "platform/Platform.h"
 
 void OptionStore::Load(const Platform& platform) {
-  const std::string file = platform.environment.FullPath(
-      WithTrailingDelimiter(platform.environment.DataFolder()) + "options.json");
+  const std::string file = platform.environment->FullPath(
+      WithTrailingDelimiter(platform.environment->DataFolder()) + "options.json");
   std::string text;
-  const SysResult read = platform.files.ReadWhole(file, text);
+  const SysResult read = platform.contents->ReadWhole(file, text);
   // A data folder that this user may not look into is as good as none.
-  if (!read && !platform.files.EntryExists(file)) return;
-  if (!read) throw EVekError("option store " + file + ": " + platform.errorTexts.Text(read.code));
+  if (!read && !platform.entries->EntryExists(file)) return;
+  if (!read) throw EVekError("option store " + file + ": " + platform.errorTexts->Text(read.code));
 
   const auto root = nlohmann::json::parse(text, nullptr, false);
   const EVekError malformed("option store " + file +

@@ -5,6 +5,7 @@
 #include "fileops/VekPercentage.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
+#include "platform/Folders.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -59,9 +60,9 @@ struct TCustomCopyFilesAction::CopyRun {
   std::optional<EntryIdentity> targetIdentity;  // known once the target exists
 
   /// A target within the source would be copied into itself without end.
-  bool IsTarget(Files& files, const std::string& folder) {
-    if (!targetIdentity) targetIdentity = files.Identity(target);
-    return targetIdentity && targetIdentity == files.Identity(folder);
+  bool IsTarget(Entries& entries, const std::string& folder) {
+    if (!targetIdentity) targetIdentity = entries.Identity(target);
+    return targetIdentity && targetIdentity == entries.Identity(folder);
   }
 };
 
@@ -129,7 +130,7 @@ bool TCustomCopyFilesAction::RunAndReport(const std::shared_ptr<IVekActionLogMes
 void TCustomCopyFilesAction::MakeFolderOf(const std::string& target) {
   const std::string_view folder = DirectoryPart(target);
   if (folder.empty() || folder == madeFolder_) return;
-  if (GetPlatform().files.CreateFolders(folder)) madeFolder_ = folder;
+  if (GetPlatform().folders->CreateWithParents(folder)) madeFolder_ = folder;
 }
 
 void TCustomCopyFilesAction::StartProgress(std::string_view what, const std::string& source,
@@ -168,7 +169,7 @@ bool TCustomCopyFilesAction::Execute() {
     const auto unreadable = [this](std::string_view folder, Win32Error code) {
       ReportUnreadable(folder, code);
     };
-    CopyRun run{*message, target, TFolderWalk(platform.files, platform.finder, unreadable), {}};
+    CopyRun run{*message, target, TFolderWalk(*platform.entries, *platform.finder, unreadable), {}};
     return CopyTree(run, source, target) && (FilesAffected > 0 || !FailIfZeroFiles);
   });
 }
@@ -186,7 +187,7 @@ bool TCustomCopyFilesAction::CopyTree(CopyRun& run, const std::string& spec, con
 bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, const std::string& folder,
                                          const std::string& target) {
   SysResult found;
-  const auto search = GetPlatform().finder.Open(spec, FileAttribute::AnyFile, FindDetail::Names, found);
+  const auto search = GetPlatform().finder->Open(spec, FileAttribute::AnyFile, FindDetail::Names, found);
   // A walk into the sub-folders comes upon the same and reports it.
   if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   const bool takesAll = HasWildcard(spec);
@@ -211,7 +212,7 @@ void TCustomCopyFilesAction::CopySubFolders(CopyRun& run, const std::string& fol
   const std::string targetFolder = std::string(WithoutTrailingDelimiter(target)) + '\\';
   run.walk.ForEachFolder(folder, FileAttribute::Directory, [&](const std::string& name) {
     const std::string subFolder = folder + name;
-    if (run.IsTarget(GetPlatform().files, subFolder)) {
+    if (run.IsTarget(*GetPlatform().entries, subFolder)) {
       run.message.AddLine("Skipped, because it is the target : " + subFolder);
     } else {
       // A failure ends the work in that folder alone.
@@ -223,25 +224,25 @@ void TCustomCopyFilesAction::CopySubFolders(CopyRun& run, const std::string& fol
 
 bool TCustomCopyFilesAction::CopyFile(const std::string& source, const std::string& target,
                                       IVekActionLogMessage& message) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   const auto refuse = [&](const std::string& reason) {
     message.AddLine("Failed to copy File : " + source + " -> " + target);
     message.AddLine(reason);
     return false;
   };
 
-  if (files.FileExists(target)) {
+  if (entries.FileExists(target)) {
     if (FailIfExists) return refuse("File Already Exists!");
     uint32_t attributes = 0;
-    if (files.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {
+    if (entries.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {
       if (!OverwriteReadOnly) return refuse("File Already Exists and is marked as Read Only");
-      files.SetAttributes(target,
-                          ClearAttributes ? FileAttribute::Normal : attributes - FileAttribute::ReadOnly);
+      entries.SetAttributes(target,
+                            ClearAttributes ? FileAttribute::Normal : attributes - FileAttribute::ReadOnly);
     }
   }
   StartProgress("Copying File : ", source, target);
-  const SysResult copied = files.Copy(source, target, copyOptions_);
+  const SysResult copied = entries.Copy(source, target, copyOptions_);
   if (!copied) return refuse("Win32 Error : " + SysErrorMessage(copied.code));
-  if (ClearAttributes) files.SetAttributes(target, FileAttribute::Normal);
+  if (ClearAttributes) entries.SetAttributes(target, FileAttribute::Normal);
   return true;
 }

@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "coreapi/Vekactionapi.h"
-#include "platform/Files.h"
+#include "platform/Entries.h"
 
 /// "Copy File(s)": copies the files that match a specification with wildcards, in sub-folders too when
 /// asked. "Move File(s)" has the same settings and derives from it.

@@ -1,8 +1,8 @@
 #include "fileops/VekDeleteFilesAction.h"
 
 #include "base/WindowsPath.h"
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "platform/Finder.h"
 #include "platform/Platform.h"
 
@@ -82,7 +82,7 @@ bool TCustomDeleteFilesAction::Execute() {
 bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekActionLogMessage& message) {
   SysResult searchResult;
   const auto search =
-      GetPlatform().finder.Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
+      GetPlatform().finder->Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
   std::string fileName(FolderPart(spec));
   const size_t folderLength = fileName.size();
   for (FoundEntry match; search->Next(match);) {
@@ -95,14 +95,14 @@ bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekAction
 /// Deletes one file; false when that failed with an error.
 bool TCustomDeleteFilesAction::DeleteMatch(const std::string& fileName, const FoundEntry& match,
                                            IVekActionLogMessage& message) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   uint32_t attributes = match.attributes;
   if (DeleteReadOnly) attributes &= ~FileAttribute::ReadOnly;
   if (DeleteHidden) attributes &= ~FileAttribute::Hidden;
-  if (DeleteReadOnly || DeleteHidden) files.SetAttributes(fileName, attributes);
+  if (DeleteReadOnly || DeleteHidden) entries.SetAttributes(fileName, attributes);
 
-  const SysResult deleted = files.Delete(fileName);
-  if (deleted.ok && !files.EntryExists(fileName)) {
+  const SysResult deleted = entries.Delete(fileName);
+  if (deleted.ok && !entries.EntryExists(fileName)) {
     ++filesAffected_;
     return true;
   }

@@ -3,6 +3,7 @@
 #include "base/WindowsPath.h"
 #include "fileops/VekPercentage.h"
 #include "platform/FileAttributes.h"
+#include "platform/Folders.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -101,7 +102,7 @@ bool TCustomVekFileSetCopyMoveAction::ExecuteFileSet(IVekFileSet& fileSet) {
 }
 
 bool TCustomVekFileSetCopyMoveAction::IsThere(const std::string& file) const {
-  if (GetPlatform().files.FileExists(file)) return true;
+  if (GetPlatform().entries->FileExists(file)) return true;
   if (FailIfFileNotFound) throw ECopyMoveError("File not found : " + file);
   SendMessage("Skipping file not found : " + file);
   return false;
@@ -122,20 +123,21 @@ std::string TCustomVekFileSetCopyMoveAction::DestinationOf(const std::string& fi
 
 /// Raises what goes wrong.
 void TCustomVekFileSetCopyMoveAction::CopyOrMove(const std::string& source, const std::string& destination) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   progressText_ = (Move ? "Moving " : "Copying ") + source + " to " + destination + "...";
   SendMessage(progressText_);
   lastPercent_ = Percentage(finishedBytes_, totalBytes_);
   SendProgress(progressText_, lastPercent_);
 
   const std::string_view folder = DirectoryPart(destination);
-  if (!folder.empty() && folder != madeFolder_ && files.CreateFolders(folder)) madeFolder_ = folder;
-  if (files.FileExists(destination) && !MakeRoom(destination)) return;
+  if (!folder.empty() && folder != madeFolder_ && GetPlatform().folders->CreateWithParents(folder))
+    madeFolder_ = folder;
+  if (entries.FileExists(destination) && !MakeRoom(destination)) return;
 
   const SysResult done = Transfer(source, destination);
   if (!done) throw ECopyMoveError(SystemMessage("Error : Unable to copy file. Received ", done));
   if (ClearAttributes) {
-    const SysResult cleared = files.SetAttributes(destination, 0);
+    const SysResult cleared = entries.SetAttributes(destination, 0);
     if (!cleared) {
       throw ECopyMoveError(
           SystemMessage("Error : Could not clear attributes on destination file. Received ", cleared));
@@ -155,14 +157,14 @@ bool TCustomVekFileSetCopyMoveAction::MakeRoom(const std::string& destination) {
   }
 
   SendMessage("Overwriting destination file " + destination);
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   uint32_t attributes = 0;
-  SysResult writable = files.GetAttributes(destination, attributes);
+  SysResult writable = entries.GetAttributes(destination, attributes);
   if (writable && (attributes & FileAttribute::ReadOnly) != 0) {
     if (OverwriteMode == TCopyOverwriteMode::owOverwrite) {
       throw ECopyMoveError("Error : Destination file " + destination + " is read only.");
     }
-    writable = files.SetAttributes(destination, attributes & ~FileAttribute::ReadOnly);
+    writable = entries.SetAttributes(destination, attributes & ~FileAttribute::ReadOnly);
   }
   if (!writable) {
     throw ECopyMoveError(
@@ -173,21 +175,21 @@ bool TCustomVekFileSetCopyMoveAction::MakeRoom(const std::string& destination) {
 
 SysResult TCustomVekFileSetCopyMoveAction::Transfer(const std::string& source,
                                                     const std::string& destination) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   const auto progress = [this](uint64_t transferred, uint64_t size) { ShowProgress(transferred, size); };
   fileBytes_ = 0;
   if (Move) {
     // A move that is no more than a new name tells nothing of its progress.
-    files.GetSize(source, fileBytes_);
+    entries.GetSize(source, fileBytes_);
     // Only this mode replaces: with owReadOnly an existing file is made writable and then stands in the way.
     const uint32_t replace = OverwriteMode == TCopyOverwriteMode::owOverwrite ? MoveFlag::ReplaceExisting : 0;
-    return files.Move(source, destination, MoveFlag::CopyAllowed | MoveFlag::WriteThrough | replace,
-                      progress);
+    return entries.Move(source, destination, MoveFlag::CopyAllowed | MoveFlag::WriteThrough | replace,
+                        progress);
   }
-  return files.Copy(source, destination,
-                    {.failIfExists = OverwriteMode == TCopyOverwriteMode::owFail,
-                     .cancel = &cancelCopy_,
-                     .progress = progress});
+  return entries.Copy(source, destination,
+                      {.failIfExists = OverwriteMode == TCopyOverwriteMode::owFail,
+                       .cancel = &cancelCopy_,
+                       .progress = progress});
 }
 
 void TCustomVekFileSetCopyMoveAction::ShowProgress(uint64_t transferred, uint64_t size) {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "coreapi/Vekfilesetbaseaction.h"
-#include "platform/Files.h"
+#include "platform/Entries.h"
 
 /// What ends a run before its last file.
 class ECopyMoveError : public std::runtime_error {

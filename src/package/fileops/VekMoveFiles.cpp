@@ -8,23 +8,23 @@
 namespace {
 
 /// Whether two paths that are spelt differently lead to one file under one name.
-bool AreOneFile(Files& files, const std::string& a, const std::string& b) {
+bool AreOneFile(Entries& entries, const std::string& a, const std::string& b) {
   if (!SameText(NamePart(a), NamePart(b))) return false;
-  const auto folderOf = [&files](const std::string& file) {
+  const auto folderOf = [&entries](const std::string& file) {
     const std::string_view folder = DirectoryPart(file);
-    return files.Identity(folder.empty() ? "." : folder);
+    return entries.Identity(folder.empty() ? "." : folder);
   };
-  const auto identity = files.Identity(a);
-  return identity && identity == files.Identity(b) && folderOf(a) == folderOf(b);
+  const auto identity = entries.Identity(a);
+  return identity && identity == entries.Identity(b) && folderOf(a) == folderOf(b);
 }
 
 /// Takes a target out of the way of the file that is to replace it. Unless that one arrives, the target comes
 /// back: a move that fails costs no file.
 class DisplacedFile {
  public:
-  DisplacedFile(Files& files, IVekActionLogMessage& message) : files_(files), message_(message) {}
+  DisplacedFile(Entries& entries, IVekActionLogMessage& message) : entries_(entries), message_(message) {}
   ~DisplacedFile() {
-    if (!aside_.empty() && !files_.Move(aside_, path_, 0)) Tell();
+    if (!aside_.empty() && !entries_.Move(aside_, path_, 0)) Tell();
   }
   DisplacedFile(const DisplacedFile&) = delete;
   DisplacedFile& operator=(const DisplacedFile&) = delete;
@@ -34,7 +34,7 @@ class DisplacedFile {
     for (int number = 1; number <= kMostNames; ++number) {
       // A short name, because the file's own may leave no room for more.
       const std::string aside = std::string(FolderPart(path)) + ".replaced" + std::to_string(number);
-      moved = files_.Move(path, aside, 0);
+      moved = entries_.Move(path, aside, 0);
       if (moved) {
         path_ = path;
         aside_ = aside;
@@ -45,7 +45,7 @@ class DisplacedFile {
   }
 
   void Delete() {
-    if (!aside_.empty() && !files_.Delete(aside_)) Tell();
+    if (!aside_.empty() && !entries_.Delete(aside_)) Tell();
     aside_.clear();
   }
 
@@ -54,7 +54,7 @@ class DisplacedFile {
 
   void Tell() const { message_.AddLine(" --> The replaced file is left as : " + aside_); }
 
-  Files& files_;
+  Entries& entries_;
   IVekActionLogMessage& message_;
   std::string path_, aside_;
 };
@@ -91,7 +91,7 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
                                          IVekActionLogMessage& message) {
   constexpr uint32_t kMask = FileAttribute::ReadOnly | FileAttribute::Hidden;
   SysResult found;
-  const auto search = GetPlatform().finder.Open(spec, kMask, FindDetail::Names, found);
+  const auto search = GetPlatform().finder->Open(spec, kMask, FindDetail::Names, found);
   if (IsUnreadable(found)) ReportUnreadable(FolderPart(spec), found.code);
   FoundEntry match;
   // FailIfZeroFiles is about matches that stayed where they were; without a match there is nothing to fail.
@@ -111,21 +111,21 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
 /// Moves one file; false when that ends the run.
 bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::string& target,
                                        IVekActionLogMessage& message) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   const auto report = [&](const std::string& reason) {
     message.AddLine(" --> Error Moving File : " + source + " -> " + target);
     message.AddLine(" --> " + reason);
     return false;
   };
 
-  DisplacedFile displaced(files, message);
-  const bool targetExists = files.FileExists(target);
-  if (StopOnAnyErrors && !files.FileExists(source)) return report("Source File Does not exist");
+  DisplacedFile displaced(entries, message);
+  const bool targetExists = entries.FileExists(target);
+  if (StopOnAnyErrors && !entries.FileExists(source)) return report("Source File Does not exist");
   if (targetExists) {
     if (FailIfExists) return report("The target File exists and \"Fail if Exists\" is checked");
     if (const auto reason = PrepareTarget(target)) return report(*reason);
     // To take a target away that is the source would lose the file.
-    if (source != target && !AreOneFile(files, source, target)) {
+    if (source != target && !AreOneFile(entries, source, target)) {
       const SysResult gone = displaced.Displace(target);
       if (!gone && StopOnAnyErrors) return report(SysErrorMessage(gone.code));
     }
@@ -139,29 +139,29 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
     return !StopOnAnyErrors;
   }
   displaced.Delete();
-  if (ClearAttributes) files.SetAttributes(target, FileAttribute::Normal);
+  if (ClearAttributes) entries.SetAttributes(target, FileAttribute::Normal);
   ++FilesAffected;
   return true;
 }
 
 /// Makes an existing target writable; answers why the run ends, or nothing when it goes on.
 std::optional<std::string> TCustomMoveFilesAction::PrepareTarget(const std::string& target) {
-  Files& files = GetPlatform().files;
+  Entries& entries = *GetPlatform().entries;
   uint32_t attributes = 0;
-  if (files.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {
+  if (entries.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {
     readOnlyMet_ = true;
   }
   // One read-only target stands for all that follow it in the run.
   if (!readOnlyMet_) return {};
   if (!OverwriteReadOnly) return "The target File is marked \"Read Only\"";
-  files.SetAttributes(target, FileAttribute::Normal);
+  entries.SetAttributes(target, FileAttribute::Normal);
   return {};
 }
 
 SysResult TCustomMoveFilesAction::MoveFile(const std::string& source, const std::string& target) {
-  Files& files = GetPlatform().files;
-  if (!TargetIsDir()) return files.Move(source, target, 0);
+  Entries& entries = *GetPlatform().entries;
+  if (!TargetIsDir()) return entries.Move(source, target, 0);
   StartProgress("Moving File : ", source, target);
-  return files.Move(source, target, MoveFlag::CopyAllowed | MoveFlag::WriteThrough,
-                    [this](uint64_t transferred, uint64_t total) { ShowProgress(transferred, total); });
+  return entries.Move(source, target, MoveFlag::CopyAllowed | MoveFlag::WriteThrough,
+                      [this](uint64_t transferred, uint64_t total) { ShowProgress(transferred, total); });
 }

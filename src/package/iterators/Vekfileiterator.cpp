@@ -112,7 +112,7 @@ void TCustomFileIterator::SearchFiles(const std::string& spec) {
   try {
     SendMessage("Searching for Files...");
     files_.clear();
-    TFolderWalk walk(GetPlatform().files, GetPlatform().finder,
+    TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder,
                      [this](std::string_view folder, Win32Error code) { ReportUnreadable(folder, code); });
     Search(walk, std::string(FolderPart(spec)), NamePart(spec));
     SendMessage("Found " + std::to_string(files_.size()) + " Files.");
@@ -135,7 +135,7 @@ void TCustomFileIterator::Search(TFolderWalk& walk, const std::string& folder, s
 
 void TCustomFileIterator::TakeMatches(const std::string& folder, std::string_view mask) {
   SysResult found;
-  const auto search = GetPlatform().finder.Open(
+  const auto search = GetPlatform().finder->Open(
       folder + std::string(mask), FindAnyFile ? FileAttribute::AnyFile : 0, FindDetail::Names, found);
   // A walk into the sub-folders comes upon the same and reports it.
   if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);

@@ -1,7 +1,9 @@
 #include "textini/VekCreateTextFileAction.h"
 
 #include "base/WindowsPath.h"
-#include "platform/Files.h"
+#include "platform/Contents.h"
+#include "platform/Entries.h"
+#include "platform/Folders.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -44,15 +46,14 @@ bool TCustomVekCreateTextFileAction::Execute() {
   if (!TryExpandExpression("NewFileName", NewFileName, fileName, true)) return false;
   if (CreateDirectory && !CreateDirectoryOf(fileName)) return false;
 
-  Files& files = GetPlatform().files;
-  if (!OverwriteExisting && files.FileExists(fileName)) {
+  if (!OverwriteExisting && GetPlatform().entries->FileExists(fileName)) {
     SendMessage("ERROR - File already exists: " + fileName);
     return false;
   }
 
   std::string contents;
   if (!TryExpandExpression("File Contents", FileContents, contents, false)) return false;
-  const SysResult written = files.Replace(fileName, contents);
+  const SysResult written = GetPlatform().contents->Replace(fileName, contents);
   SendMessage(written ? "File created: " + fileName
                       : "File creation failed: " + SysErrorMessage(written.code));
   return written.ok;
@@ -62,7 +63,7 @@ bool TCustomVekCreateTextFileAction::Execute() {
 bool TCustomVekCreateTextFileAction::CreateDirectoryOf(const std::string& fileName) {
   const std::string directory(DirectoryPart(fileName));
   if (directory.empty()) return true;
-  const SysResult created = GetPlatform().files.CreateFolders(directory);
+  const SysResult created = GetPlatform().folders->CreateWithParents(directory);
   if (!created) {
     SendMessage("Failed to create directory \"" + directory + "\": " + SysErrorMessage(created.code));
   }

@@ -1,6 +1,7 @@
 #include "textini/VekWriteToTextFileAction.h"
 
-#include "platform/Files.h"
+#include "platform/Contents.h"
+#include "platform/Entries.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -46,7 +47,7 @@ bool TCustomVekWriteToTextFileAction::Validate(IVekActionValidationError& errors
 bool TCustomVekWriteToTextFileAction::Execute() {
   std::string fileName;
   if (!TryExpandExpression("FileName", FileName, fileName, true)) return false;
-  const bool fileExists = GetPlatform().files.FileExists(fileName);
+  const bool fileExists = GetPlatform().entries->FileExists(fileName);
   if (!fileExists && !CreateIfNotExists) {
     SendMessage("ERROR - File doesn't exist: " + fileName);
     return false;
@@ -61,15 +62,15 @@ bool TCustomVekWriteToTextFileAction::Execute() {
 
 SysResult TCustomVekWriteToTextFileAction::AddToFile(const std::string& fileName, const std::string& text,
                                                      bool fileExists) {
-  Files& files = GetPlatform().files;
   std::string contents;
   if (fileExists) {
-    if (const SysResult loaded = files.ReadWhole(fileName, contents); !loaded) return loaded;
+    if (const SysResult loaded = GetPlatform().contents->ReadWhole(fileName, contents); !loaded)
+      return loaded;
   }
   StringList lines = SplitLines(contents);
   // The text is one line more than it holds line breaks, also when it is empty or ends in one.
   const StringList added = SplitLines(std::string(text).append(kLineBreak));
   lines.insert(WriteToPosition == TVekWriteToPos::toStart ? lines.begin() : lines.end(), added.begin(),
                added.end());
-  return files.Replace(fileName, JoinLines(lines));
+  return GetPlatform().contents->Replace(fileName, JoinLines(lines));
 }

@@ -1,8 +1,8 @@
 #include "textini/Vekinifile.h"
 
 #include "base/WindowsPath.h"
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "platform/Platform.h"
 #include "textini/Vekconversions.h"
 #include "textini/Vekinifileobject.h"
@@ -205,7 +205,7 @@ bool TCustomWriteIniFileAction::Execute() {
   const auto section = ExpandSection("Unable to Write to Section : ");
   if (!section) return false;
 
-  const bool fileExists = GetPlatform().files.FileExists(*path);
+  const bool fileExists = GetPlatform().entries->FileExists(*path);
   if (!fileExists && !AllowCreate) {
     SendStatusMessage({Line(kCannotWrite, *path), "File does not Exist!"});
     return false;
@@ -225,7 +225,8 @@ bool TCustomWriteIniFileAction::Execute() {
 
 bool TCustomWriteIniFileAction::IsReadOnly(const std::string& path) const {
   uint32_t attributes = 0;
-  return GetPlatform().files.GetAttributes(path, attributes) && (attributes & FileAttribute::ReadOnly) != 0;
+  return GetPlatform().entries->GetAttributes(path, attributes) &&
+         (attributes & FileAttribute::ReadOnly) != 0;
 }
 
 /// False, and nothing written or sent, for an integer that is none.

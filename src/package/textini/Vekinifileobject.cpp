@@ -10,13 +10,13 @@
 #include "textini/Vekconversions.h"
 
 void TIniFile::Check(const SysResult& result) const {
-  if (!result) throw EVekError(platform_.errorTexts.Text(result.code));
+  if (!result) throw EVekError(platform_.errorTexts->Text(result.code));
 }
 
 std::string TIniFile::ReadString(std::string_view section, std::string_view key,
                                  std::string_view fallback) const {
   std::optional<std::string> value;
-  Check(platform_.iniFiles.Read(path_, section, key, value));
+  Check(platform_.iniFiles->Read(path_, section, key, value));
   return value ? std::move(*value) : std::string(fallback);
 }
 
@@ -34,12 +34,12 @@ bool TIniFile::ReadBool(std::string_view section, std::string_view key, bool fal
 
 bool TIniFile::ValueExists(std::string_view section, std::string_view key) const {
   std::optional<std::string> value;
-  Check(platform_.iniFiles.Read(path_, section, key, value));
+  Check(platform_.iniFiles->Read(path_, section, key, value));
   return value.has_value();
 }
 
 void TIniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) const {
-  Check(platform_.iniFiles.Write(path_, section, key, value));
+  Check(platform_.iniFiles->Write(path_, section, key, value));
 }
 
 void TIniFile::WriteInteger(std::string_view section, std::string_view key, int32_t value) const {
@@ -51,5 +51,5 @@ void TIniFile::WriteBool(std::string_view section, std::string_view key, bool va
 }
 
 void TIniFile::EraseSection(std::string_view section) const {
-  Check(platform_.iniFiles.DeleteSection(path_, section));
+  Check(platform_.iniFiles->DeleteSection(path_, section));
 }

@@ -1,5 +1,7 @@
 #include "platform/CreatePlatform.h"
-#include "platform/posix/files/PosixFiles.h"
+#include "platform/posix/files/PosixContents.h"
+#include "platform/posix/files/PosixEntries.h"
+#include "platform/posix/files/PosixFolders.h"
 #include "platform/posix/find/PosixFinder.h"
 #include "platform/posix/ini/PosixIniFiles.h"
 #include "platform/posix/paths/PosixPaths.h"
@@ -21,7 +23,9 @@ class PosixPlatform final : public PlatformOwner {
 
  private:
   PosixPaths paths_;
-  PosixFiles files_{paths_};
+  PosixFolders folders_{paths_};
+  PosixEntries entries_{paths_, folders_};
+  PosixContents contents_{paths_};
   PosixFinder finder_{paths_};
   PosixEnvironment environment_{paths_};
   PosixClock clock_;
@@ -30,7 +34,16 @@ class PosixPlatform final : public PlatformOwner {
   PosixIniFiles iniFiles_{paths_};
   PosixProcesses processes_{paths_};
   PosixConsole console_{paths_};
-  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_, iniFiles_, processes_};
+  Platform platform_{.entries = &entries_,
+                     .folders = &folders_,
+                     .contents = &contents_,
+                     .finder = &finder_,
+                     .environment = &environment_,
+                     .clock = &clock_,
+                     .errorTexts = &errorTexts_,
+                     .modules = &modules_,
+                     .iniFiles = &iniFiles_,
+                     .processes = &processes_};
 };
 
 }  // namespace

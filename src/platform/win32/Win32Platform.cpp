@@ -1,6 +1,8 @@
 #include "platform/CreatePlatform.h"
 #include "platform/Platform.h"
-#include "platform/win32/files/Win32Files.h"
+#include "platform/win32/files/Win32Contents.h"
+#include "platform/win32/files/Win32Entries.h"
+#include "platform/win32/files/Win32Folders.h"
 #include "platform/win32/find/Win32Finder.h"
 #include "platform/win32/ini/Win32IniFiles.h"
 #include "platform/win32/processes/Win32Processes.h"
@@ -18,16 +20,27 @@ class Win32Platform final : public PlatformOwner {
   Console& GetConsole() override { return console_; }
 
  private:
-  Win32Files files_;
+  Win32Folders folders_;
+  Win32Entries entries_{folders_};
+  Win32Contents contents_;
   Win32Finder finder_;
   Win32Environment environment_;
   Win32Clock clock_;
   Win32ErrorTexts errorTexts_;
   Win32Modules modules_;
-  Win32IniFiles iniFiles_{files_};
+  Win32IniFiles iniFiles_{contents_};
   Win32Processes processes_;
   Win32Console console_;
-  Platform platform_{files_, finder_, environment_, clock_, errorTexts_, modules_, iniFiles_, processes_};
+  Platform platform_{.entries = &entries_,
+                     .folders = &folders_,
+                     .contents = &contents_,
+                     .finder = &finder_,
+                     .environment = &environment_,
+                     .clock = &clock_,
+                     .errorTexts = &errorTexts_,
+                     .modules = &modules_,
+                     .iniFiles = &iniFiles_,
+                     .processes = &processes_};
 };
 
 }  // namespace

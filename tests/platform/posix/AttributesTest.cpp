@@ -21,7 +21,7 @@ TEST_F(PosixAttributesTest, ReadOnlyIsTheLackOfEveryWriteBit) {
   };
   for (const auto& c : cases) {
     SetMode(Path("file"), c.before);
-    ASSERT_TRUE(files.SetAttributes(Path("file"), c.attributes));
+    ASSERT_TRUE(entries.SetAttributes(Path("file"), c.attributes));
     EXPECT_EQ(ModeOf(Path("file")), c.after);
   }
 }
@@ -29,18 +29,18 @@ TEST_F(PosixAttributesTest, ReadOnlyIsTheLackOfEveryWriteBit) {
 TEST_F(PosixAttributesTest, StoredAsText) {
   folder.Write("file");
   EXPECT_EQ(RawAttributes(Path("file")), std::nullopt);
-  ASSERT_TRUE(files.SetAttributes(Path("file"), Hidden | Archive | ReadOnly));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), Hidden | Archive | ReadOnly));
   EXPECT_EQ(RawAttributes(Path("file")), "0x22");
-  ASSERT_TRUE(files.SetAttributes(Path("file"), System));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), System));
   EXPECT_EQ(RawAttributes(Path("file")), "0x4");
 }
 
 TEST_F(PosixAttributesTest, ALeadingDotHidesUntilAnAttributeSaysOtherwise) {
   folder.Write(".dot");
   EXPECT_EQ(AttributesOf(".dot"), Hidden);
-  ASSERT_TRUE(files.SetAttributes(Path(".dot"), Hidden));
+  ASSERT_TRUE(entries.SetAttributes(Path(".dot"), Hidden));
   EXPECT_EQ(RawAttributes(Path(".dot")), std::nullopt);
-  ASSERT_TRUE(files.SetAttributes(Path(".dot"), Normal));
+  ASSERT_TRUE(entries.SetAttributes(Path(".dot"), Normal));
   EXPECT_EQ(AttributesOf(".dot"), Normal);
   EXPECT_EQ(RawAttributes(Path(".dot")), "0x0");
 }
@@ -74,20 +74,20 @@ TEST_F(PosixAttributesTest, ReadsWhatFileServersStore) {
 TEST_F(PosixAttributesTest, ABinaryFormIsPatchedNotReplaced) {
   folder.Write("file");
   ASSERT_TRUE(StoreRawAttributes(Path("file"), Binary(4, 0x10, 0x51)));
-  ASSERT_TRUE(files.SetAttributes(Path("file"), Hidden | System));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), Hidden | System));
   EXPECT_EQ(RawAttributes(Path("file")), Binary(4, 0x11, 0x06));
-  ASSERT_TRUE(files.SetAttributes(Path("file"), Normal));
+  ASSERT_TRUE(entries.SetAttributes(Path("file"), Normal));
   EXPECT_EQ(RawAttributes(Path("file")), Binary(4, 0x11, 0x00));
 }
 
 TEST_F(PosixAttributesTest, SettingWhatCannotBeStoredFailsAndClearingDoesNot) {
   uint32_t attributes = 0;
   const char* kNoStore = "/proc/self/limits";
-  if (!files.GetAttributes(kNoStore, attributes)) GTEST_SKIP() << "no such file system here";
-  const SysResult result = files.SetAttributes(kNoStore, attributes | Hidden);
+  if (!entries.GetAttributes(kNoStore, attributes)) GTEST_SKIP() << "no such file system here";
+  const SysResult result = entries.SetAttributes(kNoStore, attributes | Hidden);
   EXPECT_FALSE(result.ok);
   EXPECT_NE(result.code, Win32Error::Success);
-  EXPECT_TRUE(files.SetAttributes(kNoStore, attributes));
+  EXPECT_TRUE(entries.SetAttributes(kNoStore, attributes));
 }
 
 }  // namespace

@@ -7,8 +7,8 @@ using PosixContentsTest = PlatformTest;
 
 TEST_F(PosixContentsTest, ReadWholeReadsFilesThatTellNoSize) {
   std::string contents;
-  if (!files.FileExists("/proc/self/smaps")) GTEST_SKIP() << "no such file here";
-  ASSERT_TRUE(files.ReadWhole("/proc/self/smaps", contents));
+  if (!entries.FileExists("/proc/self/smaps")) GTEST_SKIP() << "no such file here";
+  ASSERT_TRUE(data.ReadWhole("/proc/self/smaps", contents));
   EXPECT_GT(contents.size(), 10000u);
   EXPECT_EQ(contents.back(), '\n');
 }
@@ -17,7 +17,7 @@ TEST_F(PosixContentsTest, ReplaceKeepsModeAndAttributes) {
   folder.Write("file", "old");
   SetMode(Path("file"), 0640);
   const bool stores = StoreRawAttributes(Path("file"), "0x22");
-  EXPECT_TRUE(files.Replace(Path("file"), "new"));
+  EXPECT_TRUE(data.Replace(Path("file"), "new"));
   EXPECT_EQ(ModeOf(Path("file")), 0640u);
   EXPECT_EQ(RawAttributes(Path("file")), stores ? std::optional<std::string>("0x22") : std::nullopt);
 }
@@ -29,12 +29,12 @@ TEST_F(PosixContentsTest, ReplaceFollowsLinks) {
   MakeLink(Path("relative"), Path("absolute"));
   MakeLink("place/fresh", Path("dangling"));
   MakeLink("circle", Path("circle"));
-  EXPECT_TRUE(files.Replace(Path("absolute"), "new"));
-  EXPECT_TRUE(files.Replace(Path("dangling"), "fresh"));
+  EXPECT_TRUE(data.Replace(Path("absolute"), "new"));
+  EXPECT_TRUE(data.Replace(Path("dangling"), "fresh"));
   EXPECT_EQ(folder.Read("place/target"), "new");
   EXPECT_EQ(folder.Read("place/fresh"), "fresh");
   EXPECT_EQ(folder.Names("place"), (Names{"fresh", "target"}));
-  EXPECT_EQ(files.Replace(Path("circle"), "x").code, Win32Error::CantResolveFilename);
+  EXPECT_EQ(data.Replace(Path("circle"), "x").code, Win32Error::CantResolveFilename);
 }
 
 TEST_F(PosixContentsTest, AFullDiskLeavesTheOldFile) {
@@ -42,8 +42,8 @@ TEST_F(PosixContentsTest, AFullDiskLeavesTheOldFile) {
   const std::string big(100000, 'x');
   SysResult replaced, created;
   WithFileSizeLimit(5000, [&] {
-    replaced = files.Replace(Path("file"), big);
-    created = files.Replace(Path("new"), big);
+    replaced = data.Replace(Path("file"), big);
+    created = data.Replace(Path("new"), big);
   });
   EXPECT_EQ(replaced.code, Win32Error::DiskFull);
   EXPECT_EQ(created.code, Win32Error::DiskFull);

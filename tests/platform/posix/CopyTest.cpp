@@ -17,8 +17,8 @@ TEST_F(PosixCopyTest, AFullDiskLeavesTheOldFileOrNone) {
   for (const char* source : {"small", "large"}) {
     SysResult over, created;
     WithFileSizeLimit(5000, [&] {
-      over = files.Copy(Path(source), Path("target"), {});
-      created = files.Copy(Path(source), Path("new"), {});
+      over = entries.Copy(Path(source), Path("target"), {});
+      created = entries.Copy(Path(source), Path("new"), {});
     });
     EXPECT_EQ(over.code, Win32Error::DiskFull) << source;
     EXPECT_EQ(created.code, Win32Error::DiskFull) << source;
@@ -32,7 +32,7 @@ TEST_F(PosixCopyTest, WhoIsKilledLeavesNoPartOfALargeFile) {
   folder.Write("old", "kept");
   for (const char* target : {"new", "old"}) {
     const CopyOptions options = {.progress = [](uint64_t, uint64_t) { raise(SIGKILL); }};
-    EXPECT_EXIT(files.Copy(Path("source"), Path(target), options), testing::KilledBySignal(SIGKILL), "");
+    EXPECT_EXIT(entries.Copy(Path("source"), Path(target), options), testing::KilledBySignal(SIGKILL), "");
     EXPECT_FALSE(folder.Exists("new"));
     EXPECT_EQ(folder.Read("old"), "kept");
   }
@@ -42,11 +42,11 @@ TEST_F(PosixCopyTest, ALargeFileTakesNoNameThatAnotherTookMeanwhile) {
   const std::string bytes(3u << 20, 'x');
   folder.Write("source", bytes);
   CopyOptions options = {.progress = [&](uint64_t, uint64_t) { folder.Write("new", "other"); }};
-  EXPECT_TRUE(files.Copy(Path("source"), Path("new"), options));
+  EXPECT_TRUE(entries.Copy(Path("source"), Path("new"), options));
   EXPECT_TRUE(folder.Read("new") == bytes);
   std::filesystem::remove(Path("new"));
   options.failIfExists = true;
-  EXPECT_EQ(files.Copy(Path("source"), Path("new"), options).code, Win32Error::FileExists);
+  EXPECT_EQ(entries.Copy(Path("source"), Path("new"), options).code, Win32Error::FileExists);
   EXPECT_EQ(folder.Read("new"), "other");
   EXPECT_EQ(folder.Names(), (Names{"new", "source"}));
 }
@@ -54,15 +54,15 @@ TEST_F(PosixCopyTest, ALargeFileTakesNoNameThatAnotherTookMeanwhile) {
 TEST_F(PosixCopyTest, PipesAreNeitherReadNorReplaced) {
   folder.Write("file", "x");
   MakePipe(Path("pipe"));
-  EXPECT_EQ(files.Copy(Path("pipe"), Path("new"), {}).code, Win32Error::NotSupported);
-  EXPECT_EQ(files.Copy(Path("file"), Path("pipe"), {}).code, Win32Error::NotSupported);
-  EXPECT_EQ(files.Copy("/dev/zero", Path("new"), {}).code, Win32Error::NotSupported);
+  EXPECT_EQ(entries.Copy(Path("pipe"), Path("new"), {}).code, Win32Error::NotSupported);
+  EXPECT_EQ(entries.Copy(Path("file"), Path("pipe"), {}).code, Win32Error::NotSupported);
+  EXPECT_EQ(entries.Copy("/dev/zero", Path("new"), {}).code, Win32Error::NotSupported);
   EXPECT_EQ(folder.Names(), (Names{"file", "pipe"}));
 }
 
 TEST_F(PosixCopyTest, FilesThatTellNoSizeAreCopiedWhole) {
-  if (!files.FileExists("/proc/self/status")) GTEST_SKIP() << "no such file here";
-  EXPECT_TRUE(files.Copy("/proc/self/status", Path("copy"), {}));
+  if (!entries.FileExists("/proc/self/status")) GTEST_SKIP() << "no such file here";
+  EXPECT_TRUE(entries.Copy("/proc/self/status", Path("copy"), {}));
   EXPECT_EQ(folder.Read("copy").substr(0, 5), "Name:");
 }
 
@@ -80,7 +80,7 @@ TEST_F(PosixCopyTest, ANewFileHasTheSourcesModeAnOldOneItsOwn) {
     SetMode(Path("source"), c.source);
     folder.Write("old");
     SetMode(Path("old"), c.old);
-    for (const char* target : {"new", "old"}) EXPECT_TRUE(files.Copy(Path("source"), Path(target), {}));
+    for (const char* target : {"new", "old"}) EXPECT_TRUE(entries.Copy(Path("source"), Path(target), {}));
     EXPECT_EQ(ModeOf(Path("new")), c.made);
     EXPECT_EQ(ModeOf(Path("old")), c.over);
     for (const char* name : {"source", "new", "old"}) std::filesystem::remove(Path(name));
@@ -93,12 +93,12 @@ TEST_F(PosixCopyTest, ALeadingDotIsNoAttributeThatIsLost) {
   folder.Write("plain");
   for (const auto& [source, target, raw] : std::vector<std::tuple<std::string, std::string, std::string>>{
            {".dot", "a", "0x2"}, {".dot", ".b", ""}, {"plain", ".c", "0x0"}, {"plain", "d", ""}}) {
-    ASSERT_TRUE(files.Copy(Path(source), Path(target), {}));
+    ASSERT_TRUE(entries.Copy(Path(source), Path(target), {}));
     EXPECT_EQ(AttributesOf(target), AttributesOf(source)) << target;
     EXPECT_EQ(RawAttributes(Path(target)).value_or(""), raw) << target;
   }
   SetMode(Path(".dot"), 0444);
-  ASSERT_TRUE(files.Copy(Path(".dot"), Path("locked"), {}));
+  ASSERT_TRUE(entries.Copy(Path(".dot"), Path("locked"), {}));
   EXPECT_EQ(AttributesOf("locked"), FileAttribute::Hidden | FileAttribute::ReadOnly);
 }
 
@@ -110,7 +110,7 @@ TEST_F(PosixCopyTest, HolesStayHoles) {
     std::ofstream(Path("sparse"), std::ios::binary | std::ios::app) << "middle";
     std::filesystem::resize_file(Path("sparse"), kSize + text.size());
     if (BytesOnDisk(Path("sparse")) > kSize / 2) GTEST_SKIP() << "this file system has no holes";
-    ASSERT_TRUE(files.Copy(Path("sparse"), Path("copy"), {}));
+    ASSERT_TRUE(entries.Copy(Path("sparse"), Path("copy"), {}));
     EXPECT_LT(BytesOnDisk(Path("copy")), kSize / 2);
     EXPECT_TRUE(folder.Read("copy") == folder.Read("sparse"));
   }
@@ -120,8 +120,8 @@ TEST_F(PosixCopyTest, TheExactSpellingIsTheTarget) {
   folder.Write("source", "new");
   folder.Write("a.txt", "old");
   folder.Write("A.TXT", "other");
-  EXPECT_FALSE(files.FileExists(Path("missing")));
-  EXPECT_TRUE(files.Copy(Path("source"), Path("a.txt"), {}));
+  EXPECT_FALSE(entries.FileExists(Path("missing")));
+  EXPECT_TRUE(entries.Copy(Path("source"), Path("a.txt"), {}));
   EXPECT_EQ(folder.Read("a.txt") + folder.Read("A.TXT"), "newother");
 }
 
@@ -132,12 +132,12 @@ TEST_F(PosixCopyTest, ALinkThatLeadsNowhereIsFilled) {
   MakeLink("place/new", Path("way"));
   MakeLink("circle", Path("circle"));
   MakeLink("nowhere/x", Path("broken"));
-  EXPECT_EQ(files.Copy(Path("link"), Path("new"), {}).code, Win32Error::FileNotFound);
-  EXPECT_EQ(files.Copy(Path("source"), Path("link"), {.failIfExists = true}).code, Win32Error::FileExists);
-  EXPECT_TRUE(files.Copy(Path("source"), Path("link"), {}));
+  EXPECT_EQ(entries.Copy(Path("link"), Path("new"), {}).code, Win32Error::FileNotFound);
+  EXPECT_EQ(entries.Copy(Path("source"), Path("link"), {.failIfExists = true}).code, Win32Error::FileExists);
+  EXPECT_TRUE(entries.Copy(Path("source"), Path("link"), {}));
   EXPECT_EQ(folder.Read("place/new"), "text");
-  EXPECT_EQ(files.Copy(Path("source"), Path("circle"), {}).code, Win32Error::CantResolveFilename);
-  EXPECT_EQ(files.Copy(Path("source"), Path("broken"), {}).code, Win32Error::PathNotFound);
+  EXPECT_EQ(entries.Copy(Path("source"), Path("circle"), {}).code, Win32Error::CantResolveFilename);
+  EXPECT_EQ(entries.Copy(Path("source"), Path("broken"), {}).code, Win32Error::PathNotFound);
 }
 
 TEST_F(PosixCopyTest, WhatASearchSawOfATargetDoesNotOutliveTheCopy) {
@@ -147,8 +147,8 @@ TEST_F(PosixCopyTest, WhatASearchSawOfATargetDoesNotOutliveTheCopy) {
   SysResult result;
   FoundEntry entry;
   ASSERT_TRUE(finder.Open(Path("t*"), 0, result)->Next(entry));
-  EXPECT_TRUE(files.Copy(Path("z-source"), Path("target"), {}));
-  EXPECT_EQ(files.Delete(Path("target")).code, Win32Error::AccessDenied);
+  EXPECT_TRUE(entries.Copy(Path("z-source"), Path("target"), {}));
+  EXPECT_EQ(entries.Delete(Path("target")).code, Win32Error::AccessDenied);
 }
 
 }  // namespace

@@ -45,8 +45,8 @@ TEST_F(PosixFinderTest, NamesThatAreNotUtf8PassThrough) {
   const std::string name = "bad\xFF\xC3name.tmp";
   folder.Write(name, "x");
   ASSERT_EQ(Find(Path("BAD*.TMP")), Names{name});
-  EXPECT_TRUE(files.Delete(Path(name)));
-  EXPECT_FALSE(files.EntryExists(Path(name)));
+  EXPECT_TRUE(entries.Delete(Path(name)));
+  EXPECT_FALSE(entries.EntryExists(Path(name)));
 }
 
 TEST_F(PosixFinderTest, LeavesOutNamesThatAPathWouldTakeForAnother) {

@@ -14,7 +14,7 @@ class PosixIniFilesTest : public PlatformTest {
     return value.value_or("<none>");
   }
 
-  IniFiles& ini = owner->Get().iniFiles;
+  IniFiles& ini = *owner->Get().iniFiles;
 };
 
 TEST_F(PosixIniFilesTest, BytesThatAreNoTextComeThrough) {

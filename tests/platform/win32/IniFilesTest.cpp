@@ -22,7 +22,7 @@ class Win32IniFilesTest : public PlatformTest {
     return lines;
   }
 
-  IniFiles& ini = owner->Get().iniFiles;
+  IniFiles& ini = *owner->Get().iniFiles;
 };
 
 // The layout is not compared: Wine writes the whole file anew. Windows changes the one line, as we do.

@@ -3,10 +3,12 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "platform/Contents.h"
 #include "platform/CreatePlatform.h"
+#include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Files.h"
 #include "platform/Finder.h"
+#include "platform/Folders.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Text.h"
 #include "support/TempFolder.h"
@@ -20,7 +22,7 @@ struct Win32Names : testing::Test {
   StringList Found(const std::string& spec) {
     SysResult result;
     StringList names;
-    const auto search = platform.finder.Open(spec, FileAttribute::ReadOnly, result);
+    const auto search = platform.finder->Open(spec, FileAttribute::ReadOnly, result);
     for (FoundEntry entry; search->Next(entry);) names.push_back(entry.name);
     return names;
   }
@@ -75,41 +77,43 @@ TEST_F(Win32Names, BytesThatAreNoTextAreNoOtherFile) {
   folder.Write("\xEF\xBF\xBD.txt", "kept");  // U+FFFD, what a lossy conversion makes of them
   const std::string path = folder.Path("\xFF.txt");
   std::string contents;
-  EXPECT_EQ(platform.files.ReadWhole(path, contents).code, Win32Error::InvalidName);
-  EXPECT_EQ(platform.files.Delete(path).code, Win32Error::InvalidName);
-  EXPECT_EQ(platform.files.Delete(folder.Path(std::string("\xEF\xBF\xBD.txt\0x", 9))).code,
+  EXPECT_EQ(platform.contents->ReadWhole(path, contents).code, Win32Error::InvalidName);
+  EXPECT_EQ(platform.entries->Delete(path).code, Win32Error::InvalidName);
+  EXPECT_EQ(platform.entries->Delete(folder.Path(std::string("\xEF\xBF\xBD.txt\0x", 9))).code,
             Win32Error::InvalidName);
-  EXPECT_FALSE(platform.files.EntryExists(path));
+  EXPECT_FALSE(platform.entries->EntryExists(path));
   EXPECT_THAT(folder.Names(), ElementsAre("\xEF\xBF\xBD.txt"));
 }
 
 TEST_F(Win32Names, HalfAPairIsAName) {
   if (WineLimits::NoHalfPairsInNames()) GTEST_SKIP() << "Wine keeps no such names";
   const std::string name = "half\xED\xA0\xBD.txt";
-  ASSERT_TRUE(platform.files.Replace(folder.Path(name), "x"));
+  ASSERT_TRUE(platform.contents->Replace(folder.Path(name), "x"));
   EXPECT_THAT(Found(folder.Path("*.txt")), ElementsAre(name));
-  EXPECT_TRUE(platform.files.Delete(folder.Path(name)));
+  EXPECT_TRUE(platform.entries->Delete(folder.Path(name)));
   EXPECT_THAT(Found(folder.Path("*.txt")), ElementsAre());
 }
 
 TEST_F(Win32Names, EveryOperationTakesLongPaths) {
   std::string deep = folder.Path();
   for (int i = 0; i < 4; ++i) deep += "\\" + std::string(100, static_cast<char>('a' + i));
-  Files& files = platform.files;
+  Entries& entries = *platform.entries;
+  Folders& folders = *platform.folders;
+  Contents& data = *platform.contents;
   const std::string file = deep + "\\file.txt";
   uint32_t attributes = 0;
   std::string contents;
-  ASSERT_TRUE(files.CreateFolders(deep));
-  EXPECT_TRUE(files.Replace(file, "one") && files.Replace(file, "two"));
-  EXPECT_TRUE(files.ReadWhole(file, contents));
+  ASSERT_TRUE(folders.CreateWithParents(deep));
+  EXPECT_TRUE(data.Replace(file, "one") && data.Replace(file, "two"));
+  EXPECT_TRUE(data.ReadWhole(file, contents));
   EXPECT_EQ(contents, "two");
-  EXPECT_TRUE(files.GetAttributes(file, attributes) && files.SetAttributes(file, FileAttribute::Normal));
-  EXPECT_TRUE(files.FileExists(file) && files.FolderExists(deep) && files.EntryExists(file));
+  EXPECT_TRUE(entries.GetAttributes(file, attributes) && entries.SetAttributes(file, FileAttribute::Normal));
+  EXPECT_TRUE(entries.FileExists(file) && folders.Exists(deep) && entries.EntryExists(file));
   EXPECT_THAT(Found(deep + "\\*"), ElementsAre("file.txt"));
   EXPECT_THAT(Found(deep + "\\FILE.TXT"), ElementsAre("file.txt"));
-  EXPECT_TRUE(files.Delete(file));
+  EXPECT_TRUE(entries.Delete(file));
   while (deep != folder.Path()) {
-    ASSERT_TRUE(files.RemoveFolder(deep)) << deep.size();
+    ASSERT_TRUE(folders.Remove(deep)) << deep.size();
     deep.resize(deep.rfind('\\'));
   }
 }
@@ -118,7 +122,7 @@ TEST_F(Win32Names, SignsThatTheFileSystemMatchesByAreNoNames) {
   folder.Write("a.txt");
   for (const char* spec : {"<.txt", "a\".txt", ">.txt", "*.<", "?>txt"}) {
     EXPECT_THAT(Found(folder.Path(spec)), ElementsAre()) << spec;
-    EXPECT_FALSE(platform.files.EntryExists(folder.Path(spec))) << spec;
+    EXPECT_FALSE(platform.entries->EntryExists(folder.Path(spec))) << spec;
   }
 }
 

@@ -4,6 +4,8 @@
 
 #include "platform/FileAttributes.h"
 #include "platform/posix/files/DosAttributes.h"
+#include "platform/posix/paths/PosixPaths.h"
+#include "platform/posix/system/PosixErrors.h"
 
 bool ReadStatus(int folder, const char* name, EntryStatus& entry) {
   if (fstatat(folder, name, &entry.status, AT_SYMLINK_NOFOLLOW) != 0) return false;
@@ -11,6 +13,10 @@ bool ReadStatus(int folder, const char* name, EntryStatus& entry) {
   struct stat target = {};
   if (entry.isLink && fstatat(folder, name, &target, 0) == 0) entry.status = target;
   return true;
+}
+
+SysResult StatusAt(const Place& place, EntryStatus& entry) {
+  return ReadStatus(place.Fd(), place.Name(), entry) ? SysResult() : LastFailure();
 }
 
 uint32_t AttributesOf(int folder, const char* name, const EntryStatus& entry) {

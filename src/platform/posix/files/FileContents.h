@@ -6,6 +6,6 @@
 #include "base/Win32Error.h"
 #include "platform/posix/paths/PosixPaths.h"
 
-/// What Files::ReadWhole and Files::Replace do.
+/// What Contents::ReadWhole and Contents::Replace do.
 SysResult ReadContents(const Place& place, std::string& contents);
 SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_view contents);

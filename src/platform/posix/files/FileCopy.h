@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "platform/posix/paths/PosixPaths.h"
 
 /// A regular file that is open for being copied.
@@ -16,6 +16,6 @@ struct CopySource {
 /// is no regular file is refused without being opened.
 SysResult OpenCopySource(PosixPaths& paths, const Place& place, CopySource& source);
 
-/// What Files::Copy does.
+/// What Entries::Copy does.
 SysResult CopyFile(PosixPaths& paths, std::string_view source, std::string_view target,
                    const CopyOptions& options);

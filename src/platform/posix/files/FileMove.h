@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "platform/posix/paths/PosixPaths.h"
 
-/// What Files::Move does.
+/// What Entries::Move does.
 SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view target, uint32_t flags,
                     const CopyProgress& progress);

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 
 /// For less, the kernel's own way gains nothing over reading and writing, and the copy is quickly done.
 inline constexpr off_t kLargeFile = off_t{1} << 20;

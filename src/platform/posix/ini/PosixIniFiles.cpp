@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/posix/files/FileContents.h"
+#include "platform/posix/system/LocalTime.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -19,17 +20,13 @@ constexpr size_t kMostKnown = 8;
 // Longer than the steps in which file systems count time.
 constexpr double kTimeStep = 0.02;
 
-double Seconds(const timespec& time) {
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
 /// False for a file that could still change without its status telling: one written a moment ago, and what
 /// is no file at all.
 bool TellsOfChanges(const struct stat& status) {
   timespec now = {};
   clock_gettime(CLOCK_REALTIME, &now);
-  const double last = std::max(Seconds(status.st_mtim), Seconds(status.st_ctim));
-  return S_ISREG(status.st_mode) && Seconds(now) - last > kTimeStep;
+  const double last = std::max(ToSeconds(status.st_mtim), ToSeconds(status.st_ctim));
+  return S_ISREG(status.st_mode) && ToSeconds(now) - last > kTimeStep;
 }
 
 bool IsMissing(const SysResult& result) {

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "platform/FileNames.h"
-#include "platform/win32/files/Win32Files.h"
+#include "platform/win32/files/Win32Entries.h"
 #include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -62,9 +62,9 @@ constexpr DWORD kMustAgree = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 }  // namespace
 
-SysResult Win32Files::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
+SysResult Win32Entries::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
   std::wstring from, to;
-  if (const SysResult result = CheckFileNames(*this, source, target); !result) return result;
+  if (const SysResult result = CheckFileNames(folders_, source, target); !result) return result;
   if (const SysResult result = NativePath(source, from); !result) return result;
   if (const SysResult result = NativePath(target, to); !result) return result;
   WIN32_FILE_ATTRIBUTE_DATA found = {};

@@ -1,7 +1,7 @@
 #include <string>
 
 #include "platform/FileNames.h"
-#include "platform/win32/files/Win32Files.h"
+#include "platform/win32/files/Win32Entries.h"
 #include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -30,10 +30,10 @@ bool IsHeld(const std::wstring& native, DWORD attributes) {
 
 }  // namespace
 
-SysResult Win32Files::Move(std::string_view source, std::string_view target, uint32_t flags,
-                           const CopyProgress& progress) {
+SysResult Win32Entries::Move(std::string_view source, std::string_view target, uint32_t flags,
+                             const CopyProgress& progress) {
   std::wstring from, to;
-  if (const SysResult result = CheckMoveNames(*this, source, target); !result) return result;
+  if (const SysResult result = CheckMoveNames(folders_, source, target); !result) return result;
   if (const SysResult result = FolderOrFilePath(source, from); !result) return result;
   if (const SysResult result = FolderOrFilePath(target, to); !result) return result;
   const DWORD old = GetFileAttributesW(to.c_str());

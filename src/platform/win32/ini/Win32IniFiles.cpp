@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Files.h"
+#include "platform/Contents.h"
 #include "platform/IniText.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -168,7 +168,7 @@ SysResult Win32IniFiles::DeleteSection(std::string_view path, std::string_view s
 /// A missing file is an empty text.
 SysResult Win32IniFiles::Load(std::string_view path, IniText& text) {
   std::string contents;
-  const SysResult read = files_.ReadWhole(path, contents);
+  const SysResult read = contents_.ReadWhole(path, contents);
   if (!read && !IsMissing(read.code)) return read;
   if (read) text = IniText(std::move(contents));
   return {};
@@ -181,7 +181,7 @@ SysResult Win32IniFiles::Change(std::string_view path, const std::function<bool(
   IniText text;
   if (const SysResult loaded = Load(path, text); !loaded) return loaded;
   if (!edit(text)) return {};
-  const SysResult replaced = files_.Replace(path, text.Contents());
+  const SysResult replaced = contents_.Replace(path, text.Contents());
   // Whatever the system keeps of the old file.
   std::wstring native;
   if (NativePath(path, native)) WritePrivateProfileStringW(nullptr, nullptr, nullptr, native.c_str());

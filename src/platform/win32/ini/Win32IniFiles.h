@@ -5,7 +5,7 @@
 
 #include "platform/IniFiles.h"
 
-class Files;
+class Contents;
 class IniText;
 
 /// Reads through the system's private-profile functions. They rewrite a file in place, so that a failure in
@@ -15,7 +15,7 @@ class IniText;
 /// program's manifest.
 class Win32IniFiles final : public IniFiles {
  public:
-  explicit Win32IniFiles(Files& files) : files_(files) {}
+  explicit Win32IniFiles(Contents& contents) : contents_(contents) {}
 
   SysResult Read(std::string_view path, std::string_view section, std::string_view key,
                  std::optional<std::string>& value) override;
@@ -31,6 +31,6 @@ class Win32IniFiles final : public IniFiles {
   SysResult Load(std::string_view path, IniText& text);
   SysResult Change(std::string_view path, const std::function<bool(IniText&)>& edit);
 
-  Files& files_;
+  Contents& contents_;
   std::mutex mutex_;
 };

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 
-class Win32Files final : public Files {
+class Folders;
+
+class Win32Entries final : public Entries {
  public:
+  explicit Win32Entries(Folders& folders) : folders_(folders) {}
+
   bool FileExists(std::string_view path) override;
-  bool FolderExists(std::string_view path) override;
   bool EntryExists(std::string_view path) override;
   std::optional<EntryIdentity> Identity(std::string_view path) override;
   SysResult GetSize(std::string_view path, uint64_t& size) override;
@@ -15,9 +18,7 @@ class Win32Files final : public Files {
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override;
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                  const CopyProgress& progress) override;
-  SysResult CreateFolder(std::string_view path) override;
-  SysResult CreateFolders(std::string_view path) override;
-  SysResult RemoveFolder(std::string_view path) override;
-  SysResult ReadWhole(std::string_view path, std::string& contents) override;
-  SysResult Replace(std::string_view path, std::string_view contents) override;
+
+ private:
+  Folders& folders_;
 };

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "platform/Files.h"
+#include "platform/Entries.h"
 #include "platform/posix/paths/PosixPaths.h"
 
-class PosixFiles final : public Files {
+class Folders;
+
+class PosixEntries final : public Entries {
  public:
-  explicit PosixFiles(PosixPaths& paths) : paths_(paths) {}
+  PosixEntries(PosixPaths& paths, Folders& folders) : paths_(paths), folders_(folders) {}
 
   bool FileExists(std::string_view path) override;
-  bool FolderExists(std::string_view path) override;
   bool EntryExists(std::string_view path) override;
   std::optional<EntryIdentity> Identity(std::string_view path) override;
   SysResult GetSize(std::string_view path, uint64_t& size) override;
@@ -18,15 +19,10 @@ class PosixFiles final : public Files {
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override;
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                  const CopyProgress& progress) override;
-  SysResult CreateFolder(std::string_view path) override;
-  SysResult CreateFolders(std::string_view path) override;
-  SysResult RemoveFolder(std::string_view path) override;
-  SysResult ReadWhole(std::string_view path, std::string& contents) override;
-  SysResult Replace(std::string_view path, std::string_view contents) override;
 
  private:
   SysResult DeleteAt(const Place& place);
-  SysResult RemoveFolderAt(const Place& place);
 
   PosixPaths& paths_;
+  Folders& folders_;
 };

@@ -5,13 +5,9 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "base/Win32Error.h"
-
-/// How other opens of the same file are treated while one is held.
-enum class ShareMode { None, Read, ReadWrite };
 
 /// Told how far a copy or a move is, in bytes.
 using CopyProgress = std::function<void(uint64_t transferred, uint64_t total)>;
@@ -36,16 +32,15 @@ struct EntryIdentity {
   auto operator<=>(const EntryIdentity&) const = default;
 };
 
-/// Files by path. Paths are Windows paths (see base/WindowsPath.h); names are matched exactly first, then
-/// without regard to case. A path that ends in a delimiter never names a file: as the source of a copy or a
-/// move such a file is PathNotFound, as the target AccessDenied where a folder stands, else PathNotFound.
-/// Every operation answers with the system's error code.
-class Files {
+/// What stands on the disk, by path. Paths are Windows paths (see base/WindowsPath.h); names are matched
+/// exactly first, then without regard to case. A path that ends in a delimiter never names a file: as the
+/// source of a copy or a move such a file is PathNotFound, as the target AccessDenied where a folder stands,
+/// else PathNotFound. Operations answer with the system's error code.
+class Entries {
  public:
-  virtual ~Files() = default;
+  virtual ~Entries() = default;
 
   virtual bool FileExists(std::string_view path) = 0;
-  virtual bool FolderExists(std::string_view path) = 0;
 
   /// Whether an entry stands on the disk in exactly this spelling; a link counts as the link itself.
   virtual bool EntryExists(std::string_view path) = 0;
@@ -81,21 +76,4 @@ class Files {
   /// NotSameDevice without CopyAllowed, and never for a folder (AccessDenied).
   virtual SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                          const CopyProgress& progress = {}) = 0;
-
-  /// Creates one folder; its parent must exist (PathNotFound) and the name be free (AlreadyExists).
-  virtual SysResult CreateFolder(std::string_view path) = 0;
-
-  /// Creates the folder and its missing parents; a folder that exists is success.
-  virtual SysResult CreateFolders(std::string_view path) = 0;
-
-  /// Removes an empty folder. A read-only one is refused with AccessDenied.
-  virtual SysResult RemoveFolder(std::string_view path) = 0;
-
-  /// Reads the whole file, byte for byte; refused with SharingViolation while another holds it exclusively.
-  virtual SysResult ReadWhole(std::string_view path, std::string& contents) = 0;
-
-  /// Gives the file new contents in one step: whoever looks sees the old file or the whole new one, and a
-  /// failure leaves the old one. An existing file keeps its mode and attributes; a read-only one is refused
-  /// with AccessDenied. A link is followed.
-  virtual SysResult Replace(std::string_view path, std::string_view contents) = 0;
 };

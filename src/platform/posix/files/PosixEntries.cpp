@@ -1,4 +1,4 @@
-#include "platform/posix/files/PosixFiles.h"
+#include "platform/posix/files/PosixEntries.h"
 
 #include <fcntl.h>
 
@@ -7,16 +7,11 @@
 #include "platform/FileNames.h"
 #include "platform/posix/files/DosAttributes.h"
 #include "platform/posix/files/EntryStatus.h"
-#include "platform/posix/files/FileContents.h"
 #include "platform/posix/files/FileCopy.h"
 #include "platform/posix/files/FileMove.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
-
-SysResult StatusAt(const Place& place, EntryStatus& entry) {
-  return ReadStatus(place.Fd(), place.Name(), entry) ? SysResult() : LastFailure();
-}
 
 /// Read-only is the lack of every write bit; giving it up gives the owner one.
 mode_t WithReadOnly(mode_t mode, bool readOnly) {
@@ -65,26 +60,20 @@ SysResult WriteAttributes(const Place& place, const SeenEntry& present, uint32_t
 
 }  // namespace
 
-bool PosixFiles::FileExists(std::string_view path) {
+bool PosixEntries::FileExists(std::string_view path) {
   EntryStatus entry = {};
   return !EndsInPathDelimiter(path) &&
          paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
          !entry.IsFolder();
 }
 
-bool PosixFiles::FolderExists(std::string_view path) {
-  EntryStatus entry = {};
-  return paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
-         entry.IsFolder();
-}
-
-bool PosixFiles::EntryExists(std::string_view path) {
+bool PosixEntries::EntryExists(std::string_view path) {
   const Place place = paths_.Locate(path);
   struct stat status = {};
   return place.folder && fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-std::optional<EntryIdentity> PosixFiles::Identity(std::string_view path) {
+std::optional<EntryIdentity> PosixEntries::Identity(std::string_view path) {
   struct stat status = {};
   const auto look = [&](const Place& place) {
     return fstatat(place.Fd(), place.Name(), &status, 0) == 0 ? SysResult() : LastFailure();
@@ -93,7 +82,7 @@ std::optional<EntryIdentity> PosixFiles::Identity(std::string_view path) {
   return EntryIdentity{status.st_dev, status.st_ino};
 }
 
-SysResult PosixFiles::GetSize(std::string_view path, uint64_t& size) {
+SysResult PosixEntries::GetSize(std::string_view path, uint64_t& size) {
   return paths_.OnEntry(path, [&](const Place& place) {
     EntryStatus entry = {};
     const SysResult found = StatusAt(place, entry);
@@ -102,7 +91,7 @@ SysResult PosixFiles::GetSize(std::string_view path, uint64_t& size) {
   });
 }
 
-SysResult PosixFiles::GetAttributes(std::string_view path, uint32_t& attributes) {
+SysResult PosixEntries::GetAttributes(std::string_view path, uint32_t& attributes) {
   return paths_.OnEntry(path, [&](const Place& place) {
     EntryStatus entry = {};
     if (const SysResult found = StatusAt(place, entry); !found) return found;
@@ -112,7 +101,7 @@ SysResult PosixFiles::GetAttributes(std::string_view path, uint32_t& attributes)
   });
 }
 
-SysResult PosixFiles::SetAttributes(std::string_view path, uint32_t attributes) {
+SysResult PosixEntries::SetAttributes(std::string_view path, uint32_t attributes) {
   return paths_.OnEntry(path, [&](const Place& place) {
     auto present = paths_.Recent().Find(*place.folder, place.name);
     if (!present) {
@@ -126,11 +115,11 @@ SysResult PosixFiles::SetAttributes(std::string_view path, uint32_t attributes) 
   });
 }
 
-SysResult PosixFiles::Delete(std::string_view path) {
+SysResult PosixEntries::Delete(std::string_view path) {
   return paths_.OnEntry(path, [this](const Place& place) { return DeleteAt(place); });
 }
 
-SysResult PosixFiles::DeleteAt(const Place& place) {
+SysResult PosixEntries::DeleteAt(const Place& place) {
   EntryStatus entry = {};
   if (const auto seen = paths_.Recent().Find(*place.folder, place.name)) {
     entry = seen->entry;
@@ -146,60 +135,13 @@ SysResult PosixFiles::DeleteAt(const Place& place) {
   return {};
 }
 
-SysResult PosixFiles::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
-  const SysResult named = CheckFileNames(*this, source, target);
+SysResult PosixEntries::Copy(std::string_view source, std::string_view target, const CopyOptions& options) {
+  const SysResult named = CheckFileNames(folders_, source, target);
   return named ? CopyFile(paths_, source, target, options) : named;
 }
 
-SysResult PosixFiles::Move(std::string_view source, std::string_view target, uint32_t flags,
-                           const CopyProgress& progress) {
-  const SysResult named = CheckMoveNames(*this, source, target);
+SysResult PosixEntries::Move(std::string_view source, std::string_view target, uint32_t flags,
+                             const CopyProgress& progress) {
+  const SysResult named = CheckMoveNames(folders_, source, target);
   return named ? MoveEntry(paths_, source, target, flags, progress) : named;
-}
-
-SysResult PosixFiles::CreateFolder(std::string_view path) {
-  Place place = paths_.Locate(path);
-  if (!place.folder) return SysResult::Failure(place.error);
-  if (paths_.OtherCase(place)) return SysResult::Failure(Win32Error::AlreadyExists);
-  NameIndex::Change change(paths_.Names(), place.Fd());
-  paths_.Leaf().Forget();
-  if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
-  change.Added(place.name);
-  return {};
-}
-
-SysResult PosixFiles::CreateFolders(std::string_view path) {
-  SysResult created = CreateFolder(path);
-  const std::string_view parent = ParentFolder(path);
-  if (created.code == Win32Error::PathNotFound && !parent.empty() && parent.size() < path.size()) {
-    if (const SysResult above = CreateFolders(parent); !above) return above;
-    created = CreateFolder(path);
-  }
-  return created.code == Win32Error::AlreadyExists && FolderExists(path) ? SysResult() : created;
-}
-
-SysResult PosixFiles::RemoveFolder(std::string_view path) {
-  const SysResult removed =
-      paths_.OnEntry(path, [this](const Place& place) { return RemoveFolderAt(place); });
-  paths_.ForgetFolders();
-  return removed;
-}
-
-SysResult PosixFiles::RemoveFolderAt(const Place& place) {
-  EntryStatus entry = {};
-  if (const SysResult found = StatusAt(place, entry); !found) return found;
-  if (!entry.IsFolder()) return SysResult::Failure(Win32Error::Directory);
-  if (!entry.isLink && IsReadOnly(entry.status)) return SysResult::Failure(Win32Error::AccessDenied);
-  NameIndex::Change change(paths_.Names(), place.Fd());
-  if (unlinkat(place.Fd(), place.Name(), entry.isLink ? 0 : AT_REMOVEDIR) != 0) return LastFailure();
-  change.Removed(place.name);
-  return {};
-}
-
-SysResult PosixFiles::ReadWhole(std::string_view path, std::string& contents) {
-  return paths_.OnEntry(path, [&](const Place& place) { return ReadContents(place, contents); });
-}
-
-SysResult PosixFiles::Replace(std::string_view path, std::string_view contents) {
-  return ReplaceContents(paths_, path, contents);
 }

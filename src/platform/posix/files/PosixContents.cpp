@@ -1,0 +1,29 @@
+#include "platform/posix/files/PosixContents.h"
+
+#include "base/WindowsPath.h"
+#include "platform/posix/files/FileContents.h"
+#include "platform/posix/files/PosixOpenFile.h"
+
+SysResult PosixContents::ReadWhole(std::string_view path, std::string& contents) {
+  return paths_.OnEntry(path, [&](const Place& place) { return ReadContents(place, contents); });
+}
+
+SysResult PosixContents::Replace(std::string_view path, std::string_view contents) {
+  return ReplaceContents(paths_, path, contents);
+}
+
+SysResult PosixContents::Open(std::string_view path, OpenMode mode, ShareMode share,
+                              std::unique_ptr<OpenFile>& file) {
+  const bool namesFolder = EndsInPathDelimiter(path);
+  const SysResult opened =
+      paths_.OnEntry(path, [&](const Place& place) { return OpenExisting(place, mode, share, file); });
+  if (namesFolder && opened.code == Win32Error::FileNotFound)
+    return SysResult::Failure(Win32Error::PathNotFound);
+  if (mode != OpenMode::Create || opened.code != Win32Error::FileNotFound) return opened;
+  const Place place = paths_.Locate(path);
+  if (!place.folder) return SysResult::Failure(place.error);
+  NameIndex::Change change(paths_.Names(), place.Fd());
+  const SysResult created = CreateAndOpen(place, share, file);
+  if (created) change.Added(place.name);
+  return created;
+}

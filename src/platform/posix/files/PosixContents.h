@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Contents.h"
+#include "platform/posix/paths/PosixPaths.h"
+
+class PosixContents final : public Contents {
+ public:
+  explicit PosixContents(PosixPaths& paths) : paths_(paths) {}
+
+  SysResult ReadWhole(std::string_view path, std::string& contents) override;
+  SysResult Replace(std::string_view path, std::string_view contents) override;
+  SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
+                 std::unique_ptr<OpenFile>& file) override;
+
+ private:
+  PosixPaths& paths_;
+};

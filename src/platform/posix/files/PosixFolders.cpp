@@ -1,0 +1,51 @@
+#include "platform/posix/files/PosixFolders.h"
+
+#include <fcntl.h>
+
+#include "base/WindowsPath.h"
+#include "platform/posix/files/EntryStatus.h"
+#include "platform/posix/system/PosixErrors.h"
+
+bool PosixFolders::Exists(std::string_view path) {
+  EntryStatus entry = {};
+  return paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
+         entry.IsFolder();
+}
+
+SysResult PosixFolders::Create(std::string_view path) {
+  Place place = paths_.Locate(path);
+  if (!place.folder) return SysResult::Failure(place.error);
+  if (paths_.OtherCase(place)) return SysResult::Failure(Win32Error::AlreadyExists);
+  NameIndex::Change change(paths_.Names(), place.Fd());
+  paths_.Leaf().Forget();
+  if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
+  change.Added(place.name);
+  return {};
+}
+
+SysResult PosixFolders::CreateWithParents(std::string_view path) {
+  SysResult created = Create(path);
+  const std::string_view parent = ParentFolder(path);
+  if (created.code == Win32Error::PathNotFound && !parent.empty() && parent.size() < path.size()) {
+    if (const SysResult above = CreateWithParents(parent); !above) return above;
+    created = Create(path);
+  }
+  return created.code == Win32Error::AlreadyExists && Exists(path) ? SysResult() : created;
+}
+
+SysResult PosixFolders::Remove(std::string_view path) {
+  const SysResult removed = paths_.OnEntry(path, [this](const Place& place) { return RemoveAt(place); });
+  paths_.ForgetFolders();
+  return removed;
+}
+
+SysResult PosixFolders::RemoveAt(const Place& place) {
+  EntryStatus entry = {};
+  if (const SysResult found = StatusAt(place, entry); !found) return found;
+  if (!entry.IsFolder()) return SysResult::Failure(Win32Error::Directory);
+  if (!entry.isLink && IsReadOnly(entry.status)) return SysResult::Failure(Win32Error::AccessDenied);
+  NameIndex::Change change(paths_.Names(), place.Fd());
+  if (unlinkat(place.Fd(), place.Name(), entry.isLink ? 0 : AT_REMOVEDIR) != 0) return LastFailure();
+  change.Removed(place.name);
+  return {};
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Folders.h"
+#include "platform/posix/paths/PosixPaths.h"
+
+class PosixFolders final : public Folders {
+ public:
+  explicit PosixFolders(PosixPaths& paths) : paths_(paths) {}
+
+  bool Exists(std::string_view path) override;
+  SysResult Create(std::string_view path) override;
+  SysResult CreateWithParents(std::string_view path) override;
+  SysResult Remove(std::string_view path) override;
+
+ private:
+  SysResult RemoveAt(const Place& place);
+
+  PosixPaths& paths_;
+};

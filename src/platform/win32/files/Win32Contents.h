@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Contents.h"
+
+class Win32Contents final : public Contents {
+ public:
+  SysResult ReadWhole(std::string_view path, std::string& contents) override;
+  SysResult Replace(std::string_view path, std::string_view contents) override;
+  SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
+                 std::unique_ptr<OpenFile>& file) override;
+};

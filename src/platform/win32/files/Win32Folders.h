@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Folders.h"
+
+class Win32Folders final : public Folders {
+ public:
+  bool Exists(std::string_view path) override;
+  SysResult Create(std::string_view path) override;
+  SysResult CreateWithParents(std::string_view path) override;
+  SysResult Remove(std::string_view path) override;
+};
