@@ -205,7 +205,7 @@ inline constexpr PropertyRow kVekActionProperties[] = {
     Published<&TCustomVekAction::Enabled>("Enabled"),
     Published<&TCustomVekAction::Description>("Description"),
     Published<&TCustomVekAction::IgnoreFailure>("IgnoreFailure"),
-    Published<&TCustomVekAction::Condition>("Condition"),
+    Published<&TCustomVekAction::Condition>("Condition", TextRole::Script),
     Published<&TCustomVekAction::RetryCount>("RetryCount"),
     Published<&TCustomVekAction::RetryDelaySeconds>("RetryDelaySeconds"),
     Published<&TCustomVekAction::TimeoutSeconds>("TimeoutSeconds"),

@@ -6,7 +6,8 @@ constexpr std::string_view kAliases[] = {"[Iterator]", "LoopVariable=Loop Variab
 constexpr std::string_view kHelp[] = {"LoopVariable=Variable that receives the value of each pass"};
 
 constexpr PropertyRow kProperties[] = {
-    Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("LoopVariable"),
+    Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("LoopVariable",
+                                                                                   TextRole::Variable),
 };
 
 }  // namespace

@@ -10,7 +10,8 @@ constexpr std::string_view kAliases[] = {"[File Set]", "FileSetName=FileSet"};
 constexpr std::string_view kHelp[] = {"FileSetName=The name of the project's file set"};
 
 constexpr PropertyRow kProperties[] = {
-    Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName"),
+    Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName",
+                                                                                     TextRole::FileSet),
 };
 
 }  // namespace

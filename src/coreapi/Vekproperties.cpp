@@ -8,6 +8,9 @@ namespace {
 constexpr std::string_view kTypeNames[] = {"ByteString", "WideString",  "WordBool", "Boolean",    "Integer",
                                            "Cardinal",   "Enumeration", "Set",      "StringList", "DateTime"};
 
+constexpr std::string_view kRoleNames[] = {"plain",    "file",    "folder", "wildcard",
+                                           "variable", "fileset", "script"};
+
 std::string Join(std::span<const std::string_view> parts, std::string_view separator) {
   std::string text;
   for (const std::string_view& part : parts) {
@@ -76,6 +79,8 @@ std::optional<PropertyValue> AsValue(const std::optional<T>& value) {
 }  // namespace
 
 std::string_view PropertyTypeName(PropertyType type) { return kTypeNames[static_cast<size_t>(type)]; }
+
+std::string_view TextRoleName(TextRole role) { return kRoleNames[static_cast<size_t>(role)]; }
 
 std::optional<bool> ParseBoolean(std::string_view text) {
   if (SameText(text, "True") || text == "-1" || text == "1") return true;

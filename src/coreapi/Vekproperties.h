@@ -19,9 +19,11 @@
 ///
 ///   static constexpr PropertyRow kPublished[] = {
 ///       Published<&TLogic::FileSpec, &TLogic::SetFileSpec>("FileSpec"),  // getter and setter
-///       Published<&TLogic::DeleteHidden>("DeleteHidden"),                // a plain field
+///       Published<&TLogic::FileName>("FileName", TextRole::File),        // a plain field that names a file
+///       PublishedTruth<&TLogic::FailIfNoFile>("FailIfNoFile"),           // stores changes of its truth only
 ///       Published<&TLogic::FileCount>("FileCount"),                      // a getter alone: read-only
 ///       Published<&TLogic::ReturnCode>("ReturnCode").NotStored(),        // never written to the project
+///       Published<&TLogic::Date>("Date").Varies(),                       // its default is not a fixed one
 ///   };
 ///
 /// The row feeds loading, saving, scripts, pages, `describe` and the generated reference.
@@ -42,6 +44,19 @@ enum class PropertyType {
 };
 
 VEK_API std::string_view PropertyTypeName(PropertyType type);
+
+/// What a text stands for; of a string list, what each of its lines does.
+enum class TextRole {
+  Plain,
+  File,
+  Folder,
+  Wildcard,  // the path of a file, which may hold wildcards
+  Variable,  // the name of one
+  FileSet,   // likewise
+  Script,
+};
+
+VEK_API std::string_view TextRoleName(TextRole role);
 
 /// A property's value in flight. An enumeration travels as its ordinal, a set as its bits.
 using PropertyValue = std::variant<std::string, bool, int64_t, TDateTime, StringList>;
@@ -100,11 +115,23 @@ struct PropertyRow {
   bool published = true;                                        // false: a run-time result, for scripts only
   bool stored = true;
   bool readOnly = true;  // as `set` says, for constant expressions
+  TextRole role = TextRole::Plain;
+  bool varies = false;  // the default is not the same every time
 
   consteval PropertyRow NotStored() const {
     PropertyRow row = *this;
     row.stored = false;
     return row;
+  }
+  consteval PropertyRow Varies() const {
+    PropertyRow row = *this;
+    row.varies = true;
+    return row;
+  }
+
+  constexpr bool IsText() const {
+    return type == PropertyType::ByteString || type == PropertyType::WideString ||
+           type == PropertyType::StringList;
   }
 
   /// The type as property editors name it: an enumeration or set goes by its own name.
@@ -224,18 +251,27 @@ void Set(TLumXMLObject& object, const PropertyValue& value) {
   }
 }
 
+/// Stores a value of another truth; one of the same truth keeps the bits that it came with.
+template <auto Field>
+void SetTruth(TLumXMLObject& object, const PropertyValue& value) {
+  if (std::get<bool>(Get<Field>(object)) != std::get<bool>(value)) Set<Field, Field>(object, value);
+}
+
 template <auto Getter>
-consteval PropertyRow ReadOnlyRow(std::string_view name) {
+consteval PropertyRow ReadOnlyRow(std::string_view name, TextRole role = TextRole::Plain) {
   using Value = Traits<typename MemberOf<decltype(Getter)>::Value>;
-  return {.name = name, .type = Value::kType, .get = &Get<Getter>, .enumType = Value::kEnum};
+  const PropertyRow row{
+      .name = name, .type = Value::kType, .get = &Get<Getter>, .enumType = Value::kEnum, .role = role};
+  if (role != TextRole::Plain && !row.IsText()) throw "only a text has a role";
+  return row;
 }
 
 }  // namespace property_detail
 
 /// A property read through a getter or field and written through a setter.
 template <auto Getter, auto Setter>
-consteval PropertyRow Published(std::string_view name) {
-  PropertyRow row = property_detail::ReadOnlyRow<Getter>(name);
+consteval PropertyRow Published(std::string_view name, TextRole role = TextRole::Plain) {
+  PropertyRow row = property_detail::ReadOnlyRow<Getter>(name, role);
   row.set = &property_detail::Set<Getter, Setter>;
   row.readOnly = false;
   return row;
@@ -243,12 +279,22 @@ consteval PropertyRow Published(std::string_view name) {
 
 /// A plain field, or a getter without a setter (a read-only property, which is not stored).
 template <auto Member>
-consteval PropertyRow Published(std::string_view name) {
+consteval PropertyRow Published(std::string_view name, TextRole role = TextRole::Plain) {
   if constexpr (std::is_member_object_pointer_v<decltype(Member)>) {
-    return Published<Member, Member>(name);
+    return Published<Member, Member>(name, role);
   } else {
-    return property_detail::ReadOnlyRow<Member>(name).NotStored();
+    return property_detail::ReadOnlyRow<Member>(name, role).NotStored();
   }
+}
+
+/// A field that stores only a change of its truth value: true keeps the bits that it came with.
+template <auto Field>
+consteval PropertyRow PublishedTruth(std::string_view name) {
+  PropertyRow row = Published<Field>(name);
+  if (row.type != PropertyType::WordBool && row.type != PropertyType::Boolean)
+    throw "only a boolean is a truth value";
+  row.set = &property_detail::SetTruth<Field>;
+  return row;
 }
 
 /// A result of the last run: scripts read it, the project never holds it.

@@ -108,6 +108,21 @@ TEST(Properties, ATrueWordBoolIsWrittenWithAllBitsSet) {
   EXPECT_EQ(action.Flag.Raw(), 0);
 }
 
+TEST(Properties, AStoredTruthKeepsItsBitsWhileItIsTrue) {
+  const struct {
+    int16_t before;
+    bool assigned;
+    int16_t after;
+  } cases[] = {{2, true, 2}, {2, false, 0}, {0, true, -1}, {0, false, 0}};
+  NullHost host;
+  TSampleAction action(host);
+  for (const auto& wanted : cases) {
+    action.Truth = WordBool::FromRaw(wanted.before);
+    Row("Truth").set(action, wanted.assigned);
+    EXPECT_EQ(action.Truth.Raw(), wanted.after) << wanted.before;
+  }
+}
+
 TEST(Properties, SayWhatTheyAreAndExpect) {
   const struct {
     const char* property;
@@ -144,8 +159,8 @@ TEST(Properties, InheritedOnesAreSavedFirstAndResultsNever) {
   action.WriteState(saved);
   EXPECT_THAT(saved.names,
               ElementsAre("Name", "Enabled", "Description", "IgnoreFailure", "Condition", "RetryCount",
-                          "RetryDelaySeconds", "TimeoutSeconds", "Text", "Wide", "Flag", "Switch", "Number",
-                          "Count", "Mode", "Modes", "Lines", "When"));
+                          "RetryDelaySeconds", "TimeoutSeconds", "Text", "Wide", "Flag", "Truth", "Switch",
+                          "Number", "Count", "Mode", "Modes", "Lines", "When"));
   EXPECT_NE(action.FindProperty("result"), nullptr);
   EXPECT_EQ(action.FindProperty("Results"), nullptr);
 }

@@ -94,6 +94,9 @@ TEST(CommandLine, DescribeAnswersWhatTheClassAnswers) {
             nlohmann::json::parse(R"({"name": "WriteToPosition", "type": "Enumeration", "default": "toEnd",
       "stored": true, "inherited": false, "values": ["toStart", "toEnd"]})"));
   EXPECT_EQ(answer.at("properties")[0].at("name"), "Name");
+  EXPECT_FALSE(last.contains("role"));
+  EXPECT_EQ(answer.at("properties")[8].at("role"), "file");
+  EXPECT_EQ(answer.at("properties")[9].at("role"), "plain");
   EXPECT_EQ(answer.at("aliases")[0], "[Action]");
 
   const auto deleteFiles = nlohmann::json::parse(RunVekrun({"describe", "HDELETE_FILE", "--json"}).out);

@@ -237,6 +237,7 @@ constexpr std::string_view kFullProject = R"(<?xml version="1.0" encoding="UTF-8
         <Text/>
         <Wide>Grüße 😀</Wide>
         <Flag>False</Flag>
+        <Truth>True</Truth>
         <Switch>True</Switch>
         <Number>-2147483648</Number>
         <Count>7</Count>
@@ -267,6 +268,7 @@ if (a < b && c) d("&amp;");
             <Text>default</Text>
             <Wide/>
             <Flag>True</Flag>
+            <Truth>True</Truth>
             <Switch>False</Switch>
             <Number>-1</Number>
             <Count>0</Count>
@@ -312,7 +314,7 @@ TEST_F(ProjectFileTest, ReadsEveryPart) {
   EXPECT_EQ(project.actions[0].action->GetScriptByName("OnSample")->Text(),
             "\nif (a < b && c) d(\"&amp;\");\n");
   ASSERT_EQ(project.actions[0].children.size(), 1u);
-  EXPECT_EQ(project.actions[0].children[0].line, 45);
+  EXPECT_EQ(project.actions[0].children[0].line, 46);
   EXPECT_EQ(Sample(project.actions[0].children[0]).Text, "default");
 }
 

@@ -40,8 +40,7 @@ TEST(DeleteFilesPage, WritesThroughTheSetters) {
   NullHost host;
   TDeleteFilesAction action(host);
   action.DeleteHidden = WordBool::FromRaw(2);
-  action.SetFailIfNoFile(false);
-  action.SetFailIfNoFile(WordBool::FromRaw(2));
+  action.FailIfNoFile = WordBool::FromRaw(2);
   TDeleteFilesFrame page;
   page.ReadActionData(action);
   Find<TButtonEdit>(page, "txtSource").Enter("*.bak");
@@ -50,7 +49,7 @@ TEST(DeleteFilesPage, WritesThroughTheSetters) {
   EXPECT_EQ(action.FileSpec(), "*.bak");
   EXPECT_EQ(action.DeleteReadOnly.Raw(), -1);
   EXPECT_EQ(action.DeleteHidden.Raw(), -1);
-  EXPECT_EQ(action.FailIfNoFile().Raw(), 2);  // its setter keeps a truth that did not change
+  EXPECT_EQ(action.FailIfNoFile.Raw(), 2);  // a truth that did not change is kept as it is
 }
 
 TEST(DeleteFilesEditor, AsksItsOwnQuestions) {

@@ -75,7 +75,7 @@ TEST_F(DeleteFiles, NeverMatchesSystemFilesAndFolders) {
 
 TEST_F(DeleteFiles, NoFileIsAFailureOnlyWhenAsked) {
   EXPECT_FALSE(Delete(folder.Path("*.tmp")));
-  action->SetFailIfNoFile(false);
+  action->FailIfNoFile = false;
   EXPECT_TRUE(Delete(folder.Path("*.tmp")));
   EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "0 Files Deleted."));
   EXPECT_TRUE(Delete(folder.Path("missing\\*.tmp")));
@@ -83,7 +83,7 @@ TEST_F(DeleteFiles, NoFileIsAFailureOnlyWhenAsked) {
 
 TEST_F(DeleteFiles, BlankSpecSaysNothing) {
   for (const bool failIfNoFile : {true, false}) {
-    action->SetFailIfNoFile(failIfNoFile);
+    action->FailIfNoFile = failIfNoFile;
     EXPECT_EQ(Delete(" \t"), !failIfNoFile);
     EXPECT_THAT(Events().events, IsEmpty());
   }
@@ -160,13 +160,5 @@ INSTANTIATE_TEST_SUITE_P(
                                 1},
                     FailureCase{"FileSurvives", {kDone}, false, Win32Error::Success, "1 Files Deleted.", 2}),
     [](const auto& info) { return info.param.name; });
-
-TEST_F(DeleteFiles, FailIfNoFileKeepsItsBitsWhileItsTruthStays) {
-  action->SetFailIfNoFile(WordBool::FromRaw(2));
-  EXPECT_EQ(action->FailIfNoFile().Raw(), -1);
-  action->SetFailIfNoFile(false);
-  action->SetFailIfNoFile(WordBool::FromRaw(2));
-  EXPECT_EQ(action->FailIfNoFile().Raw(), 2);
-}
 
 }  // namespace

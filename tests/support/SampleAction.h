@@ -17,6 +17,7 @@ class TCustomSampleAction : public TVekAction {
   std::string Text = "default";
   WideString Wide;
   WordBool Flag = true;
+  WordBool Truth = true;
   bool Switch = false;
   int32_t Number = -1;
   uint32_t Count = 0;
@@ -38,15 +39,16 @@ class TSampleAction final : public PublishedAction<TSampleAction, TCustomSampleA
   static constexpr std::string_view kClassName = "TSampleAction";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomSampleAction::Text>("Text"),
-      Published<&TCustomSampleAction::Wide>("Wide"),
+      Published<&TCustomSampleAction::Wide>("Wide", TextRole::Folder),
       Published<&TCustomSampleAction::Flag>("Flag"),
+      PublishedTruth<&TCustomSampleAction::Truth>("Truth"),
       Published<&TCustomSampleAction::Switch>("Switch"),
       Published<&TCustomSampleAction::Number>("Number"),
       Published<&TCustomSampleAction::Count>("Count"),
       Published<&TCustomSampleAction::Mode>("Mode"),
       Published<&TCustomSampleAction::Modes>("Modes"),
       Published<&TCustomSampleAction::Lines>("Lines"),
-      Published<&TCustomSampleAction::When>("When"),
+      Published<&TCustomSampleAction::When>("When").Varies(),
       Published<&TCustomSampleAction::Transient>("Transient").NotStored(),
       Published<&TCustomSampleAction::Twice>("Twice"),
       RunTime<&TCustomSampleAction::Result>("Result"),

@@ -13,6 +13,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr std::string_view kVaries = "varies";  // a default that is not the same every time
+
 std::string ToText(const Json& json) {
   return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
@@ -73,9 +75,10 @@ Json PropertiesOf(const CatalogueEntry& entry, const TCustomVekAction& action) {
     if (!row->published) continue;
     Json property{{"name", row->name},
                   {"type", PropertyTypeName(row->type)},
-                  {"default", DefaultOf(*row, action)},
+                  {"default", row->varies ? Json(kVaries) : DefaultOf(*row, action)},
                   {"stored", row->stored},
                   {"inherited", !IsOwn(row, entry)}};
+    if (row->IsText()) property["role"] = TextRoleName(row->role);
     if (row->enumType) property["values"] = row->enumType().values;
     properties.push_back(std::move(property));
   }
@@ -149,7 +152,7 @@ std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& a
   std::vector<StringList> rows;
   for (const PropertyRow* row : action.PropertyRows()) {
     if (!row->published || IsOwn(row, entry) != own) continue;
-    const std::string value = PropertyToText(*row, row->get(action));
+    const std::string value = row->varies ? std::string(kVaries) : PropertyToText(*row, row->get(action));
     const std::string marks = Marks(*row, hidden, readOnly);
     rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value,
                     MeaningOf(*row, action) + (marks.empty() ? "" : " (" + marks + ")")});

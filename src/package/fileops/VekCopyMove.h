@@ -103,8 +103,9 @@ class TCustomMoveFilesAction : public TCustomCopyFilesAction {
 
 /// What both classes publish.
 inline constexpr PropertyRow kCopyMoveProperties[] = {
-    Published<&TCustomCopyFilesAction::FileSpec, &TCustomCopyFilesAction::SetFileSpec>("FileSpec"),
-    Published<&TCustomCopyFilesAction::Target>("Target"),
+    Published<&TCustomCopyFilesAction::FileSpec, &TCustomCopyFilesAction::SetFileSpec>("FileSpec",
+                                                                                       TextRole::Wildcard),
+    Published<&TCustomCopyFilesAction::Target>("Target", TextRole::File),
     Published<&TCustomCopyFilesAction::Force>("Force"),
     Published<&TCustomCopyFilesAction::TargetIsDir, &TCustomCopyFilesAction::SetTargetIsDir>("TargetIsDir"),
     Published<&TCustomCopyFilesAction::FailIfExists>("FailIfExists"),

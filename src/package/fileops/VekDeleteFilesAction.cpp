@@ -41,11 +41,6 @@ void TCustomDeleteFilesAction::SetFileSpec(std::string_view value) {
   UpdateKeyValue(kFileSpecKey, fileSpec_, value);
 }
 
-void TCustomDeleteFilesAction::SetFailIfNoFile(WordBool value) {
-  // Only a change of the truth value is stored; true keeps the bits that it came with.
-  if (static_cast<bool>(value) != static_cast<bool>(failIfNoFile_)) failIfNoFile_ = value;
-}
-
 std::string TCustomDeleteFilesAction::GetDescriptionKeyValue(int32_t /*index*/) const { return fileSpec_; }
 
 void TCustomDeleteFilesAction::SetDescriptionKeyValue(int32_t /*index*/, std::string_view value) {
@@ -67,12 +62,12 @@ bool TCustomDeleteFilesAction::Execute() {
     SendStatusMessage({"Unable to Delete file : " + spec, std::string("--> ") + error.what()});
     return false;
   }
-  if (spec.empty()) return !failIfNoFile_;
+  if (spec.empty()) return !FailIfNoFile;
 
   const auto message = CreateStatusMessage();
   message->AddLine("Deleting files : " + spec);
   bool result = DeleteMatches(spec, *message);
-  if (filesAffected_ == 0 && failIfNoFile_) result = false;
+  if (filesAffected_ == 0 && FailIfNoFile) result = false;
   message->AddLine(std::to_string(filesAffected_) + " Files Deleted.");
   SendStatusMessage(message);
   return result;

@@ -19,8 +19,7 @@ class TCustomDeleteFilesAction : public TVekAction {
   void SetFileSpec(std::string_view value);
   WordBool DeleteReadOnly = false;
   WordBool DeleteHidden = false;
-  WordBool FailIfNoFile() const { return failIfNoFile_; }
-  void SetFailIfNoFile(WordBool value);
+  WordBool FailIfNoFile = true;
 
   /// The number of files that the last run deleted.
   int32_t FilesAffected() const { return filesAffected_; }
@@ -37,7 +36,6 @@ class TCustomDeleteFilesAction : public TVekAction {
   bool DeleteMatch(const std::string& fileName, const FoundEntry& match, IVekActionLogMessage& message);
 
   std::string fileSpec_;
-  WordBool failIfNoFile_ = true;
   int32_t filesAffected_ = 0;
 };
 
@@ -46,11 +44,11 @@ class TDeleteFilesAction final : public PublishedAction<TDeleteFilesAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TDeleteFilesAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomDeleteFilesAction::FileSpec, &TCustomDeleteFilesAction::SetFileSpec>("FileSpec"),
+      Published<&TCustomDeleteFilesAction::FileSpec, &TCustomDeleteFilesAction::SetFileSpec>(
+          "FileSpec", TextRole::Wildcard),
       Published<&TCustomDeleteFilesAction::DeleteReadOnly>("DeleteReadOnly"),
       Published<&TCustomDeleteFilesAction::DeleteHidden>("DeleteHidden"),
-      Published<&TCustomDeleteFilesAction::FailIfNoFile, &TCustomDeleteFilesAction::SetFailIfNoFile>(
-          "FailIfNoFile"),
+      PublishedTruth<&TCustomDeleteFilesAction::FailIfNoFile>("FailIfNoFile"),
       RunTime<&TCustomDeleteFilesAction::FilesAffected>("FilesAffected"),
   };
 };

@@ -73,7 +73,7 @@ class TVekFileSetCopyMoveAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekFileSetCopyMoveAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekFileSetCopyMoveAction::DestinationFolder>("DestinationFolder"),
+      Published<&TCustomVekFileSetCopyMoveAction::DestinationFolder>("DestinationFolder", TextRole::Folder),
       Published<&TCustomVekFileSetCopyMoveAction::RecreateHierarchy>("RecreateHierarchy"),
       Published<&TCustomVekFileSetCopyMoveAction::Move>("Move"),
       Published<&TCustomVekFileSetCopyMoveAction::FailIfFileNotFound>("FailIfFileNotFound"),

@@ -68,8 +68,10 @@ class TFileIterator final : public PublishedAction<TFileIterator, TCustomFileIte
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TFileIterator";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("VariableName"),
-      Published<&TCustomFileIterator::FileSpec, &TCustomFileIterator::SetFileSpec>("FileSpec"),
+      Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("VariableName",
+                                                                                     TextRole::Variable),
+      Published<&TCustomFileIterator::FileSpec, &TCustomFileIterator::SetFileSpec>("FileSpec",
+                                                                                   TextRole::Wildcard),
       Published<&TCustomFileIterator::Recurse, &TCustomFileIterator::SetRecurse>("Recurse"),
       Published<&TCustomFileIterator::IncludeFilePath, &TCustomFileIterator::SetIncludeFilePath>(
           "IncludeFilePath"),
@@ -77,7 +79,8 @@ class TFileIterator final : public PublishedAction<TFileIterator, TCustomFileIte
       Published<&TCustomFileIterator::FileIndex>("FileIndex"),
       Published<&TCustomFileIterator::FindAnyFile>("FindAnyFile"),
       Published<&TCustomFileIterator::UseFileSet, &TCustomFileIterator::SetUseFileSet>("UseFileSet"),
-      Published<&TCustomFileIterator::FileSetName, &TCustomFileIterator::SetFileSetName>("FileSetName"),
+      Published<&TCustomFileIterator::FileSetName, &TCustomFileIterator::SetFileSetName>("FileSetName",
+                                                                                         TextRole::FileSet),
       Published<&TCustomFileIterator::FileSetRefreshBefore>("FileSetRefreshBefore"),
       Published<&TCustomFileIterator::FileSetRefreshAfterEach>("FileSetRefreshAfterEach"),
   };

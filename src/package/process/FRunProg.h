@@ -65,9 +65,9 @@ class TRunProgramAction final : public PublishedAction<TRunProgramAction, TCusto
   static constexpr std::string_view kClassName = "TRunProgramAction";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomRunProgramAction::ProgramName, &TCustomRunProgramAction::SetProgramName>(
-          "ProgramName"),
+          "ProgramName", TextRole::File),
       Published<&TCustomRunProgramAction::Params>("Params"),
-      Published<&TCustomRunProgramAction::StartInDir>("StartInDir"),
+      Published<&TCustomRunProgramAction::StartInDir>("StartInDir", TextRole::Folder),
       Published<&TCustomRunProgramAction::LogOutput>("LogOutput"),
       Published<&TCustomRunProgramAction::WaitForCompletion>("WaitForCompletion"),
       Published<&TCustomRunProgramAction::HideWindow>("HideWindow"),
@@ -100,7 +100,7 @@ class TRunDosCMDAction final : public PublishedAction<TRunDosCMDAction, TCustomR
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TRunDosCMDAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomRunDosCMDAction::StartInDir>("StartInDir"),
+      Published<&TCustomRunDosCMDAction::StartInDir>("StartInDir", TextRole::Folder),
       Published<&TCustomRunDosCMDAction::LogOutput>("LogOutput"),
       Published<&TCustomRunDosCMDAction::WaitForCompletion>("WaitForCompletion"),
       Published<&TCustomRunDosCMDAction::HideWindow>("HideWindow"),

@@ -32,7 +32,7 @@ class TVekCreateTextFileAction final
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomVekCreateTextFileAction::FileContents>("FileContents"),
       Published<&TCustomVekCreateTextFileAction::OverwriteExisting>("OverwriteExisting"),
-      Published<&TCustomVekCreateTextFileAction::NewFileName>("NewFileName"),
+      Published<&TCustomVekCreateTextFileAction::NewFileName>("NewFileName", TextRole::File),
       Published<&TCustomVekCreateTextFileAction::CreateDirectory>("CreateDirectory"),
   };
 };

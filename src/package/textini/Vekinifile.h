@@ -78,10 +78,10 @@ class TReadIniFileAction final : public PublishedAction<TReadIniFileAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TReadIniFileAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomIniFileAction::IniFile>("IniFile"),
+      Published<&TCustomIniFileAction::IniFile>("IniFile", TextRole::File),
       Published<&TCustomIniFileAction::Section>("Section"),
       Published<&TCustomIniFileAction::ValueName>("ValueName"),
-      Published<&TCustomReadIniFileAction::VariableName>("VariableName"),
+      Published<&TCustomReadIniFileAction::VariableName>("VariableName", TextRole::Variable),
       Published<&TCustomReadIniFileAction::DefaultValue>("DefaultValue"),
       Published<&TCustomIniFileAction::ValueType>("ValueType"),
   };
@@ -92,7 +92,7 @@ class TWriteIniFileAction final : public PublishedAction<TWriteIniFileAction, TC
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TWriteIniFileAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomIniFileAction::IniFile>("IniFile"),
+      Published<&TCustomIniFileAction::IniFile>("IniFile", TextRole::File),
       Published<&TCustomIniFileAction::Section>("Section"),
       Published<&TCustomIniFileAction::ValueName>("ValueName"),
       Published<&TCustomWriteIniFileAction::NewValue>("NewValue"),
