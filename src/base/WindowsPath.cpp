@@ -1,5 +1,7 @@
 #include "base/WindowsPath.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Length of the folder part.
@@ -19,9 +21,15 @@ std::string_view WithoutTrailingDelimiter(std::string_view path) {
   return path;
 }
 
-std::string WithTrailingDelimiter(std::string_view path) {
+std::string WithTrailingDelimiter(std::string_view path, char delimiter) {
   std::string result(path);
-  if (!path.empty() && !IsPathDelimiter(path.back())) result += '\\';
+  if (!path.empty() && !IsPathDelimiter(path.back())) result += delimiter;
+  return result;
+}
+
+std::string WithDelimiters(std::string_view path, char delimiter) {
+  std::string result(path);
+  std::replace_if(result.begin(), result.end(), IsPathDelimiter, delimiter);
   return result;
 }
 

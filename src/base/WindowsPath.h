@@ -32,8 +32,11 @@ VEK_API std::string_view DirectoryPart(std::string_view path);
 /// The path without one trailing path delimiter.
 VEK_API std::string_view WithoutTrailingDelimiter(std::string_view path);
 
-/// The path with a trailing path delimiter ('\' is added unless the path ends in one or is empty).
-VEK_API std::string WithTrailingDelimiter(std::string_view path);
+/// The path with a trailing path delimiter (this one is added unless the path ends in one or is empty).
+VEK_API std::string WithTrailingDelimiter(std::string_view path, char delimiter);
+
+/// The path with this delimiter in place of every one.
+VEK_API std::string WithDelimiters(std::string_view path, char delimiter);
 
 /// The folder that holds `path`, without a trailing delimiter except for a root ("C:\a\b" -> "C:\a").
 VEK_API std::string_view ParentFolder(std::string_view path);

@@ -52,6 +52,14 @@ std::string DoubleQuoteString(std::string_view text, bool onlyOnce) {
 
 std::string GetParentDir(std::string_view path) { return std::string(ParentFolder(path)); }
 
+std::string AsFolder(const Platform& platform, std::string_view path) {
+  return WithTrailingDelimiter(path, platform.environment->PathDelimiter(path));
+}
+
+std::string SearchedFolder(const Platform& platform, std::string_view spec) {
+  return WithDelimiters(FolderPart(spec), platform.environment->PathDelimiter(spec));
+}
+
 std::string GetSysDirectory(const Platform& platform) {
   std::string folder = VekOptionsServices().ReadOption("System", "Directory");
   return folder.empty() ? platform.environment->SystemFolder() : folder;
@@ -59,7 +67,7 @@ std::string GetSysDirectory(const Platform& platform) {
 
 std::string GetTemporaryFileName(const Platform& platform, std::string_view prefix, std::string_view folder) {
   const std::string start =
-      WithTrailingDelimiter(folder.empty() ? platform.environment->TempFolder() : folder).append(prefix);
+      AsFolder(platform, folder.empty() ? platform.environment->TempFolder() : folder).append(prefix);
   std::random_device random;
   std::string fileName;
   do {

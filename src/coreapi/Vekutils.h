@@ -28,6 +28,12 @@ VEK_API std::string DoubleQuoteString(std::string_view text, bool onlyOnce);
 /// The folder that holds a file or folder, without a trailing delimiter except for a root.
 VEK_API std::string GetParentDir(std::string_view path);
 
+/// The path with a trailing delimiter, spelt as the path is; an empty one stays empty.
+VEK_API std::string AsFolder(const Platform& platform, std::string_view path);
+
+/// The folder part of what is searched, spelt as finds are: every delimiter as the first one.
+VEK_API std::string SearchedFolder(const Platform& platform, std::string_view spec);
+
 /// Where the operating system keeps its programs: the option System.Directory where it is set.
 VEK_API std::string GetSysDirectory(const Platform& platform);
 

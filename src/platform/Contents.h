@@ -23,6 +23,7 @@ class Contents {
   /// Opens a file, links followed. FileNotFound and PathNotFound where there is none, unless it is to be
   /// created; AccessDenied for a folder, for anything else that is no file of bytes, and for writing to a
   /// read-only file; SharingViolation where another open stands against it.
+  // The header of Windows has a function of the name OpenFile; hence "class".
   virtual SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
-                         std::unique_ptr<OpenFile>& file) = 0;
+                         std::unique_ptr<class OpenFile>& file) = 0;
 };

@@ -19,6 +19,14 @@ class Environment {
   /// as text; the file need not exist.
   virtual std::string FullPath(std::string_view path) = 0;
 
+  /// What is added to a path is spelt as the path is: its first delimiter, or the machine's own where it has
+  /// none; on Windows always '\'.
+  virtual char PathDelimiter(std::string_view path) = 0;
+
+  /// The path as other programs of this machine take it: drives resolved, in the machine's delimiters, and in
+  /// the spelling of the disk where an entry stands there. A relative path stays relative.
+  virtual std::string NativePath(std::string_view path) = 0;
+
   virtual std::string TempFolder() = 0;
 
   /// Where the operating system keeps its programs.

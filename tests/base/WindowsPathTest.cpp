@@ -29,9 +29,9 @@ TEST(WindowsPath, Parts) {
 }
 
 TEST(WindowsPath, TrailingDelimiter) {
-  EXPECT_EQ(WithTrailingDelimiter(""), "");
-  EXPECT_EQ(WithTrailingDelimiter("C:\\a"), "C:\\a\\");
-  EXPECT_EQ(WithTrailingDelimiter("/a/"), "/a/");
+  EXPECT_EQ(WithTrailingDelimiter("", '/'), "");
+  EXPECT_EQ(WithTrailingDelimiter("C:\\a", '\\'), "C:\\a\\");
+  EXPECT_EQ(WithTrailingDelimiter("/a/", '\\'), "/a/");
   EXPECT_EQ(WithoutTrailingDelimiter("/a/"), "/a");
   EXPECT_EQ(WithoutTrailingDelimiter("a\\\\"), "a\\");
 }

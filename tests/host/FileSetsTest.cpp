@@ -58,7 +58,7 @@ TEST(PathPattern, MatchesPathsBelowTheBaseFolder) {
 struct FileSetsTest : ProjectFixture, testing::Test {
   FileSetDeclaration& Declare(StringList includes, StringList excludes = {}) {
     return project.fileSets.emplace_back(
-        FileSetDeclaration{"Set", folder.Path(), std::move(includes), std::move(excludes)});
+        FileSetDeclaration{"Set", folder.WindowsPath(), std::move(includes), std::move(excludes)});
   }
 
   IVekFileSet& Set() {
@@ -70,8 +70,8 @@ struct FileSetsTest : ProjectFixture, testing::Test {
   StringList Files(IVekFileSet& set) {
     StringList files = SplitAt(set.GetFileList("|"), "|");
     for (std::string& file : files) {
-      EXPECT_TRUE(file.starts_with(folder.Path() + '\\'));
-      file = ReplaceAll(file.substr(folder.Path().size() + 1), "\\", "/");
+      EXPECT_TRUE(file.starts_with(folder.WindowsPath() + '\\')) << file;
+      file = WithDelimiters(file.substr(folder.Path().size() + 1), '/');
     }
     return files;
   }
@@ -113,7 +113,7 @@ TEST_F(FileSetsTest, ExpressionsAreExpandedWhenItIsEvaluated) {
   declaration.baseDirectory = "%BASE%\\";
   IVekFileSet& set = Set();
   EXPECT_THROW(set.GetFileList("|"), EVekExpressionError);
-  Context().SetVariable("BASE", folder.Path());
+  Context().SetVariable("BASE", folder.WindowsPath());
   Context().SetVariable("EXT", std::string("log"));
   EXPECT_EQ(set.GetBaseDirectory(), "%BASE%\\");
   EXPECT_THAT(Files(set), ElementsAre("b.log"));

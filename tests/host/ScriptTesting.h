@@ -51,6 +51,7 @@ class FakeEnvironment final : public ScriptEnvironment {
     if (name == "LOCKED") throw EVekError("LOCKED cannot be set");
     variables.Set(name, std::move(value));
   }
+  std::string NativePath(std::string_view path) override { return "native:" + std::string(path); }
   void Log(std::string_view text) override {
     log.push_back(nested ? VariantToText(nested->Evaluate(text)) : std::string(text));
   }

@@ -49,7 +49,9 @@ void PrintTo(const RunCase& testCase, std::ostream* stream) { *stream << testCas
 
 template <class Action>
 struct Runs : ActionFixture {
-  explicit Runs(const Wrap& wrap = {}) : ActionFixture(wrap) { Context().SetVariable("D", folder.Path()); }
+  explicit Runs(const Wrap& wrap = {}) : ActionFixture(wrap) {
+    Context().SetVariable("D", folder.WindowsPath());
+  }
 
   bool Perform(const std::string& spec, const std::string& target) {
     action->SetFileSpec(spec);
@@ -224,7 +226,8 @@ TEST_F(CopyFiles, ABareNameIsFoundHereAndTakenFromTheRoot) {
   EXPECT_FALSE(Perform("vektest-b*.txt", "%D%\\out"));
   ASSERT_TRUE(environment.SetCurrentFolder(before));
   EXPECT_EQ(Lines(), Wanted({"Copying files : vektest-b*.txt -> %D%\\out",
-                             kCopyFailed + "\\vektest-bare.txt -> %D%\\out\\vektest-bare.txt",
+                             kCopyFailed + environment.PathDelimiter("") +
+                                 "vektest-bare.txt -> %D%\\out\\vektest-bare.txt",
                              "Win32 Error : {2}", "0 Files Copied."}));
 }
 

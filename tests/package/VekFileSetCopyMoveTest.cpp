@@ -23,7 +23,7 @@ using enum TCopyOverwriteMode;
 /// The action on the file set "Set": all that is below the folder "in", or whatever a test makes of it.
 struct FileSetRuns : ActionFixture {
   explicit FileSetRuns(const Wrap& wrap = {}) : ActionFixture(wrap) {
-    Context().SetVariable("D", folder.Path());
+    Context().SetVariable("D", folder.WindowsPath());
     action->SetFileSetName("Set");
     action->DestinationFolder = "%D%\\out";
     Declare("%D%\\in");
@@ -270,7 +270,7 @@ TEST_F(FileSetCopyFailing, TheFirstOccurrenceOfTheBaseIsExchanged) {
   } cases[] = {
       {"C:\\src\\x\\a", "C:\\src", "T\\x\\a"},
       {"C:\\src\\x\\a", "C:\\src\\", "T\\x\\a"},
-      {"C:\\src/x/a", "C:\\src", "T\\x/a"},
+      {"C:\\src/x/a", "C:\\src", "T\\x\\a"},
       {"D:\\a\\C:\\src\\C:\\src\\a", "C:\\src", "D:\\a\\T\\C:\\src\\a"},
       {"C:\\SRC\\C:\\src\\a", "C:\\src", "T\\C:\\src\\a"},  // found in its own case, exchanged in any
       {"C:\\SRC\\a", "C:\\src", "T\\a", true},
@@ -282,7 +282,7 @@ TEST_F(FileSetCopyFailing, TheFirstOccurrenceOfTheBaseIsExchanged) {
   const auto action = runs.Make<TListedFilesAction>();
   action->OverwriteMode = owIgnore;
   action->RecreateHierarchy = true;
-  action->DestinationFolder = "T";
+  action->DestinationFolder = "T\\";
   for (const auto& wanted : cases) {
     action->set.files = {wanted.file};
     action->set.base = wanted.base;

@@ -2,6 +2,7 @@
 #include "gtest/gtest.h"
 
 #include "iterators/Vekfileiterator.h"
+#include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "support/NullHost.h"
 #include "support/OsFixture.h"
@@ -65,6 +66,22 @@ TEST_F(FileIteratorTest, TheFilesOfAFolderComeBeforeThoseOfItsSubFolders) {
   EXPECT_THAT(Iterate(), ElementsAre("/A.txt", "/b.txt", "/a/z.txt", "/a/n/y.txt", "/o/x.txt"));
   EXPECT_THAT(LogLines(), ElementsAre("Searching for Files...", "Found 5 Files.",
                                       "/A.txt|/b.txt|/a/z.txt|/a/n/y.txt|/o/x.txt"));
+}
+
+TEST_F(FileIteratorTest, FindsAreSpeltAsTheSearchedPathIs) {
+  for (const char* name : {"in/a.txt", "in/n/b.txt"}) folder.Write(name);
+  TFileIterator& iterator = AddIterator();
+  iterator.SetRecurse(true);
+  for (const std::string& base : {WithDelimiters(folder.Path(), '/'), folder.WindowsPath()}) {
+    iterator.SetFileSpec(WideString(base + "/in\\*.txt"));
+    Events().Clear();
+    Iterate();
+    const char delimiter =
+        GetPlatform().environment->PathDelimiter(folder.WindowsPath() == base ? "\\" : "/");
+    const StringList wanted = {WithDelimiters(base + "/in/a.txt", delimiter),
+                               WithDelimiters(base + "/in/n/b.txt", delimiter)};
+    EXPECT_EQ(SplitAt(Lines().back(), "\r\n"), wanted);
+  }
 }
 
 TEST_F(FileIteratorTest, WhatASearchFinds) {

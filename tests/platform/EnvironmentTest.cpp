@@ -49,8 +49,7 @@ TEST_F(EnvironmentTest, ModulesLoadOrSayWhyNot) {
   error.clear();
   EXPECT_EQ(modules.Load(Path(modules.FileName("missing")), error), nullptr);
   EXPECT_NE(error, "");
-  const auto module =
-      modules.Load(WithTrailingDelimiter(VEK_BIN_DIR) + modules.FileName("ThrowingModule"), error);
+  const auto module = modules.Load(std::string(VEK_BIN_DIR "/") + modules.FileName("ThrowingModule"), error);
   ASSERT_NE(module, nullptr) << error;
   EXPECT_EQ(module->Function("NoSuchFunction"), nullptr);
 }

@@ -53,7 +53,7 @@ class DiskTable {
   StringList Lines(const StringList& wanted) const {
     StringList lines;
     for (const std::string& line : wanted) {
-      std::string text = ReplaceAll(line, "%D%", folder_.Path());
+      std::string text = ReplaceAll(line, "%D%", folder_.WindowsPath());
       const size_t start = text.find('{');
       if (start != std::string::npos) {
         const auto code = static_cast<Win32Error>(std::stoul(text.substr(start + 1)));

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/WindowsPath.h"
+
 /// A new, empty folder for one test; removed with all that it holds, read-only files included. Names are
 /// UTF-8, relative to the folder, with '/' between their parts.
 class TempFolder {
@@ -16,6 +18,10 @@ class TempFolder {
   /// The folder's full path without a trailing delimiter, or that of an entry in it.
   const std::string& Path() const { return path_; }
   std::string Path(std::string_view name) const { return path_ + "/" + std::string(name); }
+
+  /// The folder's path in the delimiters of Windows, which the platform understands on every system: what is
+  /// found below it is spelt so too.
+  std::string WindowsPath() const { return WithDelimiters(path_, '\\'); }
 
   /// Writes a file, making the folders that its name asks for.
   void Write(std::string_view name, std::string_view text = "") const;

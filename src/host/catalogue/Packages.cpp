@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "base/WindowsPath.h"
 #include "coreapi/Vekerrors.h"
+#include "coreapi/Vekutils.h"
 #include "platform/Environment.h"
 #include "platform/Platform.h"
 
@@ -38,6 +38,6 @@ void Packages::Load(std::string_view file, bool designTime) {
 }
 
 std::string Packages::DefaultPackage() const {
-  return WithTrailingDelimiter(platform_.environment->ProgramFolder()) +
+  return AsFolder(platform_, platform_.environment->ProgramFolder()) +
          platform_.modules->FileName("Vek40File");
 }

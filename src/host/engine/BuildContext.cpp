@@ -104,6 +104,10 @@ void BuildContext::Synchronize(const std::function<void()>& method) {
   method();
 }
 
+std::string BuildContext::NativePath(std::string_view path) {
+  return platform_.environment->NativePath(path);
+}
+
 IVekScriptObject* BuildContext::ActionByName(std::string_view name) {
   TCustomVekAction* action = project_ ? FindActionByName(project_->actions, name) : nullptr;
   if (!action) return nullptr;

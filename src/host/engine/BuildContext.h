@@ -73,6 +73,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   // ScriptEnvironment
   const Variant* FindVariable(std::string_view name) override { return variables_.Find(name); }
   void Log(std::string_view text) override { SendMessage(text); }
+  std::string NativePath(std::string_view path) override;
   IVekScriptObject* ActionByName(std::string_view name) override;
   const std::vector<std::pair<std::string, Variant>>& Constants() override;
   bool Interrupted() override { return stop_.Stopped(); }

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "base/WindowsPath.h"
 #include "coreapi/Vekactionhost.h"
 #include "coreapi/Vekfilesets.h"
 #include "coreapi/Vekfolderwalk.h"
+#include "coreapi/Vekutils.h"
 #include "host/filesets/PathPattern.h"
 #include "platform/ErrorTexts.h"
 #include "platform/FileAttributes.h"
@@ -86,7 +86,8 @@ class Evaluation {
     if (!includes_.CanMatchBelow(includes) || excludes_.MatchesAllBelow(excludes)) return;
     TakeFiles(folder, includes, excludes);
     walk_.ForEachFolder(folder, kHiddenToo, [&](const std::string& name) {
-      Visit(folder + name + '\\', includes_.Enter(includes, name), excludes_.Enter(excludes, name));
+      Visit(AsFolder(host_.GetPlatform(), folder + name), includes_.Enter(includes, name),
+            excludes_.Enter(excludes, name));
       return !host_.StopSignalled();
     });
   }
@@ -118,8 +119,9 @@ class ProjectFileSet final : public IVekFileSet {
   const std::string& Name() const { return declaration_.name; }
 
   void Refresh() override {
-    const std::string baseFolder = WithTrailingDelimiter(host_.ExpandExpression(declaration_.baseDirectory));
-    files_ = Evaluation(host_, declaration_).FilesBelow(baseFolder);
+    const Platform& platform = host_.GetPlatform();
+    const std::string baseFolder = AsFolder(platform, host_.ExpandExpression(declaration_.baseDirectory));
+    files_ = Evaluation(host_, declaration_).FilesBelow(SearchedFolder(platform, baseFolder));
     evaluated_ = true;
   }
 

@@ -29,6 +29,7 @@ class ScriptEnvironment {
   virtual const Variant* FindVariable(std::string_view name) = 0;
   virtual void SetVariable(std::string_view name, Variant value) = 0;
   virtual void Log(std::string_view text) = 0;
+  virtual std::string NativePath(std::string_view path) = 0;
   virtual IVekScriptObject* ActionByName(std::string_view name) = 0;  // null: no such action
   virtual const std::vector<std::pair<std::string, Variant>>& Constants() = 0;
 

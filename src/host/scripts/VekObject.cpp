@@ -54,6 +54,14 @@ duk_ret_t Log(duk_context* context) {
   return 0;
 }
 
+duk_ret_t NativePath(duk_context* context) {
+  ScriptHeap& heap = ScriptHeap::Of(context);
+  TakeName(context, 0);
+  CallHost(context, [&] { heap.Call().result = Variant(heap.Environment().NativePath(heap.Call().name)); });
+  PushValue(context, heap.Call().result);
+  return 1;
+}
+
 duk_ret_t ActionByName(duk_context* context) {
   ScriptHeap& heap = ScriptHeap::Of(context);
   TakeName(context, 0);
@@ -68,6 +76,7 @@ constexpr duk_function_list_entry kFunctions[] = {
     {"IsVariableDefined", IsVariableDefined, 1},
     {"Log", Log, 1},
     {"ActionByName", ActionByName, 1},
+    {"NativePath", NativePath, 1},
     {nullptr, nullptr, 0},
 };
 

@@ -2,8 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "base/WindowsPath.h"
 #include "coreapi/Vekerrors.h"
+#include "coreapi/Vekutils.h"
 #include "platform/Contents.h"
 #include "platform/Entries.h"
 #include "platform/Environment.h"
@@ -11,8 +11,8 @@
 #include "platform/Platform.h"
 
 void OptionStore::Load(const Platform& platform) {
-  const std::string file = platform.environment->FullPath(
-      WithTrailingDelimiter(platform.environment->DataFolder()) + "options.json");
+  const std::string file =
+      platform.environment->FullPath(AsFolder(platform, platform.environment->DataFolder()) + "options.json");
   std::string text;
   const SysResult read = platform.contents->ReadWhole(file, text);
   // A data folder that this user may not look into is as good as none.

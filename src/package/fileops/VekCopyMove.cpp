@@ -2,7 +2,9 @@
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekfolderwalk.h"
+#include "coreapi/Vekutils.h"
 #include "fileops/VekPercentage.h"
+#include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
 #include "platform/Folders.h"
@@ -38,6 +40,11 @@ constexpr std::string_view kHelp[] = {
 constexpr std::string_view kHidden[] = {"ErrorCount"};
 
 bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != std::string_view::npos; }
+
+/// What the names in a folder are added to; that of no folder is the root.
+std::string StartOfFolder(const Platform& platform, std::string_view folder) {
+  return std::string(WithoutTrailingDelimiter(folder)) + platform.environment->PathDelimiter(folder);
+}
 
 }  // namespace
 
@@ -178,7 +185,7 @@ bool TCustomCopyFilesAction::Execute() {
 /// folder failed.
 bool TCustomCopyFilesAction::CopyTree(CopyRun& run, const std::string& spec, const std::string& target) {
   // A bare name stands for a file in the root, though it is looked for in the current folder.
-  const std::string folder = std::string(WithoutTrailingDelimiter(FolderPart(spec))) + '\\';
+  const std::string folder = StartOfFolder(GetPlatform(), SearchedFolder(GetPlatform(), spec));
   if (!CopyMatches(run, spec, folder, target)) return false;
   if (recurse_) CopySubFolders(run, folder, NamePart(spec), target);
   return true;
@@ -192,7 +199,7 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
   if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   const bool takesAll = HasWildcard(spec);
   std::string sourceFile = folder;
-  std::string targetFile = targetIsDir_ ? std::string(WithoutTrailingDelimiter(target)) + '\\' : target;
+  std::string targetFile = targetIsDir_ ? StartOfFolder(GetPlatform(), target) : target;
   const size_t targetLength = targetFile.size();
   for (FoundEntry match; search->Next(match);) {
     if ((match.attributes & FileAttribute::Directory) == 0) {
@@ -209,14 +216,14 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
 
 void TCustomCopyFilesAction::CopySubFolders(CopyRun& run, const std::string& folder, std::string_view mask,
                                             const std::string& target) {
-  const std::string targetFolder = std::string(WithoutTrailingDelimiter(target)) + '\\';
+  const std::string targetFolder = StartOfFolder(GetPlatform(), target);
   run.walk.ForEachFolder(folder, FileAttribute::Directory, [&](const std::string& name) {
     const std::string subFolder = folder + name;
     if (run.IsTarget(*GetPlatform().entries, subFolder)) {
       run.message.AddLine("Skipped, because it is the target : " + subFolder);
     } else {
       // A failure ends the work in that folder alone.
-      CopyTree(run, (subFolder + '\\').append(mask), targetFolder + name);
+      CopyTree(run, (subFolder + folder.back()).append(mask), targetFolder + name);
     }
     return !cancel_;
   });

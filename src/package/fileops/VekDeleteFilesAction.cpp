@@ -1,6 +1,7 @@
 #include "fileops/VekDeleteFilesAction.h"
 
 #include "base/WindowsPath.h"
+#include "coreapi/Vekutils.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
@@ -78,7 +79,7 @@ bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekAction
   SysResult searchResult;
   const auto search =
       GetPlatform().finder->Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
-  std::string fileName(FolderPart(spec));
+  std::string fileName = SearchedFolder(GetPlatform(), spec);
   const size_t folderLength = fileName.size();
   for (FoundEntry match; search->Next(match);) {
     fileName.replace(folderLength, std::string::npos, match.name);

@@ -1,7 +1,9 @@
 #include "fileops/VekFileSetCopyMove.h"
 
 #include "base/WindowsPath.h"
+#include "coreapi/Vekutils.h"
 #include "fileops/VekPercentage.h"
+#include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "platform/Folders.h"
 #include "platform/Platform.h"
@@ -32,14 +34,15 @@ constexpr std::string_view kHelp[] = {
 };
 
 /// The text with the first occurrence of the folder, letter case aside, exchanged; a delimiter has to follow
-/// it and goes with it.
+/// it and goes with it. What stands below is spelt as the replacement, which ends in a delimiter, is.
 std::string ReplaceFolder(const std::string& file, std::string_view folder, const std::string& replacement) {
   folder = WithoutTrailingDelimiter(folder);
   const std::string_view text = file;
   for (size_t start = 0; start + folder.size() < text.size(); ++start) {
     const size_t end = start + folder.size();
     if (!IsPathDelimiter(text[end]) || !SameText(text.substr(start, folder.size()), folder)) continue;
-    return std::string(text.substr(0, start)).append(replacement).append(text.substr(end + 1));
+    const std::string below = WithDelimiters(text.substr(end + 1), replacement.back());
+    return std::string(text.substr(0, start)).append(replacement).append(below);
   }
   return file;
 }
@@ -89,8 +92,10 @@ bool TCustomVekFileSetCopyMoveAction::ExecuteFileSet(IVekFileSet& fileSet) {
 
   std::string destinationFolder, baseFolder;
   if (!TryExpandExpression("Destination Folder", DestinationFolder, destinationFolder, true)) return false;
-  destinationFolder = WithTrailingDelimiter(destinationFolder);
+  destinationFolder = AsFolder(GetPlatform(), destinationFolder);
   if (!TryExpandExpression("FileSet Base Dir", fileSet.GetBaseDirectory(), baseFolder, true)) return false;
+  // As the files are spelt.
+  baseFolder = WithDelimiters(baseFolder, GetPlatform().environment->PathDelimiter(baseFolder));
 
   const StringList files = SplitAt(fileSet.GetFileList(kSeparator), kSeparator);
   SendMessage((Move ? "Moving " : "Copying ") + std::to_string(files.size()) + " files...");

@@ -1,5 +1,6 @@
 #include "base/WindowsPath.h"
 #include "coreapi/Vekfolderwalk.h"
+#include "coreapi/Vekutils.h"
 #include "fileops/VekCopyMove.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
@@ -97,8 +98,8 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
   // FailIfZeroFiles is about matches that stayed where they were; without a match there is nothing to fail.
   if (!search->Next(match)) return true;
 
-  const std::string folder(FolderPart(spec));
-  const std::string targetFolder = TargetIsDir() ? WithTrailingDelimiter(target) : std::string();
+  const std::string folder = SearchedFolder(GetPlatform(), spec);
+  const std::string targetFolder = TargetIsDir() ? AsFolder(GetPlatform(), target) : std::string();
   do {
     const std::string targetFile = TargetIsDir() ? targetFolder + match.name : target;
     if (Force && TargetIsDir()) MakeFolderOf(targetFile);

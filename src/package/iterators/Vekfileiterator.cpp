@@ -4,6 +4,7 @@
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekfilesets.h"
+#include "coreapi/Vekutils.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
 #include "platform/Platform.h"
@@ -114,7 +115,7 @@ void TCustomFileIterator::SearchFiles(const std::string& spec) {
     files_.clear();
     TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder,
                      [this](std::string_view folder, Win32Error code) { ReportUnreadable(folder, code); });
-    Search(walk, std::string(FolderPart(spec)), NamePart(spec));
+    Search(walk, SearchedFolder(GetPlatform(), spec), NamePart(spec));
     SendMessage("Found " + std::to_string(files_.size()) + " Files.");
     SendFileList();
     UpdateIterationCount();
@@ -128,7 +129,7 @@ void TCustomFileIterator::Search(TFolderWalk& walk, const std::string& folder, s
   TakeMatches(folder, mask);
   if (!recurse_) return;
   walk.ForEachFolder(folder, FileAttribute::Directory, [&](const std::string& name) {
-    Search(walk, folder + name + '\\', mask);
+    Search(walk, AsFolder(GetPlatform(), folder + name), mask);
     return !StopSignalled();
   });
 }

@@ -22,6 +22,27 @@ TEST_F(PosixEnvironmentTest, FullPathIsAbsoluteAndPlain) {
   ASSERT_TRUE(environment.SetCurrentFolder("/"));
 }
 
+TEST_F(PosixEnvironmentTest, WhatIsAddedToAPathIsSpeltAsThePathIs) {
+  for (const auto& [path, wanted] : {std::pair("a\\b/c", '\\'), {"/a\\b", '/'}, {"Z:", '/'}, {"", '/'}}) {
+    EXPECT_EQ(environment.PathDelimiter(path), wanted) << path;
+  }
+}
+
+TEST_F(PosixEnvironmentTest, NativePathsAreWhatOtherProgramsTake) {
+  folder.Write("Sub/File");
+  const std::pair<std::string, std::string> cases[] = {
+      {Path("SUB\\FILE"), Path("Sub/File")},
+      {"Q:\\sub", Path("Sub")},
+      {"Q:/Sub\\new.txt", Path("Sub/new.txt")},
+      {Path("missing\\x"), Path("missing/x")},
+      {"a\\b", "a/b"},
+      {"W:\\x", "W:\\x"},
+      {"\\", "/"},
+      {"", ""},
+  };
+  for (const auto& [path, wanted] : cases) EXPECT_EQ(environment.NativePath(path), wanted) << path;
+}
+
 TEST_F(PosixEnvironmentTest, FoldersFollowTheEnvironment) {
   const auto data = environment.Variable("XDG_DATA_HOME"), temp = environment.Variable("TMPDIR");
   SetVariable("XDG_DATA_HOME", "/data/");

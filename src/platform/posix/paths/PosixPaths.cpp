@@ -32,7 +32,8 @@ std::optional<std::string> PosixPaths::Native(std::string_view path) {
     if (!root) return {};
     native = std::move(*root);
     path.remove_prefix(2);
-    if (!native.ends_with('/')) native += '/';
+    if (native.ends_with('/')) native.pop_back();
+    if (path.empty() || !IsPathDelimiter(path[0])) native += '/';
   }
   native += path;
   std::replace(native.begin(), native.end(), '\\', '/');

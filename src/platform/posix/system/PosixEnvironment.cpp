@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <fcntl.h>
 #include <memory>
 #include <pwd.h>
 #include <unistd.h>
@@ -69,6 +70,25 @@ std::string PosixEnvironment::FullPath(std::string_view path) {
   const auto native = paths_.Native(path);
   if (!native) return std::string(path);
   return Resolved(native->starts_with('/') ? *native : CurrentFolder() + '/' + *native);
+}
+
+char PosixEnvironment::PathDelimiter(std::string_view path) {
+  const size_t first = path.find_first_of("\\/");
+  return first == std::string_view::npos ? '/' : path[first];
+}
+
+std::string PosixEnvironment::NativePath(std::string_view path) {
+  const auto native = paths_.Native(path);
+  if (!native) return std::string(path);
+  Place place = paths_.Locate(path);
+  struct stat status = {};
+  const auto stands = [&] { return fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0; };
+  if (!place.folder || place.name == "." || !(stands() || paths_.OtherCase(place))) return *native;
+  const std::string_view written = WithoutTrailingDelimiter(*native);
+  if (FolderPart(written).empty()) return place.name;
+  std::string folder = place.folder->path;
+  if (folder.back() != '/') folder += '/';
+  return folder + place.name;
 }
 
 std::string PosixEnvironment::TempFolder() {

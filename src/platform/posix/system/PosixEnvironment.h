@@ -11,6 +11,8 @@ class PosixEnvironment final : public Environment {
   std::string CurrentFolder() override;
   SysResult SetCurrentFolder(std::string_view path) override;
   std::string FullPath(std::string_view path) override;
+  char PathDelimiter(std::string_view path) override;
+  std::string NativePath(std::string_view path) override;
   std::string TempFolder() override;
   std::string SystemFolder() override { return "/usr/bin"; }
   std::string DataFolder() override;

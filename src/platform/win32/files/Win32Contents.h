@@ -7,5 +7,5 @@ class Win32Contents final : public Contents {
   SysResult ReadWhole(std::string_view path, std::string& contents) override;
   SysResult Replace(std::string_view path, std::string_view contents) override;
   SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
-                 std::unique_ptr<OpenFile>& file) override;
+                 std::unique_ptr<class OpenFile>& file) override;
 };

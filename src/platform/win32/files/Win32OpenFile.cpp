@@ -14,7 +14,7 @@ LARGE_INTEGER Large(uint64_t value) {
   return large;
 }
 
-class Win32OpenFile final : public OpenFile {
+class Win32OpenFile final : public ::OpenFile {
  public:
   explicit Win32OpenFile(Handle file) : file_(std::move(file)) {}
 
@@ -85,7 +85,7 @@ DWORD Shared(ShareMode share) {
 }  // namespace
 
 SysResult Win32Contents::Open(std::string_view path, OpenMode mode, ShareMode share,
-                              std::unique_ptr<OpenFile>& file) {
+                              std::unique_ptr<class OpenFile>& file) {
   std::wstring native;
   if (const SysResult result = NativePath(path, native); !result) return result;
   const DWORD access = mode == OpenMode::Read ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;

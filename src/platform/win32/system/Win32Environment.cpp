@@ -65,6 +65,10 @@ std::string Win32Environment::FullPath(std::string_view path) {
   return AbsolutePath(path.empty() ? "." : path, absolute) ? Folder(absolute) : std::string(path);
 }
 
+char Win32Environment::PathDelimiter(std::string_view /*path*/) { return '\\'; }
+
+std::string Win32Environment::NativePath(std::string_view path) { return WithDelimiters(path, '\\'); }
+
 std::string Win32Environment::TempFolder() {
   const std::wstring folder = Answer(GetTempFolder);
   // The variable that it comes from may hold short names.
@@ -79,7 +83,7 @@ std::string Win32Environment::SystemFolder() {
 
 std::string Win32Environment::DataFolder() {
   const auto local = Variable("LOCALAPPDATA");
-  return WithTrailingDelimiter(local ? *local : TempFolder()) + "vekrun";
+  return WithTrailingDelimiter(local ? *local : TempFolder(), '\\') + "vekrun";
 }
 
 std::string Win32Environment::ProgramFolder() {
@@ -90,5 +94,5 @@ std::string Win32Environment::ProgramFolder() {
 
 std::string Win32Environment::CommandInterpreter() {
   const auto named = Variable("COMSPEC");
-  return named ? *named : WithTrailingDelimiter(SystemFolder()) + "cmd.exe";
+  return named ? *named : WithTrailingDelimiter(SystemFolder(), '\\') + "cmd.exe";
 }

@@ -8,6 +8,8 @@ class Win32Environment final : public Environment {
   std::string CurrentFolder() override;
   SysResult SetCurrentFolder(std::string_view path) override;
   std::string FullPath(std::string_view path) override;
+  char PathDelimiter(std::string_view path) override;
+  std::string NativePath(std::string_view path) override;
   std::string TempFolder() override;
   std::string SystemFolder() override;
   std::string DataFolder() override;
