@@ -124,16 +124,6 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
-std::string ValidUtf8(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (size_t i = 0; i < text.size();) {
-    const char32_t c = NextCodePoint(text, i);
-    AppendUtf8(result, c >= kInvalidByte ? U'\uFFFD' : c);
-  }
-  return result;
-}
-
 StringList SplitLines(std::string_view text) {
   StringList lines;
   for (size_t start = 0; start < text.size();) {

@@ -38,9 +38,6 @@ VEK_API char32_t NextCodePoint(std::string_view text, size_t& position);
 VEK_API void AppendUtf8(std::string& text, char32_t codePoint);
 VEK_API bool IsUtf8(std::string_view text);
 
-/// The text with every byte that is not UTF-8 replaced by U+FFFD.
-VEK_API std::string ValidUtf8(std::string_view text);
-
 /// Splits at CR LF, CR or LF; a final line break starts no further line.
 VEK_API StringList SplitLines(std::string_view text);
 

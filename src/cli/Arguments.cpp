@@ -148,6 +148,7 @@ VariableDefinition SplitAssignment(const std::string& text, const std::string& w
 
 std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
   CLI::App app("vekrun executes build projects.", "vekrun");
+  app.allow_windows_style_options(false);  // a path may begin with "/" on every system
   app.set_version_flag("--version", "vekrun " VEK_VERSION);
   app.require_subcommand(1);
   app.footer(kExamples);

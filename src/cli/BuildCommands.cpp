@@ -23,7 +23,6 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailed = 1;
 constexpr int kUnusable = 2;
-constexpr int kStopped = 130;
 
 /// The log that the arguments ask for. Its file is opened late, so that a project which cannot be used does
 /// not cost the log of an earlier build.
@@ -171,7 +170,7 @@ int Build(const Arguments& arguments, const Load& load) {
   try {
     DefineVariables(context, project, arguments.variables);
   } catch (const EProjectError&) {
-    if (context.Stop().StopRequested()) return kStopped;
+    if (context.Stop().StopRequested()) return kStoppedByUser;
     throw;
   }
 
@@ -180,7 +179,7 @@ int Build(const Arguments& arguments, const Load& load) {
   const BuildSummary summary = Engine(context).Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);
   if (log.ReportFailure()) return kFailed;
-  if (summary.result == ActionResult::Stopped) return kStopped;
+  if (summary.result == ActionResult::Stopped) return kStoppedByUser;
   return summary.result == ActionResult::Success ? kSuccess : kFailed;
 }
 

@@ -190,6 +190,8 @@ void TCustomVekAction::SendStatusMessage(std::initializer_list<std::string_view>
   SendStatusMessage(message);
 }
 void TCustomVekAction::SendMessage(std::string_view text) const { host_.SendMessage(text); }
+void TCustomVekAction::HoldLog(bool held) const { host_.HoldLog(held); }
+
 void TCustomVekAction::SendProgress(std::string_view text, int32_t percent) const {
   host_.SendProgress(text, percent);
 }

@@ -162,6 +162,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   void SendMessage(std::string_view text) const;  // [any thread]
   void SendProgress(std::string_view text, int32_t percent) const;
 
+  /// While the log is held back its lines may be kept together, for a moment in which much happens at once.
+  void HoldLog(bool held) const;
+
   // Variables.
   Variant GetVariableValue(std::string_view name) const;
   void SetVariable(std::string_view name, Variant value) const;

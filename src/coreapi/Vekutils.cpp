@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
-#include <random>
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekactionapi.h"
@@ -68,11 +67,10 @@ std::string GetSysDirectory(const Platform& platform) {
 std::string GetTemporaryFileName(const Platform& platform, std::string_view prefix, std::string_view folder) {
   const std::string start =
       AsFolder(platform, folder.empty() ? platform.environment->TempFolder() : folder).append(prefix);
-  std::random_device random;
   std::string fileName;
   do {
     char number[9];
-    std::snprintf(number, sizeof number, "%08X", static_cast<unsigned>(random()));
+    std::snprintf(number, sizeof number, "%08X", platform.environment->RandomNumber());
     fileName = platform.environment->FullPath(start + number + ".tmp");
   } while (platform.entries->EntryExists(fileName));
   return fileName;

@@ -15,6 +15,9 @@ class OutputStream {
   virtual SysResult Write(std::string_view bytes) = 0;
 };
 
+/// The exit code of a process that the user has stopped.
+inline constexpr int kStoppedByUser = 130;
+
 class Console {
  public:
   virtual ~Console() = default;
@@ -33,7 +36,7 @@ class Console {
   virtual std::optional<std::string> ReadLine() = 0;
 
   /// Calls `handler` on a thread of its own at the first Ctrl-C (or a termination request, or when the
-  /// terminal goes away); the second one ends the process with exit code 130, and by force the program that
+  /// terminal goes away); the second one ends the process with kStoppedByUser, and by force the program that
   /// it runs. One handler at a time; destroying the guard removes it.
   class InterruptGuard {
    public:

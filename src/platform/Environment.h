@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,6 +29,9 @@ class Environment {
   virtual std::string NativePath(std::string_view path) = 0;
 
   virtual std::string TempFolder() = 0;
+
+  /// A number that nobody can guess, for names that must not meet another's.
+  virtual uint32_t RandomNumber() = 0;
 
   /// Where the operating system keeps its programs.
   virtual std::string SystemFolder() = 0;

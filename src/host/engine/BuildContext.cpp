@@ -15,6 +15,7 @@ BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue,
       catalogue_(catalogue),
       events_(events),
       unattended_(unattended),
+      stop_(*platform.clock),
       fileSets_(*this) {}
 
 BuildContext::~BuildContext() = default;

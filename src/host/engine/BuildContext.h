@@ -39,7 +39,6 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
 
   /// What log lines are reported under. The engine moves it as it walks the tree.
   void SetCurrentPath(std::string path) { path_ = std::move(path); }
-  const std::string& CurrentPath() const { return path_; }
 
   /// Whether the code that runs may show user interface.
   bool InSynchronize() const { return inSynchronize_; }

@@ -1,8 +1,17 @@
 #include "host/engine/StopControl.h"
 
 #include <algorithm>
+#include <chrono>
+#include <limits>
 
 #include "coreapi/Vekactionapi.h"
+#include "platform/Clock.h"
+
+namespace {
+
+constexpr double kNever = std::numeric_limits<double>::infinity();
+
+}  // namespace
 
 StopControl::~StopControl() {
   {
@@ -29,9 +38,7 @@ bool StopControl::Wait(double seconds) {
 StopControl::Running::Running(StopControl& control, TCustomVekAction& action, uint32_t timeoutSeconds)
     : control_(control) {
   const std::lock_guard lock(control_.mutex_);
-  const TimePoint deadline = timeoutSeconds == 0
-                                 ? TimePoint::max()
-                                 : std::chrono::steady_clock::now() + std::chrono::seconds(timeoutSeconds);
+  const double deadline = timeoutSeconds == 0 ? kNever : control_.clock_.Seconds() + timeoutSeconds;
   control_.running_.push_back({&action, deadline});
   if (timeoutSeconds == 0) return;
   if (!control_.watchdog_.joinable()) control_.watchdog_ = std::thread([&control] { control.Watch(); });
@@ -53,20 +60,21 @@ bool StopControl::Running::TimedOut() const {
 void StopControl::Watch() {
   std::unique_lock lock(mutex_);
   while (!quit_) {
-    TimePoint next = TimePoint::max();
+    double next = kNever;
     for (const Entry& entry : running_) {
       if (!entry.timedOut) next = std::min(next, entry.deadline);
     }
-    if (next == TimePoint::max()) {
+    if (next == kNever) {
       changed_.wait(lock);
     } else {
-      changed_.wait_until(lock, next);
+      changed_.wait_for(lock, std::chrono::duration<double>(next - clock_.Seconds()));
     }
-    MarkExpired(std::chrono::steady_clock::now());
+    MarkExpired();
   }
 }
 
-void StopControl::MarkExpired(TimePoint now) {
+void StopControl::MarkExpired() {
+  const double now = clock_.Seconds();
   for (size_t i = 0; i < running_.size(); ++i) {
     if (running_[i].timedOut || running_[i].deadline > now) continue;
     running_[i].timedOut = true;

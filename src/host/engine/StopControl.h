@@ -1,20 +1,20 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
 #include <thread>
 #include <vector>
 
+class Clock;
 class TCustomVekAction;
 
 /// Ends a build before its time: at the user's wish, when the log cannot be written, or, for one action and
 /// what runs below it, when its time is up. The running actions are asked to terminate; loops poll Stopped.
 class StopControl {
  public:
-  StopControl() = default;
+  explicit StopControl(Clock& clock) : clock_(clock) {}
   ~StopControl();
   StopControl(const StopControl&) = delete;
   StopControl& operator=(const StopControl&) = delete;
@@ -45,16 +45,17 @@ class StopControl {
   bool Wait(double seconds);
 
  private:
-  using TimePoint = std::chrono::steady_clock::time_point;
   struct Entry {
     TCustomVekAction* action;
-    TimePoint deadline;
+    double deadline;  // in the clock's seconds
     bool timedOut = false;
   };
 
   void Watch();
-  void MarkExpired(TimePoint now);
+  void MarkExpired();
   void TerminateRunning(size_t outermost);
+
+  Clock& clock_;
 
   // Recursive, because what an action does to end may make the log fail, which asks the build to stop.
   std::recursive_mutex mutex_;

@@ -39,7 +39,8 @@ constexpr std::string_view kHelp[] = {
 
 constexpr std::string_view kHidden[] = {"ErrorCount"};
 
-bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != std::string_view::npos; }
+/// Also one in a folder's name, where it means nothing.
+bool ContainsWildcard(std::string_view text) { return text.find_first_of("*?") != std::string_view::npos; }
 
 /// What the names in a folder are added to; that of no folder is the root.
 std::string StartOfFolder(const Platform& platform, std::string_view folder) {
@@ -75,7 +76,7 @@ struct TCustomCopyFilesAction::CopyRun {
 
 void TCustomCopyFilesAction::SetFileSpec(std::string_view value) {
   if (value == fileSpec_) return;
-  const bool hasWildcard = HasWildcard(value);
+  const bool hasWildcard = ContainsWildcard(value);
   UpdateKeyValue(kFileSpecKey, fileSpec_, value);
   if (hasWildcard) SetTargetIsDir(true);
 }
@@ -197,7 +198,7 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
   const auto search = GetPlatform().finder->Open(spec, FileAttribute::AnyFile, FindDetail::Names, found);
   // A walk into the sub-folders comes upon the same and reports it.
   if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
-  const bool takesAll = HasWildcard(spec);
+  const bool takesAll = ContainsWildcard(spec);
   std::string sourceFile = folder;
   std::string targetFile = targetIsDir_ ? StartOfFolder(GetPlatform(), target) : target;
   const size_t targetLength = targetFile.size();

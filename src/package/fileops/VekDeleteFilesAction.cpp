@@ -1,6 +1,7 @@
 #include "fileops/VekDeleteFilesAction.h"
 
 #include "base/WindowsPath.h"
+#include "coreapi/Vekfolderwalk.h"
 #include "coreapi/Vekutils.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
@@ -74,16 +75,17 @@ bool TCustomDeleteFilesAction::Execute() {
   return result;
 }
 
-/// Deletes match after match; false when an error ended it.
+/// Deletes match after match; false when an error or the wish to stop ended it.
 bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekActionLogMessage& message) {
   SysResult searchResult;
   const auto search =
       GetPlatform().finder->Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
+  if (IsUnreadable(searchResult)) ReportUnreadable(FolderPart(spec), searchResult.code);
   std::string fileName = SearchedFolder(GetPlatform(), spec);
   const size_t folderLength = fileName.size();
   for (FoundEntry match; search->Next(match);) {
     fileName.replace(folderLength, std::string::npos, match.name);
-    if (!DeleteMatch(fileName, match, message)) return false;
+    if (StopSignalled() || !DeleteMatch(fileName, match, message)) return false;
   }
   return true;
 }

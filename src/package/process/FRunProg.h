@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "coreapi/Vekactionapi.h"
-#include "coreapi/Vekactionhost.h"
 #include "coreapi/Vekprocess.h"
 
 /// "Execute Program": runs a program, waits for it or leaves it running, and brings its output into the log.
@@ -50,8 +49,8 @@ class TCustomRunProgramAction : public TVekAction, private IVekProcessEvents {
 
   void OnStdOutData(IVekProcess& process, std::string_view data) override;
   void OnStdErrData(IVekProcess& process, std::string_view data) override;
-  void BeginBurst() override { GetActionContext().HoldLog(true); }
-  void EndBurst() override { GetActionContext().HoldLog(false); }
+  void BeginBurst() override { HoldLog(true); }
+  void EndBurst() override { HoldLog(false); }
   void LogData(std::string_view eventName, IVekProcess& process, std::string_view data);
 
   WideString programName_;

@@ -20,7 +20,8 @@ constexpr std::string_view kHelp[] = {
     "WriteToPosition=Specify either Start or End to write the new content to",
 };
 
-std::string JoinLines(const StringList& lines) {
+/// Every line, the last one too, gets its break.
+std::string TextOf(const StringList& lines) {
   std::string text;
   for (const std::string& line : lines) text.append(line).append(kLineBreak);
   return text;
@@ -72,5 +73,5 @@ SysResult TCustomVekWriteToTextFileAction::AddToFile(const std::string& fileName
   const StringList added = SplitLines(std::string(text).append(kLineBreak));
   lines.insert(WriteToPosition == TVekWriteToPos::toStart ? lines.begin() : lines.end(), added.begin(),
                added.end());
-  return GetPlatform().contents->Replace(fileName, JoinLines(lines));
+  return GetPlatform().contents->Replace(fileName, TextOf(lines));
 }

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kStoppedByUser = 130;
-
 // What the event's counter grows by: it tells an interrupt from the end of the watch.
 constexpr uint64_t kInterrupt = 1, kEnd = uint64_t{1} << 32;
 

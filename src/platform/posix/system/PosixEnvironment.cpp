@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <pwd.h>
+#include <random>
 #include <unistd.h>
 #include <vector>
 
@@ -95,6 +96,8 @@ std::string PosixEnvironment::TempFolder() {
   const char* folder = std::getenv("TMPDIR");
   return FullPath(folder != nullptr && *folder != '\0' ? folder : "/tmp");
 }
+
+uint32_t PosixEnvironment::RandomNumber() { return std::random_device()(); }
 
 std::string PosixEnvironment::DataFolder() {
   // A relative XDG folder is to be ignored.

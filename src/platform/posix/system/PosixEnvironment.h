@@ -14,6 +14,7 @@ class PosixEnvironment final : public Environment {
   char PathDelimiter(std::string_view path) override;
   std::string NativePath(std::string_view path) override;
   std::string TempFolder() override;
+  uint32_t RandomNumber() override;
   std::string SystemFolder() override { return "/usr/bin"; }
   std::string DataFolder() override;
   std::string ProgramFolder() override;

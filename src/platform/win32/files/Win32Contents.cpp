@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr size_t kBlock = size_t{1} << 20;
 
 SysResult ReadAll(HANDLE file, std::string& contents) {

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
 /// The attributes of an entry, a link's own; none when there is no such entry.
 DWORD AttributesOf(const std::wstring& native) { return GetFileAttributesW(native.c_str()); }
 

@@ -18,7 +18,6 @@ SysResult WriteNew(const std::wstring& name, std::string_view contents) {
 }  // namespace
 
 Handle OpenToReplace(const std::wstring& native) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   return Handle(CreateFileW(native.c_str(), DELETE | GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                             FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }

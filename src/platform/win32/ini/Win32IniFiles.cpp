@@ -49,7 +49,6 @@ void ForEachText(std::wstring_view list, Take take) {
 
 /// The system's functions know a mark of UTF-16; that of UTF-8 they would take for text of the first line.
 bool HasUtf8Mark(const std::wstring& native) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const Handle file(CreateFileW(native.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
   char mark[3];
   DWORD count = 0;

@@ -27,6 +27,9 @@ class Handle {
   HANDLE handle_;
 };
 
+/// For looks in passing, which stand against nobody.
+inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 /// Keeps the system from asking the user in a box (no disk in the drive, a missing DLL) on this thread.
 class NoErrorBoxes {
  public:

@@ -1,5 +1,7 @@
 #include "platform/win32/system/Win32Environment.h"
 
+#include <random>
+
 #include "base/WindowsPath.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -80,6 +82,8 @@ std::string Win32Environment::TempFolder() {
 std::string Win32Environment::SystemFolder() {
   return Folder(Answer([](wchar_t* buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); }));
 }
+
+uint32_t Win32Environment::RandomNumber() { return std::random_device()(); }
 
 std::string Win32Environment::DataFolder() {
   const auto local = Variable("LOCALAPPDATA");

@@ -11,6 +11,7 @@ class Win32Environment final : public Environment {
   char PathDelimiter(std::string_view path) override;
   std::string NativePath(std::string_view path) override;
   std::string TempFolder() override;
+  uint32_t RandomNumber() override;
   std::string SystemFolder() override;
   std::string DataFolder() override;
   std::string ProgramFolder() override;

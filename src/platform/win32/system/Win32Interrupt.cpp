@@ -10,8 +10,6 @@ std::mutex handlerGuard;
 std::function<void()> currentHandler;
 std::atomic<int> interrupts = 0;
 
-constexpr UINT kStoppedByUser = 130;
-
 /// Called on a thread that the system makes for each event.
 BOOL WINAPI OnConsoleEvent(DWORD event) {
   if (++interrupts > 1) TerminateProcess(GetCurrentProcess(), kStoppedByUser);
