@@ -5,18 +5,13 @@ namespace {
 constexpr std::string_view kAliases[] = {"[Iterator]", "LoopVariable=Loop Variable"};
 constexpr std::string_view kHelp[] = {"LoopVariable=Variable that receives the value of each pass"};
 
-constexpr PropertyRow kProperties[] = {
-    Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("LoopVariable",
-                                                                                   TextRole::Variable),
-};
-
 }  // namespace
 
 const ActionClass TVekBaseIterator::kClass{.inherited = &TVekAction::kClass,
                                            .className = "TVekBaseIterator",
                                            .aliases = kAliases,
                                            .help = kHelp,
-                                           .properties = kProperties,
+                                           .properties = kPublished,
                                            .raises = true};
 
 EIteratorException::~EIteratorException() = default;

@@ -9,18 +9,13 @@ constexpr int32_t kFileSetNameKey = 0;
 constexpr std::string_view kAliases[] = {"[File Set]", "FileSetName=FileSet"};
 constexpr std::string_view kHelp[] = {"FileSetName=The name of the project's file set"};
 
-constexpr PropertyRow kProperties[] = {
-    Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName",
-                                                                                     TextRole::FileSet),
-};
-
 }  // namespace
 
 const ActionClass TFileSetBaseAction::kClass{.inherited = &TVekAction::kClass,
                                              .className = "TFileSetBaseAction",
                                              .aliases = kAliases,
                                              .help = kHelp,
-                                             .properties = kProperties};
+                                             .properties = kPublished};
 
 TFileSetBaseAction::~TFileSetBaseAction() = default;
 

@@ -13,6 +13,10 @@ class VEK_API TFileSetBaseAction : public TVekAction {
 
   const std::string& FileSetName() const { return fileSetName_; }
   void SetFileSetName(std::string_view value);
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName",
+                                                                                       TextRole::FileSet),
+  };
 
   std::string GetDescriptionKeyValue(int32_t index) const override;
   void SetDescriptionKeyValue(int32_t index, std::string_view value) override;

@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr std::string_view kTypeNames[] = {"ByteString", "WideString",  "WordBool", "Boolean",    "Integer",
-                                           "Cardinal",   "Enumeration", "Set",      "StringList", "DateTime"};
-
 constexpr std::string_view kRoleNames[] = {"plain",    "file",    "folder", "wildcard",
                                            "variable", "fileset", "script"};
 
@@ -77,8 +74,6 @@ std::optional<PropertyValue> AsValue(const std::optional<T>& value) {
 }
 
 }  // namespace
-
-std::string_view PropertyTypeName(PropertyType type) { return kTypeNames[static_cast<size_t>(type)]; }
 
 std::string_view TextRoleName(TextRole role) { return kRoleNames[static_cast<size_t>(role)]; }
 

@@ -43,7 +43,12 @@ enum class PropertyType {
   DateTime
 };
 
-VEK_API std::string_view PropertyTypeName(PropertyType type);
+inline constexpr std::string_view kPropertyTypeNames[] = {
+    "ByteString", "WideString",  "WordBool", "Boolean",    "Integer",
+    "Cardinal",   "Enumeration", "Set",      "StringList", "DateTime"};
+constexpr std::string_view PropertyTypeName(PropertyType type) {
+  return kPropertyTypeNames[static_cast<size_t>(type)];
+}
 
 /// What a text stands for; of a string list, what each of its lines does.
 enum class TextRole {
@@ -135,7 +140,7 @@ struct PropertyRow {
   }
 
   /// The type as property editors name it: an enumeration or set goes by its own name.
-  std::string_view TypeName() const { return enumType ? enumType().name : PropertyTypeName(type); }
+  constexpr std::string_view TypeName() const { return enumType ? enumType().name : PropertyTypeName(type); }
 };
 
 /// The text of a value as the project file holds it. String lists have none of their own (they are lists of

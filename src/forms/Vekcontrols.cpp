@@ -47,6 +47,16 @@ void TCheckBox::WriteTo(TLumXMLObject& action) const {
   Property()->set(action, checked_ ? bits | memberBit_ : bits & ~int64_t{memberBit_});
 }
 
+StringList TCheckBox::Choices() const {
+  StringList members;
+  if (!memberBit_) return members;
+  for (uint32_t bit = 1; std::string_view member : Property()->enumType().values) {
+    if (bit == memberBit_) members.emplace_back(member);
+    bit <<= 1;
+  }
+  return members;
+}
+
 TRadioButton::TRadioButton(TFrame& page, std::string_view name, const PropertyRow* property,
                            PropertyValue choice)
     : ControlOf(page, name, property), choice_(std::move(choice)) {}
@@ -60,6 +70,10 @@ void TRadioButton::SetChecked(bool checked) {
     if (other && other != this && other->checked_ && other->Property() == Property())
       other->SetChecked(false);
   }
+}
+
+StringList TRadioButton::Choices() const {
+  return Property() ? StringList{PropertyToText(*Property(), choice_)} : StringList{};
 }
 
 void TRadioButton::Click() {

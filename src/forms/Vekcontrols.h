@@ -32,6 +32,10 @@ class VEK_FORMS_API TControl {
   const std::string& Hint() const { return hint_; }
   bool Enabled() const { return enabled_; }
   bool Visible() const { return visible_; }
+
+  /// What it offers to choose from: the items of a list, or what a check box or radio button stands for.
+  virtual StringList Choices() const { return {}; }
+
   void SetCaption(std::string_view caption);
   void SetHint(std::string_view hint);
   void SetEnabled(bool enabled);
@@ -89,6 +93,7 @@ class VEK_FORMS_API TCheckBox final : public ControlOf<TCheckBox> {
   TCheckBox(TFrame& page, std::string_view name, const PropertyRow* property, uint32_t memberBit = 0);
   ~TCheckBox() override;
   std::string_view ClassName() const override { return "TCheckBox"; }
+  StringList Choices() const override;
 
   bool Checked() const { return checked_; }
   void SetChecked(bool checked);
@@ -111,6 +116,7 @@ class VEK_FORMS_API TRadioButton final : public ControlOf<TRadioButton> {
   TRadioButton(TFrame& page, std::string_view name, const PropertyRow* property, PropertyValue choice);
   ~TRadioButton() override;
   std::string_view ClassName() const override { return "TRadioButton"; }
+  StringList Choices() const override;
 
   bool Checked() const { return checked_; }
   void SetChecked(bool checked);  // true unchecks the rest of the group

@@ -6,14 +6,10 @@
 #include "coreapi/Vekerrors.h"
 #include "coreapi/Vekutils.h"
 
-namespace {
-
-[[noreturn]] void RaiseMisfit(const PropertyRow& row, std::string_view text) {
+void RaiseMisfit(const PropertyRow& row, std::string_view text) {
   throw EVekError("property " + std::string(row.name) + ": \"" + std::string(text) + "\" is not " +
                   DescribeExpectedText(row));
 }
-
-}  // namespace
 
 TCustomEdit::~TCustomEdit() = default;
 TEdit::~TEdit() = default;
@@ -61,6 +57,10 @@ TButtonEdit& TButtonEdit::BrowsesForFile(std::string_view title, std::string_vie
   });
 }
 
+TButtonEdit& TButtonEdit::BrowsesForFile(const FileDialog& dialog) {
+  return BrowsesForFile(dialog.title, dialog.filter, dialog.defaultExtension);
+}
+
 TButtonEdit& TButtonEdit::BrowsesForDirectory(std::string_view title) {
   return OnButtonClick([this, title = std::string(title)] {
     std::string folder = Text();
@@ -90,6 +90,7 @@ int32_t TComboBox::ItemIndex() const {
   return item == items_.end() ? -1 : static_cast<int32_t>(item - items_.begin());
 }
 
+StringList TComboBox::Choices() const { return items_; }
 void TComboBox::Choose(size_t index) { Enter(items_.at(index)); }
 
 void TComboBox::CheckValue() const {

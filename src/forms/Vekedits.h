@@ -9,6 +9,14 @@
 #include "forms/Vekcontrols.h"
 #include "vekforms_export.h"
 
+/// What a chooser asks; of one that chooses a folder the title alone.
+struct FileDialog {
+  std::string_view title, filter = {}, defaultExtension = {};
+};
+
+/// Raises EVekError: the text is no value of the property.
+[[noreturn]] void RaiseMisfit(const PropertyRow& row, std::string_view text);
+
 /// The controls that hold text.
 class VEK_FORMS_API TCustomEdit : public TControl {
  public:
@@ -67,6 +75,7 @@ class VEK_FORMS_API TButtonEdit final : public ControlOf<TButtonEdit, TCustomEdi
   /// The button opens a chooser on the text; what is chosen replaces it.
   TButtonEdit& BrowsesForFile(std::string_view title, std::string_view filter,
                               std::string_view defaultExtension = {});
+  TButtonEdit& BrowsesForFile(const FileDialog& dialog);
   TButtonEdit& BrowsesForDirectory(std::string_view title);
 
  private:
@@ -81,6 +90,7 @@ class VEK_FORMS_API TComboBox final : public ControlOf<TComboBox, TCustomEdit> {
   TComboBox(TFrame& page, std::string_view name, const PropertyRow* property);
   ~TComboBox() override;
   std::string_view ClassName() const override { return "TComboBox"; }
+  StringList Choices() const override;
 
   /// The values of an enumeration by ordinal, under their own names unless the page gives captions.
   const StringList& Items() const { return items_; }

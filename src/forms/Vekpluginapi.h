@@ -78,6 +78,7 @@ class VEK_FORMS_API TFrame {
 template <class Action>
 class TActionFrame : public TFrame {
  public:
+  using EditedAction = Action;
   explicit TActionFrame(std::string_view pageName) : TFrame(pageName, EditedClass()) {}
 
  protected:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
 
 #include "coreapi/Vekactionapi.h"
@@ -33,22 +34,46 @@ namespace property_detail {
 
 inline constexpr PropertyRow kNoRow{};
 
-/// The row of that name: of the class itself, of the classes it inherits from, of the base of every action.
-template <class Action>
-consteval const PropertyRow& FindRow(std::string_view name) {
+/// The first row that `matches`: of the class itself, of the classes it inherits from, of the base of every
+/// action.
+template <class Action, class Matches>
+consteval const PropertyRow& FirstRow(Matches matches) {
   if constexpr (requires { Action::kPublished; }) {
     for (const PropertyRow& row : Action::kPublished) {
-      if (row.name == name) return row;
+      if (matches(row)) return row;
     }
   }
   if constexpr (requires { typename Action::PublishedBase; }) {
-    return FindRow<typename Action::PublishedBase>(name);
+    return FirstRow<typename Action::PublishedBase>(matches);
   } else {
     for (const PropertyRow& row : kVekActionProperties) {
-      if (row.name == name) return row;
+      if (matches(row)) return row;
     }
     return kNoRow;
   }
+}
+
+template <class Action>
+consteval const PropertyRow& FindRow(std::string_view name) {
+  return FirstRow<Action>([name](const PropertyRow& row) { return row.name == name; });
+}
+
+constexpr char Lower(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+}
+
+/// Whether no two properties of the class have one name; inherited ones count, letter case does not.
+template <class Action>
+consteval bool HasUniqueNames() {
+  for (const PropertyRow& row : Action::kPublished) {
+    int count = 0;
+    FirstRow<Action>([&](const PropertyRow& other) {
+      count += std::ranges::equal(row.name, other.name, {}, Lower, Lower) ? 1 : 0;
+      return false;
+    });
+    if (count > 1) return false;
+  }
+  return true;
 }
 
 template <class Demand>

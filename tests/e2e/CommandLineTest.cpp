@@ -89,6 +89,9 @@ TEST(CommandLine, DescribeAnswersWhatTheClassAnswers) {
   EXPECT_EQ(answer.at("helpTopicId"), 3230);
   EXPECT_EQ(answer.at("quickHelpFilename"), "Plugins\\WriteToTextFile.html");
   EXPECT_EQ(answer.at("pages")[0].at("className"), "TWriteToTextFileFrame");
+  EXPECT_EQ(answer.at("pages")[0].at("controls")[6],
+            nlohmann::json::parse(R"({"name": "rbToStart", "kind": "RadioButton", "caption": "Start of File",
+      "hint": "", "property": "WriteToPosition", "choices": ["toStart"]})"));
   const auto& last = answer.at("properties").back();
   EXPECT_EQ(last,
             nlohmann::json::parse(R"({"name": "WriteToPosition", "type": "Enumeration", "default": "toEnd",

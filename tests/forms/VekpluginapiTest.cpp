@@ -193,6 +193,15 @@ TEST_F(Page, TellsItsOwnerWhatChanged) {
   EXPECT_THAT(owner.changed, testing::UnorderedElementsAre("rbOn", "rbOff", "rbOn", "txtNumber"));
 }
 
+TEST_F(Page, ControlsSayWhatTheyOffer) {
+  const auto choices = [this](const char* name) { return page.FindControl(name)->Choices(); };
+  EXPECT_THAT(choices("cbMode"), ElementsAre("First", "Second", "Third"));
+  EXPECT_THAT(choices("cbWide"), ElementsAre("one", "two"));
+  EXPECT_THAT(choices("rbOff"), ElementsAre("False"));
+  EXPECT_THAT(choices("chkModesThird"), ElementsAre("smThird"));
+  EXPECT_THAT(choices("chkFlag"), ElementsAre());
+}
+
 TEST_F(Page, IsMadeByItsClass) {
   const PageClass& pageClass = kPageClass<TSamplePage>;
   EXPECT_EQ(pageClass.className, "TSamplePage");

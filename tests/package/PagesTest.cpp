@@ -1,18 +1,9 @@
-#include <algorithm>
-
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "pages/FCopyMoveEditFrame.h"
-#include "pages/FRunProgFrame.h"
-#include "pages/VekCreateFileFrame.h"
-#include "pages/VekFileIteratorFrame.h"
-#include "pages/VekFileNameEditEx.h"
-#include "pages/VekFileSetCopyMoveFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
-#include "pages/Vekreadiniframe.h"
-#include "pages/Vekwriteiniframe.h"
+#include "pages/Vekeditors.h"
 #include "support/NullHost.h"
 #include "support/ScriptedServices.h"
 
@@ -52,11 +43,25 @@ TEST(DeleteFilesPage, WritesThroughTheSetters) {
   EXPECT_EQ(action.FailIfNoFile.Raw(), 2);  // a truth that did not change is kept as it is
 }
 
-TEST(DeleteFilesEditor, AsksItsOwnQuestions) {
+TEST(Editors, AskTheirOwnQuestions) {
+  const struct {
+    const EditorClass& editor;
+    StringList asked;
+  } cases[] = {
+      {kFileNameEditEx, {"Select File", "old", "All Files(*.*)|*.*", "*.*"}},
+      {kIniFileNameEdit, {"Select Ini File", "old", "Configuration files(*.ini)|*.ini", "*.ini"}},
+      {kRunProgEditor,
+       {"Select Program File", "old", "Program Files (*.exe)|*.exe|All Files (*.*)|*.*", ".exe"}},
+      {kStartDirectoryEditor, {"Select Start Directory", "old"}},
+  };
   ScriptedServices services;
-  std::string text = "old";
-  kEditorClass<TFileNameEditEx>.create()->Edit(text);
-  EXPECT_THAT(services.asked, ElementsAre("Select File", "old", "All Files(*.*)|*.*", "*.*"));
+  NullHost host;
+  TDeleteFilesAction action(host);
+  action.SetFileSpec("old");
+  for (const auto& wanted : cases) {
+    wanted.editor.Create(action, *action.FindProperty("FileSpec"))->Edit();
+    EXPECT_EQ(services.asked, wanted.asked) << wanted.editor.className;
+  }
 }
 
 TEST(WriteToTextFilePage, ChoosesThePosition) {
@@ -68,37 +73,6 @@ TEST(WriteToTextFilePage, ChoosesThePosition) {
   Find<TRadioButton>(page, "rbToStart").Click();
   page.WriteActionData(action);
   EXPECT_EQ(action.WriteToPosition, TVekWriteToPos::toStart);
-}
-
-/// Properties that could be edited and are not.
-template <class Action, class Page>
-StringList Unedited() {
-  StringList names;
-  const Page page;
-  for (const PropertyRow& row : Action::kPublished) {
-    const auto binds = [&row](const auto& control) {
-      return control->Property() && control->Property()->name == row.name;
-    };
-    if (row.published && row.set && !std::ranges::any_of(page.Controls(), binds))
-      names.emplace_back(row.name);
-  }
-  return names;
-}
-
-TEST(Pages, EditEveryProperty) {
-  const StringList all;
-  EXPECT_EQ((Unedited<TDeleteFilesAction, TDeleteFilesFrame>()), all);
-  EXPECT_EQ((Unedited<TVekCreateTextFileAction, TCreateFileFrame>()), all);
-  EXPECT_EQ((Unedited<TVekWriteToTextFileAction, TWriteToTextFileFrame>()), all);
-  EXPECT_EQ((Unedited<TReadIniFileAction, TReadIniFrame>()), all);
-  EXPECT_EQ((Unedited<TWriteIniFileAction, TWriteIniFrame>()), all);
-  EXPECT_EQ((Unedited<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>()), all);
-  EXPECT_EQ((Unedited<TFileIterator, TFileIteratorFrame>()), all);
-  EXPECT_EQ((Unedited<TRunProgramAction, TRunProgramFrame>()), all);
-  EXPECT_EQ((Unedited<TRunDosCMDAction, TRunDosCmdFrame>()), all);
-  EXPECT_EQ((Unedited<TCopyFilesAction, TCopyFrame>()), (StringList{"FilesAffected", "ErrorCount"}));
-  EXPECT_EQ((Unedited<TMoveFilesAction, TMoveFrame>()),
-            (StringList{"Recurse", "FilesAffected", "ErrorCount"}));
 }
 
 }  // namespace

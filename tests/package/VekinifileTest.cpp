@@ -1,7 +1,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
-#include "pages/Vekinieditors.h"
+#include "pages/Vekeditors.h"
 #include "pages/Vekreadiniframe.h"
 #include "pages/Vekwriteiniframe.h"
 #include "platform/Entries.h"
@@ -328,19 +328,11 @@ TEST(IniPages, OfferTheProjectsVariables) {
   EXPECT_EQ(action.VariableName, "COUNT");
   EXPECT_EQ(action.ValueType, vtInteger);
 
-  const TIniVariableEditor editor;
-  EXPECT_EQ(editor.GetAttribute(), TPropertyAttribute::paValueList);
-  EXPECT_THAT(editor.GetValues(), ElementsAre("OUT", "COUNT"));
+  const auto editor = kIniVariableEditor.Create(action, *action.FindProperty("VariableName"));
+  EXPECT_EQ(editor->GetAttribute(), TPropertyAttribute::paValueList);
+  EXPECT_THAT(editor->GetValues(), ElementsAre("OUT", "COUNT"));
   services.RemoveDesigner();
-  EXPECT_THAT(editor.GetValues(), IsEmpty());
-}
-
-TEST(IniEditors, AskForAnIniFile) {
-  ScriptedServices services;
-  std::string text = "old";
-  EXPECT_FALSE(kEditorClass<TIniFileNameEdit>.create()->Edit(text));
-  EXPECT_THAT(services.asked,
-              ElementsAre("Select Ini File", "old", "Configuration files(*.ini)|*.ini", "*.ini"));
+  EXPECT_THAT(editor->GetValues(), IsEmpty());
 }
 
 }  // namespace

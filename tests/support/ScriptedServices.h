@@ -6,14 +6,11 @@
 #include <utility>
 
 #include "coreapi/Vekservices.h"
+#include "host/catalogue/Catalogue.h"
 
-/// A user who answers every chooser the same way, and an option store; installed as the process's host
-/// services while it lives.
-class ScriptedServices final : IVekActionServices,
-                               IVekScriptingServices,
-                               IVekOptionsServices,
-                               IVekDialogServices,
-                               IVekDesignApplicationServices {
+/// A user who answers every chooser the same way, an option store and a catalogue; installed as the process's
+/// host services while it lives.
+class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesignApplicationServices {
  public:
   ScriptedServices() { InstallVekServices(&services_); }
   ~ScriptedServices() { InstallVekServices(nullptr); }
@@ -24,6 +21,7 @@ class ScriptedServices final : IVekActionServices,
   StringList asked;                   // title, text, filter, default extension of the last chooser
   std::map<std::pair<std::string, std::string>, std::string> options;
   StringList variables;  // what the designer knows
+  Catalogue catalogue;   // what was registered
 
   /// From now on this is a host without a designer.
   void RemoveDesigner() { services_.design = nullptr; }
@@ -48,20 +46,11 @@ class ScriptedServices final : IVekActionServices,
     return option == options.end() ? "" : option->second;
   }
 
+  void RegisterOptionsPage(const OptionsClass&, std::string_view) override {}
+
   void GetVariableNames(StringList& names) override {
     names.insert(names.end(), variables.begin(), variables.end());
   }
 
-  void RegisterAction(std::string_view, std::string_view, const ActionClass&, std::string_view) override {}
-  void RegisterPropertyPages(const ActionClass&, std::span<const PageClass* const>) override {}
-  void RegisterPropertyEditor(std::string_view, const ActionClass&, const EditorClass&,
-                              std::string_view) override {}
-  void RegisterScriptConstant(std::string_view, const Variant&) override {}
-  void RegisterScriptMethod(const ActionClass&, std::string_view, std::string_view,
-                            ScriptMethodHandler) override {}
-  void RegisterScriptEnumType(const EnumType&) override {}
-  ScriptMethodHandler FindScriptMethod(const ActionClass&, std::string_view) override { return nullptr; }
-  void RegisterOptionsPage(const OptionsClass&, std::string_view) override {}
-
-  VekHostServices services_{*this, *this, *this, *this, this};
+  VekHostServices services_{catalogue, catalogue, *this, *this, this};
 };

@@ -25,10 +25,27 @@ Json PageClassNames(const CatalogueEntry& entry) {
   return names;
 }
 
+Json ControlsOf(const TFrame& page) {
+  Json controls = Json::array();
+  for (const auto& control : page.Controls()) {
+    const PropertyRow* property = control->Property();
+    controls.push_back({{"name", control->Name()},
+                        {"kind", control->ClassName().substr(1)},
+                        {"caption", control->Caption()},
+                        {"hint", control->Hint()},
+                        {"property", property ? property->name : ""},
+                        {"choices", control->Choices()}});
+  }
+  return controls;
+}
+
 Json PagesOf(const CatalogueEntry& entry) {
   Json pages = Json::array();
-  for (const PageClass* page : entry.pages) {
-    pages.push_back({{"className", page->className}, {"pageName", page->create()->PageName()}});
+  for (const PageClass* pageClass : entry.pages) {
+    const auto page = pageClass->create();
+    pages.push_back({{"className", pageClass->className},
+                     {"pageName", page->PageName()},
+                     {"controls", ControlsOf(*page)}});
   }
   return pages;
 }

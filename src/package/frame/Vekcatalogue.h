@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string_view>
@@ -40,8 +41,11 @@ consteval CatalogueRow ActionRow(std::string_view typeId, std::string_view displ
                                  std::string_view category) {
   static_assert(std::is_base_of_v<TCustomVekAction, Action>, "a catalogue row takes an action class");
   static_assert(
-      requires { Action::kPublished; }, "a catalogue row takes the published class");
+      requires { Action::kClassName; }, "a catalogue row takes the published class");
+  static_assert(property_detail::HasUniqueNames<Action>(), "two properties of the class have one name");
   static_assert((std::is_base_of_v<TFrame, Pages> && ...), "what follows the action class are its pages");
+  static_assert((std::is_base_of_v<typename Pages::EditedAction, Action> && ...),
+                "one of the pages edits another action");
   if (typeId.empty() || category.empty()) throw "an action type has a type id and a category";
   return {.typeId = typeId,
           .displayName = displayName,
@@ -53,8 +57,44 @@ consteval CatalogueRow ActionRow(std::string_view typeId, std::string_view displ
 consteval CatalogueRow RoutineRow(void (*routine)(bool designTime)) { return {.routine = routine}; }
 consteval CatalogueRow PageRoutineRow(void (*routine)()) { return {.pageRoutine = routine}; }
 
-template <class Action, class Editor>
-consteval EditorRow PropertyEditor(std::string_view propertyType, std::string_view propertyName) {
-  static_assert(std::is_base_of_v<TPropertyEditor, Editor>, "an editor row takes an editor class");
-  return {propertyType, &Action::Class, propertyName, &kEditorClass<Editor>};
+template <size_t N>
+consteval bool HasUniqueTypeIds(const CatalogueRow (&rows)[N]) {
+  for (const CatalogueRow& row : rows) {
+    const auto isSame = [&row](const CatalogueRow& other) { return other.typeId == row.typeId; };
+    if (!row.typeId.empty() && std::ranges::count_if(rows, isSame) > 1) return false;
+  }
+  return true;
+}
+
+/// Whether the class has a property of that name and type; without a name, of that type.
+template <class Action>
+consteval bool HasProperty(std::string_view type, std::string_view name) {
+  const PropertyRow& found = property_detail::FirstRow<Action>([&](const PropertyRow& row) {
+    return row.published && row.TypeName() == type && (name.empty() || row.name == name);
+  });
+  return !found.name.empty();
+}
+
+template <class Action>
+const ActionClass& ClassOf() {
+  if constexpr (requires { Action::Class(); }) {
+    return Action::Class();
+  } else {
+    return Action::kClass;  // a logic class: its editors are those of every class below it
+  }
+}
+
+template <class Action>
+consteval EditorRow PropertyEditor(std::string_view propertyType, std::string_view propertyName,
+                                   const EditorClass& editor) {
+  if (!HasProperty<Action>(propertyType, propertyName)) throw "the class has no such property of this type";
+  return {propertyType, &ClassOf<Action>, propertyName, &editor};
+}
+
+/// A row that is wanted although it applies to nothing.
+template <class Action>
+consteval EditorRow IdlePropertyEditor(std::string_view propertyType, std::string_view propertyName,
+                                       const EditorClass& editor) {
+  if (HasProperty<Action>(propertyType, propertyName)) throw "this row applies: it is no idle one";
+  return {propertyType, &ClassOf<Action>, propertyName, &editor};
 }

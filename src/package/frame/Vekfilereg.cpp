@@ -11,12 +11,10 @@
 #include "pages/FRunProgFrame.h"
 #include "pages/VekCreateFileFrame.h"
 #include "pages/VekFileIteratorFrame.h"
-#include "pages/VekFileNameEditEx.h"
 #include "pages/VekFileSetCopyMoveFrame.h"
-#include "pages/VekRunProgEditors.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
-#include "pages/Vekinieditors.h"
+#include "pages/Vekeditors.h"
 #include "pages/Vekreadiniframe.h"
 #include "pages/Vekwriteiniframe.h"
 #include "process/FRunProg.h"
@@ -53,8 +51,8 @@ void RegisterEditors(std::span<const EditorRow> editors) {
 }
 
 constexpr EditorRow kMoveEditors[] = {
-    PropertyEditor<TMoveFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
-    PropertyEditor<TMoveFilesAction, TFileNameEditEx>("WideString", "Target"),
+    PropertyEditor<TMoveFilesAction>("WideString", "FileSpec", kFileNameEditEx),
+    PropertyEditor<TMoveFilesAction>("WideString", "Target", kFileNameEditEx),
 };
 
 void RegisterMoveEditors() { RegisterEditors(kMoveEditors); }
@@ -78,18 +76,19 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };
+static_assert(HasUniqueTypeIds(kCatalogue), "two rows have one type id");
 
 // The two rows of Delete File(s) apply to nothing: it has no Target, and its FileSpec is a byte string.
 constexpr EditorRow kEditors[] = {
-    PropertyEditor<TDeleteFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
-    PropertyEditor<TDeleteFilesAction, TFileNameEditEx>("WideString", "Target"),
-    PropertyEditor<TCopyFilesAction, TFileNameEditEx>("WideString", "FileSpec"),
-    PropertyEditor<TCopyFilesAction, TFileNameEditEx>("WideString", "Target"),
-    PropertyEditor<TReadIniFileAction, TIniFileNameEdit>("WideString", "IniFile"),
-    PropertyEditor<TWriteIniFileAction, TIniFileNameEdit>("WideString", "IniFile"),
-    PropertyEditor<TReadIniFileAction, TIniVariableEditor>("WideString", "VariableName"),
-    PropertyEditor<TRunProgramAction, TRunProgEditor>("WideString", "ProgramName"),
-    PropertyEditor<TRunProgramAction, TStartDirectoryEditor>("WideString", "StartInDir"),
+    IdlePropertyEditor<TDeleteFilesAction>("WideString", "FileSpec", kFileNameEditEx),
+    IdlePropertyEditor<TDeleteFilesAction>("WideString", "Target", kFileNameEditEx),
+    PropertyEditor<TCopyFilesAction>("WideString", "FileSpec", kFileNameEditEx),
+    PropertyEditor<TCopyFilesAction>("WideString", "Target", kFileNameEditEx),
+    PropertyEditor<TReadIniFileAction>("WideString", "IniFile", kIniFileNameEdit),
+    PropertyEditor<TWriteIniFileAction>("WideString", "IniFile", kIniFileNameEdit),
+    PropertyEditor<TReadIniFileAction>("WideString", "VariableName", kIniVariableEditor),
+    PropertyEditor<TRunProgramAction>("WideString", "ProgramName", kRunProgEditor),
+    PropertyEditor<TRunProgramAction>("WideString", "StartInDir", kStartDirectoryEditor),
 };
 // clang-format on
 

@@ -1,16 +1,16 @@
 #include "pages/FRunProgFrame.h"
 
-#include "pages/VekRunProgEditors.h"
+#include "pages/Vekeditors.h"
 
 TRunProgramFrame::TRunProgramFrame() : TRunFrame("Program") {
   Heading("Program");
   ButtonEdit("txtProgramFile", "ProgramName")
       .Hint("Program to execute")
-      .BrowsesForFile(TRunProgEditor::kTitle, TRunProgEditor::kFilter, TRunProgEditor::kExtension);
+      .BrowsesForFile(kRunProgEditor.dialog);
   Edit("txtParams", "Params").Hint("Command line parameters");
   ButtonEdit("txtStartDir", "StartInDir")
       .Hint("Folder to start in")
-      .BrowsesForDirectory(TStartDirectoryEditor::kTitle);
+      .BrowsesForDirectory(kStartDirectoryEditor.dialog.title);
   AddOptions();
 }
 
@@ -19,6 +19,6 @@ TRunDosCmdFrame::TRunDosCmdFrame() : TRunFrame("Command") {
   Memo("memCommand", "Command").Hint("Command to execute");
   ButtonEdit("txtStartDir", "StartInDir")
       .Hint("Folder to start in")
-      .BrowsesForDirectory(TStartDirectoryEditor::kTitle);
+      .BrowsesForDirectory(kStartDirectoryEditor.dialog.title);
   AddOptions();
 }

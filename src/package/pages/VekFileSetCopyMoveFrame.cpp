@@ -1,8 +1,7 @@
 #include "pages/VekFileSetCopyMoveFrame.h"
 
-TFileSetCopyMoveFrame::TFileSetCopyMoveFrame()
-    : TActionFrame("FileSet Copy/Move"),
-      fileSetName_(Edit("txtFileSetName").Caption("FileSet").Hint("Name of the project's file set")) {
+TFileSetCopyMoveFrame::TFileSetCopyMoveFrame() : TActionFrame("FileSet Copy/Move") {
+  Edit("txtFileSetName", "FileSetName").Caption("FileSet").Hint("Name of the project's file set");
   CheckBox("chkRefreshBefore", "Refresh File List Before", "RefreshBefore");
   CheckBox("chkFailIfFileNotFound", "Fail If File Not Found", "FailIfFileNotFound");
   Heading("Destination Folder");
@@ -17,15 +16,4 @@ TFileSetCopyMoveFrame::TFileSetCopyMoveFrame()
   RadioButton("rbCopy", "Copy Files", "Move", false);
   RadioButton("rbMove", "Move Files", "Move", true);
   CheckBox("chkClearAttributes", "Clear Attributes", "ClearAttributes");
-}
-
-// The name of the file set is published by the base of all actions on file sets.
-void TFileSetCopyMoveFrame::ReadActionData(TVekAction& action) {
-  TActionFrame::ReadActionData(action);
-  fileSetName_.SetText(Edited(action).FileSetName());
-}
-
-void TFileSetCopyMoveFrame::WriteActionData(TVekAction& action) {
-  TActionFrame::WriteActionData(action);
-  Edited(action).SetFileSetName(fileSetName_.Text());
 }

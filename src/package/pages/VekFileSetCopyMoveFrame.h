@@ -7,9 +7,4 @@ class TFileSetCopyMoveFrame final : public TActionFrame<TVekFileSetCopyMoveActio
  public:
   static constexpr std::string_view kClassName = "TFileSetCopyMoveFrame";
   TFileSetCopyMoveFrame();
-  void ReadActionData(TVekAction& action) override;
-  void WriteActionData(TVekAction& action) override;
-
- private:
-  TEdit& fileSetName_;
 };

@@ -1,12 +1,10 @@
 #include "pages/Vekreadiniframe.h"
 
-#include "pages/Vekinieditors.h"
+#include "pages/Vekeditors.h"
 
 TReadIniFrame::TReadIniFrame() : TActionFrame("Read Ini File") {
   Heading("Ini File");
-  ButtonEdit("txtIniFile", "IniFile")
-      .Hint("Ini file to read")
-      .BrowsesForFile("Select Ini File", "Configuration files(*.ini)|*.ini", "*.ini");
+  ButtonEdit("txtIniFile", "IniFile").Hint("Ini file to read").BrowsesForFile(kIniFileNameEdit.dialog);
   Heading("Value");
   Edit("txtSection", "Section").Hint("Section");
   Edit("txtValueName", "ValueName").Hint("Value name");
@@ -19,5 +17,5 @@ TReadIniFrame::TReadIniFrame() : TActionFrame("Read Ini File") {
 /// The variables may be others each time the page is shown.
 void TReadIniFrame::InitPage(TVekAction& action) {
   TActionFrame::InitPage(action);
-  variable_->Items(TIniVariableEditor().GetValues());
+  variable_->Items(TVariableNameEditor::VariableNames());
 }

@@ -1,10 +1,10 @@
 #include "pages/Vekwriteiniframe.h"
 
+#include "pages/Vekeditors.h"
+
 TWriteIniFrame::TWriteIniFrame() : TActionFrame("Write Ini File") {
   Heading("Ini File");
-  ButtonEdit("txtIniFile", "IniFile")
-      .Hint("Ini file to write to")
-      .BrowsesForFile("Select Ini File", "Configuration files(*.ini)|*.ini", "*.ini");
+  ButtonEdit("txtIniFile", "IniFile").Hint("Ini file to write to").BrowsesForFile(kIniFileNameEdit.dialog);
   CheckBox("chkAllowCreate", "Create Ini File if Missing", "AllowCreate");
   Heading("Value");
   Edit("txtSection", "Section").Hint("Section");

@@ -44,6 +44,7 @@ constexpr std::string_view kCommandHelp[] = {
     "SuccessRC=Minimum return code to be considered a successfull execution",
 };
 
+// They stay hidden in a view that shows what the class inherits without publishing it.
 constexpr std::string_view kCommandHidden[] = {"ProgramName", "Params"};
 
 }  // namespace

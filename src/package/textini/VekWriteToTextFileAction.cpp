@@ -16,6 +16,7 @@ constexpr std::string_view kAliases[] = {
 constexpr std::string_view kHelp[] = {
     "NewContent=This text will be written to the file.  Any variables used will be expanded.",
     "CreateIfNotExists=Create the file if it doesn't exist",
+    // Hosts see this line, though the property has another name here.
     "NewFileName=The location and name of the file",
     "WriteToPosition=Specify either Start or End to write the new content to",
 };
