@@ -5,6 +5,7 @@
 #include "coreapi/Vekactionhost.h"
 #include "platform/ErrorTexts.h"
 #include "platform/Platform.h"
+#include "platform/Processes.h"
 
 namespace {
 
@@ -178,6 +179,17 @@ bool TCustomVekAction::TryExpandExpression(std::string_view propertyTitle, std::
   return true;
 }
 
+bool TCustomVekAction::AttemptOrReport(std::string_view complaint, const std::string& subject,
+                                       std::string_view mark, const std::function<void()>& step) const {
+  try {
+    step();
+    return true;
+  } catch (const std::exception& error) {
+    SendStatusMessage({std::string(complaint) + subject, std::string(mark) + error.what()});
+    return false;
+  }
+}
+
 std::shared_ptr<IVekActionLogMessage> TCustomVekAction::CreateStatusMessage() const {
   return std::make_shared<LogMessage>();
 }
@@ -215,6 +227,14 @@ void TCustomVekAction::UpdateKeyValue(int32_t index, std::string_view /*current*
 }
 
 bool TCustomVekAction::StopSignalled() { return host_.StopSignalled(); }
+void TCustomVekAction::RearmStop(std::atomic<bool>& flag) {
+  flag = false;
+  if (StopSignalled()) flag = true;
+}
+void TCustomVekAction::RearmStop(StopEvent& event) {
+  event.Reset();
+  if (StopSignalled()) event.Signal();
+}
 void TCustomVekAction::Synchronize(const std::function<void()>& method) const { host_.Synchronize(method); }
 bool TCustomVekAction::GetIsUnattended() const { return host_.IsUnattended(); }
 IVekProjectObjectAPI& TCustomVekAction::GetProjectObjectAPI() const { return host_.GetProjectObjectAPI(); }

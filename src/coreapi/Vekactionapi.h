@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -21,6 +22,7 @@
 struct Platform;
 class IVekActionHost;
 class IVekProjectObjectAPI;
+class StopEvent;
 
 /// A status message: a block of lines that reaches the build log in one piece.
 class IVekActionLogMessage {
@@ -155,6 +157,11 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   bool TryExpandExpression(std::string_view propertyTitle, std::string_view text, std::string& expanded,
                            bool required) const;
 
+  /// Does one step of Execute. What it raises is reported in a status message: `complaint` with `subject` as
+  /// far as the step brought it, then `mark` with the reason; answers false then.
+  bool AttemptOrReport(std::string_view complaint, const std::string& subject, std::string_view mark,
+                       const std::function<void()>& step) const;
+
   // The build log.
   std::shared_ptr<IVekActionLogMessage> CreateStatusMessage() const;
   void SendStatusMessage(const std::shared_ptr<IVekActionLogMessage>& message) const;
@@ -176,6 +183,10 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// SetDescriptionKeyValue and so keeps the description current.
   void UpdateKeyValue(int32_t index, std::string_view current, std::string_view value);
   virtual bool StopSignalled();
+
+  /// Clears what TerminateAction sets, as a run begins; a wish to stop that came before it is kept.
+  void RearmStop(std::atomic<bool>& flag);
+  void RearmStop(StopEvent& event);
   void Synchronize(const std::function<void()>& method) const;
   bool GetIsUnattended() const;
   IVekProjectObjectAPI& GetProjectObjectAPI() const;

@@ -106,8 +106,7 @@ bool TCustomCopyFilesAction::Validate(IVekActionValidationError& errors) {
 void TCustomCopyFilesAction::StartRun() {
   FilesAffected = 0;
   ErrorCount = 0;
-  cancel_ = false;
-  if (StopSignalled()) cancel_ = true;  // the wish to stop may have come before the flag was cleared
+  RearmStop(cancel_);
   copyOptions_.failIfExists = FailIfExists;
   madeFolder_.clear();
 }
@@ -158,13 +157,11 @@ void TCustomCopyFilesAction::ShowProgress(uint64_t transferred, uint64_t total) 
 bool TCustomCopyFilesAction::Execute() {
   StartRun();
   std::string source, target;
-  try {
+  const auto expand = [&] {
     source = Expanded(fileSpec_);
     if (!source.empty()) target = Expanded(Target);
-  } catch (const std::exception& error) {
-    SendStatusMessage({"Unable to Copy files : " + source, error.what()});
-    return false;
-  }
+  };
+  if (!AttemptOrReport("Unable to Copy files : ", source, "", expand)) return false;
   if (source.empty() || target.empty()) {
     SendMessage(source.empty() ? "Error: No source file specified." : "Error: No target file specified.");
     return false;

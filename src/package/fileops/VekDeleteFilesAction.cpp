@@ -58,12 +58,8 @@ bool TCustomDeleteFilesAction::Validate(IVekActionValidationError& errors) {
 bool TCustomDeleteFilesAction::Execute() {
   filesAffected_ = 0;
   std::string spec;
-  try {
-    spec = Trim(ExpandExpression(fileSpec_, true));
-  } catch (const std::exception& error) {
-    SendStatusMessage({"Unable to Delete file : " + spec, std::string("--> ") + error.what()});
-    return false;
-  }
+  const auto expand = [&] { spec = Trim(ExpandExpression(fileSpec_, true)); };
+  if (!AttemptOrReport("Unable to Delete file : ", spec, "--> ", expand)) return false;
   if (spec.empty()) return !FailIfNoFile;
 
   const auto message = CreateStatusMessage();

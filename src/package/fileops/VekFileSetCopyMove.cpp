@@ -68,14 +68,11 @@ bool TCustomVekFileSetCopyMoveAction::Validate(IVekActionValidationError& errors
 void TCustomVekFileSetCopyMoveAction::TerminateAction() {
   TFileSetBaseAction::TerminateAction();
   SendMessage("Terminating...");
-  stopLoop_ = true;
-  cancelCopy_ = true;
+  cancel_ = true;
 }
 
 void TCustomVekFileSetCopyMoveAction::StartRun() {
-  stopLoop_ = cancelCopy_ = false;
-  // The wish to stop may have come before the flags were cleared.
-  if (StopSignalled()) stopLoop_ = cancelCopy_ = true;
+  RearmStop(cancel_);
   totalBytes_ = finishedBytes_ = fileBytes_ = 0;
   lastPercent_ = 0;
   progressText_.clear();
@@ -100,7 +97,7 @@ bool TCustomVekFileSetCopyMoveAction::ExecuteFileSet(IVekFileSet& fileSet) {
   const StringList files = SplitAt(fileSet.GetFileList(kSeparator), kSeparator);
   SendMessage((Move ? "Moving " : "Copying ") + std::to_string(files.size()) + " files...");
   for (const std::string& file : files) {
-    if (stopLoop_) return false;
+    if (cancel_) return false;
     if (IsThere(file)) CopyOrMove(file, DestinationOf(file, baseFolder, destinationFolder));
   }
   return true;
@@ -193,7 +190,7 @@ SysResult TCustomVekFileSetCopyMoveAction::Transfer(const std::string& source,
   }
   return entries.Copy(source, destination,
                       {.failIfExists = OverwriteMode == TCopyOverwriteMode::owFail,
-                       .cancel = &cancelCopy_,
+                       .cancel = &cancel_,
                        .progress = progress});
 }
 

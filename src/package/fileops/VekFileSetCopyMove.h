@@ -57,8 +57,7 @@ class TCustomVekFileSetCopyMoveAction : public TFileSetBaseAction {
   void ShowProgress(uint64_t transferred, uint64_t size);
   std::string SystemMessage(std::string_view text, SysResult result) const;
 
-  std::atomic<bool> stopLoop_ = false;
-  std::atomic<bool> cancelCopy_ = false;
+  std::atomic<bool> cancel_ = false;
   std::string madeFolder_;      // the last one that was made or seen
   uint64_t totalBytes_ = 0;     // of the file set
   uint64_t finishedBytes_ = 0;  // of the files that are done

@@ -74,13 +74,11 @@ bool TCustomMoveFilesAction::Execute() {
   StartRun();
   readOnlyMet_ = false;
   std::string source, target;
-  try {
+  const auto expand = [&] {
     source = Expanded(FileSpec());
     target = Expanded(Target);
-  } catch (const std::exception& error) {
-    SendStatusMessage({" --> Unable to Move files : " + source, std::string(" --> ") + error.what()});
-    return false;
-  }
+  };
+  if (!AttemptOrReport(" --> Unable to Move files : ", source, " --> ", expand)) return false;
   if (source.empty() || target.empty()) return true;
 
   const auto message = CreateStatusMessage();

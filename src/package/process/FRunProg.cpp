@@ -97,8 +97,7 @@ bool TCustomRunProgramAction::Execute() {
   CommandLine command;
   if (!ExpandCommandLine(command)) return false;
 
-  stopEvent_.Reset();
-  if (StopSignalled()) stopEvent_.Signal();  // the wish to stop may have come before the reset
+  RearmStop(stopEvent_);
   if (!(LogOutput ? RunCaptured(command) : Run(command))) return false;
 
   if (returnCode_ <= SuccessRC) return true;
@@ -110,30 +109,20 @@ bool TCustomRunProgramAction::Execute() {
 }
 
 bool TCustomRunProgramAction::ExpandCommandLine(CommandLine& command) {
-  try {
+  return AttemptOrReport("Unable to Execute Program  : ", command.program, "--> ", [&] {
     command.program = Trim(ExpandExpression(programName_));
     if (command.program.empty()) throw EVekError("Program file not specified");
     command.parameters = Trim(ExpandExpression(Params));
     command.startDirectory = Trim(ExpandExpression(StartInDir));
-    return true;
-  } catch (const std::exception& error) {
-    SendStatusMessage(
-        {"Unable to Execute Program  : " + command.program, std::string("--> ") + error.what()});
-    return false;
-  }
+  });
 }
 
 bool TCustomRunProgramAction::Run(const CommandLine& command) {
-  try {
+  return AttemptOrReport("Error while trying to Execute Program  : ", command.program, "--> ", [&] {
     ShowCommandLine(command);
     returnCode_ = RunProcess(GetPlatform(), command.program, command.parameters, HideWindow,
                              WaitForCompletion, command.startDirectory, nullptr, stopEvent_);
-    return true;
-  } catch (const std::exception& error) {
-    SendStatusMessage(
-        {"Error while trying to Execute Program  : " + command.program, std::string("--> ") + error.what()});
-    return false;
-  }
+  });
 }
 
 bool TCustomRunProgramAction::RunCaptured(const CommandLine& command) {

@@ -106,12 +106,9 @@ bool TCustomReadIniFileAction::Validate(IVekActionValidationError& errors) {
 
 std::optional<std::string> TCustomIniFileAction::Expand(std::string_view complaint,
                                                         const WideString& property) const {
-  try {
-    return ExpandExpression(property);
-  } catch (const std::exception& error) {
-    SendStatusMessage({Line(complaint, property), error.what()});
-    return {};
-  }
+  std::optional<std::string> text;
+  AttemptOrReport(complaint, property, "", [&] { text = ExpandExpression(property); });
+  return text;
 }
 
 /// A bare name is refused, because the system would look for it in a folder of its own.
@@ -137,13 +134,8 @@ bool TCustomReadIniFileAction::Execute() {
   if (!defaultText) return false;
   const auto defaultValue = TypedDefault(*defaultText);
   if (!defaultValue) return false;
-  try {
-    ReadEntry(*entry, *defaultText, *defaultValue);
-    return true;
-  } catch (const std::exception& error) {
-    SendStatusMessage({Line(kCannotRead, entry->path), error.what()});
-    return false;
-  }
+  return AttemptOrReport(kCannotRead, entry->path, "",
+                         [&] { ReadEntry(*entry, *defaultText, *defaultValue); });
 }
 
 std::optional<TCustomIniFileAction::Entry> TCustomReadIniFileAction::ExpandEntry() const {
@@ -214,13 +206,10 @@ bool TCustomWriteIniFileAction::Execute() {
     SendMessage("File : " + *path + " is marked as Read Only!");
     return false;
   }
-  try {
-    if (WriteEntry({*path, *section, *name}, *value)) return true;
-  } catch (const std::exception& error) {
-    SendStatusMessage({Line(kCannotWrite, *path), error.what()});
-  }
+  bool written = false;
+  AttemptOrReport(kCannotWrite, *path, "", [&] { written = WriteEntry({*path, *section, *name}, *value); });
   // Into a file that was there, a write that fails does not fail the action: only its messages tell.
-  return fileExists;
+  return written || fileExists;
 }
 
 bool TCustomWriteIniFileAction::IsReadOnly(const std::string& path) const {
