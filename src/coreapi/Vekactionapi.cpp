@@ -5,7 +5,6 @@
 #include "coreapi/Vekactionhost.h"
 #include "platform/ErrorTexts.h"
 #include "platform/Platform.h"
-#include "platform/Processes.h"
 
 namespace {
 
@@ -179,17 +178,6 @@ bool TCustomVekAction::TryExpandExpression(std::string_view propertyTitle, std::
   return true;
 }
 
-bool TCustomVekAction::AttemptOrReport(std::string_view complaint, const std::string& subject,
-                                       std::string_view mark, const std::function<void()>& step) const {
-  try {
-    step();
-    return true;
-  } catch (const std::exception& error) {
-    SendStatusMessage({std::string(complaint) + subject, std::string(mark) + error.what()});
-    return false;
-  }
-}
-
 std::shared_ptr<IVekActionLogMessage> TCustomVekAction::CreateStatusMessage() const {
   return std::make_shared<LogMessage>();
 }
@@ -227,14 +215,6 @@ void TCustomVekAction::UpdateKeyValue(int32_t index, std::string_view /*current*
 }
 
 bool TCustomVekAction::StopSignalled() { return host_.StopSignalled(); }
-void TCustomVekAction::RearmStop(std::atomic<bool>& flag) {
-  flag = false;
-  if (StopSignalled()) flag = true;
-}
-void TCustomVekAction::RearmStop(StopEvent& event) {
-  event.Reset();
-  if (StopSignalled()) event.Signal();
-}
 void TCustomVekAction::Synchronize(const std::function<void()>& method) const { host_.Synchronize(method); }
 bool TCustomVekAction::GetIsUnattended() const { return host_.IsUnattended(); }
 IVekProjectObjectAPI& TCustomVekAction::GetProjectObjectAPI() const { return host_.GetProjectObjectAPI(); }
@@ -242,7 +222,4 @@ void TCustomVekAction::SetProjectModified() const { host_.SetProjectModified(); 
 const Platform& TCustomVekAction::GetPlatform() const { return host_.GetPlatform(); }
 std::string TCustomVekAction::SysErrorMessage(Win32Error code) const {
   return GetPlatform().errorTexts->Text(code);
-}
-void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
-  host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));
 }

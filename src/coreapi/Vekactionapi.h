@@ -157,11 +157,6 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   bool TryExpandExpression(std::string_view propertyTitle, std::string_view text, std::string& expanded,
                            bool required) const;
 
-  /// Does one step of Execute. What it raises is reported in a status message: `complaint` with `subject` as
-  /// far as the step brought it, then `mark` with the reason; answers false then.
-  bool AttemptOrReport(std::string_view complaint, const std::string& subject, std::string_view mark,
-                       const std::function<void()>& step) const;
-
   // The build log.
   std::shared_ptr<IVekActionLogMessage> CreateStatusMessage() const;
   void SendStatusMessage(const std::shared_ptr<IVekActionLogMessage>& message) const;
@@ -183,10 +178,6 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// SetDescriptionKeyValue and so keeps the description current.
   void UpdateKeyValue(int32_t index, std::string_view current, std::string_view value);
   virtual bool StopSignalled();
-
-  /// Clears what TerminateAction sets, as a run begins; a wish to stop that came before it is kept.
-  void RearmStop(std::atomic<bool>& flag);
-  void RearmStop(StopEvent& event);
   void Synchronize(const std::function<void()>& method) const;
   bool GetIsUnattended() const;
   IVekProjectObjectAPI& GetProjectObjectAPI() const;
@@ -196,6 +187,22 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
 
   /// The system's message for an error code.
   std::string SysErrorMessage(Win32Error code) const;
+
+  // Steps that many actions have in common.
+  /// Does one step of Execute. What it raises is reported in a status message: `complaint` with `subject` as
+  /// far as the step brought it, then `mark` with the reason; answers false then.
+  bool AttemptOrReport(std::string_view complaint, const std::string& subject, std::string_view mark,
+                       const std::function<void()>& step) const;
+
+  /// Clears what TerminateAction sets, as a run begins; a wish to stop that came before it is kept.
+  void RearmStop(std::atomic<bool>& flag);
+  void RearmStop(StopEvent& event);
+
+  /// Calls `visit` with a folder, which ends in a delimiter or is empty for the current one, and when asked
+  /// with every folder below it that is neither hidden nor system, parents first; ends when the build is to
+  /// stop.
+  using FolderVisit = std::function<void(const std::string& folder)>;
+  void WalkFolders(const std::string& folder, bool recurse, const FolderVisit& visit);
 
   /// Reports a folder that a search could not look into, and which it leaves out.
   void ReportUnreadable(std::string_view folder, Win32Error code) const;

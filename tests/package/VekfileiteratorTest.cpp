@@ -2,6 +2,7 @@
 #include "gtest/gtest.h"
 
 #include "iterators/Vekfileiterator.h"
+#include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "support/NullHost.h"

@@ -4,6 +4,7 @@
 
 #include "base/WindowsPath.h"
 #include "coreapi/Vekfilesets.h"
+#include "coreapi/Vekfolderwalk.h"
 #include "coreapi/Vekutils.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
@@ -113,25 +114,15 @@ void TCustomFileIterator::SearchFiles(const std::string& spec) {
   try {
     SendMessage("Searching for Files...");
     files_.clear();
-    TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder,
-                     [this](std::string_view folder, Win32Error code) { ReportUnreadable(folder, code); });
-    Search(walk, SearchedFolder(GetPlatform(), spec), NamePart(spec));
+    const std::string_view mask = NamePart(spec);
+    WalkFolders(SearchedFolder(GetPlatform(), spec), recurse_,
+                [&](const std::string& folder) { TakeMatches(folder, mask); });
     SendMessage("Found " + std::to_string(files_.size()) + " Files.");
     SendFileList();
     UpdateIterationCount();
   } catch (const std::exception& error) {
     throw EIteratorException(std::string("Error while searching for files : ") + error.what());
   }
-}
-
-/// The matches of a folder, then those of its sub-folders.
-void TCustomFileIterator::Search(TFolderWalk& walk, const std::string& folder, std::string_view mask) {
-  TakeMatches(folder, mask);
-  if (!recurse_) return;
-  walk.ForEachFolder(folder, FileAttribute::Directory, [&](const std::string& name) {
-    Search(walk, AsFolder(GetPlatform(), folder + name), mask);
-    return !StopSignalled();
-  });
 }
 
 void TCustomFileIterator::TakeMatches(const std::string& folder, std::string_view mask) {

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "coreapi/Vekbaseiteratoraction.h"
-#include "coreapi/Vekfolderwalk.h"
 
 /// "File Iterator": runs its children once for every file of a list, which comes from a file specification or
 /// from a file set of the project.
@@ -46,7 +45,6 @@ class TCustomFileIterator : public TVekBaseIterator {
   using NameSet = std::set<std::string_view, LessNoCase>;
 
   void SearchFiles(const std::string& spec);
-  void Search(TFolderWalk& walk, const std::string& folder, std::string_view mask);
   void TakeMatches(const std::string& folder, std::string_view mask);
   void ReadFileSet();
   void MergeFileSet();

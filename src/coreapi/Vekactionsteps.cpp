@@ -1,0 +1,48 @@
+#include "coreapi/Vekactionapi.h"
+#include "coreapi/Vekactionhost.h"
+#include "coreapi/Vekfolderwalk.h"
+#include "coreapi/Vekutils.h"
+#include "platform/FileAttributes.h"
+#include "platform/Platform.h"
+#include "platform/Processes.h"
+
+// The steps of Execute that many actions have in common.
+
+bool TCustomVekAction::AttemptOrReport(std::string_view complaint, const std::string& subject,
+                                       std::string_view mark, const std::function<void()>& step) const {
+  try {
+    step();
+    return true;
+  } catch (const std::exception& error) {
+    SendStatusMessage({std::string(complaint) + subject, std::string(mark) + error.what()});
+    return false;
+  }
+}
+
+void TCustomVekAction::RearmStop(std::atomic<bool>& flag) {
+  flag = false;
+  if (StopSignalled()) flag = true;
+}
+
+void TCustomVekAction::RearmStop(StopEvent& event) {
+  event.Reset();
+  if (StopSignalled()) event.Signal();
+}
+
+void TCustomVekAction::WalkFolders(const std::string& folder, bool recurse, const FolderVisit& visit) {
+  TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder,
+                   [this](std::string_view unread, Win32Error code) { ReportUnreadable(unread, code); });
+  const FolderVisit descend = [&](const std::string& parent) {
+    visit(parent);
+    if (!recurse) return;
+    walk.ForEachFolder(parent, FileAttribute::Directory, [&](const std::string& name) {
+      descend(AsFolder(GetPlatform(), parent + name));
+      return !StopSignalled();
+    });
+  };
+  descend(folder);
+}
+
+void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
+  host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));
+}
