@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,9 @@ struct IniEntry {
   std::string name;
   std::string value;
 };
+
+/// What becomes of a section's other lines when entries are written to it.
+enum class OtherLines { Keep, Remove };
 
 /// INI files by path, with private-profile semantics: names compare without regard to case and to blanks
 /// around them, of several sections or keys of one name the first counts, a value loses the blanks and one
@@ -40,6 +44,11 @@ class IniFiles {
   /// end, a new file begins with it; a missing folder is PathNotFound, a read-only file AccessDenied.
   virtual SysResult Write(std::string_view path, std::string_view section, std::string_view key,
                           std::string_view value) = 0;
+
+  /// Writes all the entries of one section in the same way, the file changed once. With OtherLines::Remove
+  /// they take the place of the section as it was.
+  virtual SysResult WriteEntries(std::string_view path, std::string_view section,
+                                 std::span<const IniEntry> entries, OtherLines others) = 0;
 
   /// Removes the line of a key, or a section with all its lines. That there is none is success.
   virtual SysResult Delete(std::string_view path, std::string_view section, std::string_view key) = 0;

@@ -192,6 +192,14 @@ void IniText::SetText(std::string_view section, std::string_view key, std::strin
   }
 }
 
+bool IniText::SetEntries(std::string_view section, std::span<const IniEntry> entries, OtherLines others) {
+  const bool removed = others == OtherLines::Remove && RemoveSection(section);
+  for (const IniEntry& entry : entries)
+    SetText(AsStored(section), AsStored(entry.name), AsStored(entry.value));
+  Encode();
+  return removed || !entries.empty();
+}
+
 /// A line that is a bare name becomes the key's.
 void IniText::SetValue(size_t index, std::string_view value) {
   const Line line = lines_[index];

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,6 +28,9 @@ class IniText {
   std::vector<IniEntry> Entries(std::string_view section) const;
 
   void Set(std::string_view section, std::string_view key, std::string_view value);
+
+  /// False when nothing changes.
+  bool SetEntries(std::string_view section, std::span<const IniEntry> entries, OtherLines others);
 
   /// False when there is nothing to remove.
   bool Remove(std::string_view section, std::string_view key);

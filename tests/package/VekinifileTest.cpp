@@ -11,7 +11,6 @@
 #include "support/ScriptedServices.h"
 #include "textini/Vekconversions.h"
 #include "textini/Vekinifile.h"
-#include "textini/Vekinifileobject.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -296,18 +295,6 @@ TEST(Conversions, TextToIntegerAndBoolean) {
     EXPECT_EQ(StringToInteger(wanted.text), wanted.integer) << wanted.text;
     EXPECT_EQ(StringToBoolean(wanted.text), wanted.boolean) << wanted.text;
   }
-}
-
-TEST(IniFileObject, TellsMissingFromEmptyAndErasesSections) {
-  ActionFixture fixture;
-  fixture.folder.Write("f.ini", "[S]\na=\n[T]\nb=1\n");
-  const TIniFile ini(fixture.GetPlatform(), fixture.folder.Path("f.ini"));
-  EXPECT_TRUE(ini.ValueExists("S", "a"));
-  EXPECT_FALSE(ini.ValueExists("S", "b"));
-  ini.EraseSection("S");
-  EXPECT_EQ(fixture.folder.Read("f.ini"), "[T]\nb=1\n");
-  EXPECT_THROW(TIniFile(fixture.GetPlatform(), fixture.folder.Path("none/f.ini")).WriteBool("S", "a", true),
-               EVekError);
 }
 
 TEST(IniPages, OfferTheProjectsVariables) {

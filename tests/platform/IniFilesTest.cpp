@@ -168,6 +168,28 @@ TEST_F(IniFilesTest, AWriteChangesOneLine) {
   }
 }
 
+TEST_F(IniFilesTest, EntriesAreWrittenTogether) {
+  const std::vector<IniEntry> entries{{"b", "9"}, {"n", "1"}, {"N", "2"}};
+  const struct {
+    const char* before;
+    OtherLines others;
+    const char* after;
+  } cases[] = {
+      {"[S]\na=1\nb=2\n[T]\nb=3\n", OtherLines::Keep, "[S]\na=1\nb=9\nn=2\n[T]\nb=3\n"},
+      {"[S]\na=1\nb=2\n[T]\nb=3\n", OtherLines::Remove, "[T]\nb=3\n[S]\nb=9\nn=2\n"},
+      {"[T]\n", OtherLines::Remove, "[T]\n[S]\nb=9\nn=2\n"},
+  };
+  for (const auto& wanted : cases) {
+    folder.Write("f.ini", wanted.before);
+    EXPECT_TRUE(ini.WriteEntries(Path("f.ini"), "S", entries, wanted.others));
+    EXPECT_EQ(folder.Read("f.ini"), wanted.after);
+  }
+  EXPECT_TRUE(ini.WriteEntries(Path("f.ini"), "S", {}, OtherLines::Remove));
+  EXPECT_EQ(folder.Read("f.ini"), "[T]\n");
+  EXPECT_TRUE(ini.WriteEntries(Path("none.ini"), "S", {}, OtherLines::Remove));
+  EXPECT_FALSE(folder.Exists("none.ini"));
+}
+
 TEST_F(IniFilesTest, Utf16StaysUtf16) {
   using namespace std::string_literals;
   const std::string half = "\xFF\xFE[\0S\0]\0\n\0x\0=\0\0\xD8\n\0"s;  // x is half a pair

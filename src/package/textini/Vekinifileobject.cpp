@@ -32,12 +32,6 @@ bool TIniFile::ReadBool(std::string_view section, std::string_view key, bool fal
   return isNumber ? number != 0 : ReadInteger(section, key, fallback ? 1 : 0) != 0;
 }
 
-bool TIniFile::ValueExists(std::string_view section, std::string_view key) const {
-  std::optional<std::string> value;
-  Check(platform_.iniFiles->Read(path_, section, key, value));
-  return value.has_value();
-}
-
 void TIniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) const {
   Check(platform_.iniFiles->Write(path_, section, key, value));
 }
@@ -50,6 +44,13 @@ void TIniFile::WriteBool(std::string_view section, std::string_view key, bool va
   WriteString(section, key, value ? "1" : "0");
 }
 
-void TIniFile::EraseSection(std::string_view section) const {
-  Check(platform_.iniFiles->DeleteSection(path_, section));
+std::vector<IniEntry> TIniFile::ReadSection(std::string_view section) const {
+  std::vector<IniEntry> entries;
+  Check(platform_.iniFiles->ReadEntries(path_, section, entries));
+  return entries;
+}
+
+void TIniFile::WriteSection(std::string_view section, std::span<const IniEntry> entries,
+                            OtherLines others) const {
+  Check(platform_.iniFiles->WriteEntries(path_, section, entries, others));
 }

@@ -110,6 +110,11 @@ SysResult PosixIniFiles::Write(std::string_view path, std::string_view section, 
   });
 }
 
+SysResult PosixIniFiles::WriteEntries(std::string_view path, std::string_view section,
+                                      std::span<const IniEntry> entries, OtherLines others) {
+  return Change(path, [&](IniText& text) { return text.SetEntries(section, entries, others); });
+}
+
 SysResult PosixIniFiles::Delete(std::string_view path, std::string_view section, std::string_view key) {
   return Change(path, [&](IniText& text) { return text.Remove(section, key); });
 }

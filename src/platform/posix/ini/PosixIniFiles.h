@@ -22,6 +22,8 @@ class PosixIniFiles final : public IniFiles {
                         std::vector<IniEntry>& entries) override;
   SysResult Write(std::string_view path, std::string_view section, std::string_view key,
                   std::string_view value) override;
+  SysResult WriteEntries(std::string_view path, std::string_view section, std::span<const IniEntry> entries,
+                         OtherLines others) override;
   SysResult Delete(std::string_view path, std::string_view section, std::string_view key) override;
   SysResult DeleteSection(std::string_view path, std::string_view section) override;
 

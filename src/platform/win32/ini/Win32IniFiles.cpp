@@ -156,6 +156,11 @@ SysResult Win32IniFiles::Write(std::string_view path, std::string_view section, 
   });
 }
 
+SysResult Win32IniFiles::WriteEntries(std::string_view path, std::string_view section,
+                                      std::span<const IniEntry> entries, OtherLines others) {
+  return Change(path, [&](IniText& text) { return text.SetEntries(section, entries, others); });
+}
+
 SysResult Win32IniFiles::Delete(std::string_view path, std::string_view section, std::string_view key) {
   return Change(path, [&](IniText& text) { return text.Remove(section, key); });
 }
