@@ -22,6 +22,7 @@
 struct Platform;
 class IVekActionHost;
 class IVekProjectObjectAPI;
+enum class FolderLinks;
 class StopEvent;
 
 /// A status message: a block of lines that reaches the build log in one piece.
@@ -203,6 +204,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// stop.
   using FolderVisit = std::function<void(const std::string& folder)>;
   void WalkFolders(const std::string& folder, bool recurse, const FolderVisit& visit);
+
+  /// What a walk whose finds are handed out or changed does with links to folders.
+  FolderLinks GetFolderLinks() const;
 
   /// Reports a folder that a search could not look into, and which it leaves out.
   void ReportUnreadable(std::string_view folder, Win32Error code) const;

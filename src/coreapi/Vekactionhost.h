@@ -12,6 +12,7 @@ class IVekActionLogMessage;
 class IVekActionScript;
 class IVekProjectObjectAPI;
 class TCustomVekAction;
+enum class FolderLinks;
 
 /// What an action's base asks of the host that runs it. Actions do not see this interface; they call the
 /// operations of TCustomVekAction.
@@ -54,5 +55,8 @@ class IVekActionHost {
 
   /// The project's named objects. [build thread]
   virtual IVekProjectObjectAPI& GetProjectObjectAPI() = 0;
+
+  /// What the project says of links to folders, for walks whose finds are handed out or changed.
+  virtual FolderLinks GetFolderLinks() = 0;
   virtual void SetProjectModified() = 0;
 };

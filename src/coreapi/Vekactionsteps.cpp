@@ -30,7 +30,7 @@ void TCustomVekAction::RearmStop(StopEvent& event) {
 }
 
 void TCustomVekAction::WalkFolders(const std::string& folder, bool recurse, const FolderVisit& visit) {
-  TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder,
+  TFolderWalk walk(*GetPlatform().entries, *GetPlatform().finder, GetFolderLinks(),
                    [this](std::string_view unread, Win32Error code) { ReportUnreadable(unread, code); });
   const FolderVisit descend = [&](const std::string& parent) {
     visit(parent);
@@ -42,6 +42,8 @@ void TCustomVekAction::WalkFolders(const std::string& folder, bool recurse, cons
   };
   descend(folder);
 }
+
+FolderLinks TCustomVekAction::GetFolderLinks() const { return host_.GetFolderLinks(); }
 
 void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
   host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));

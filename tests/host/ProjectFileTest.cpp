@@ -82,6 +82,7 @@ TEST_F(ProjectFileTest, NamesTheFaultsOfTheFileAsAWhole) {
       {"<Vekproject Version='1'/>", "1: the root element is \"Vekproject\", not \"VekProject\""},
       {"<VekProject/>", "1: the attribute \"Version\" of VekProject is missing"},
       {"<VekProject Version='2'/>", "1: version \"2\" is not supported; version 1 is"},
+      {"<VekProject Version='1' FollowLinks='Yes'/>", "1: FollowLinks: \"Yes\" is not True or False"},
       {"<VekProject Verson='1'/>",
        "1: unknown attribute \"Verson\" of VekProject; did you mean \"Version\"?"},
       {"<VekProject Version='1' Version='1'/>", "1: a second attribute \"Version\" of VekProject"},
@@ -211,7 +212,7 @@ TEST_F(ProjectFileTest, CommandLineValuesRaiseTheSameWordingWithoutAPlace) {
 }
 
 constexpr std::string_view kFullProject = R"(<?xml version="1.0" encoding="UTF-8"?>
-<VekProject Version="1">
+<VekProject Version="1" FollowLinks="True">
   <Variables>
     <Variable Name="OUT" Type="String">%PROJECTDIR%\out </Variable>
     <Variable Name="COUNT" Type="Integer">%OUT%</Variable>

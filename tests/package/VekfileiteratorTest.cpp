@@ -136,11 +136,15 @@ TEST_F(FileIteratorTest, CountAndIndexFollowTheLoop) {
   EXPECT_EQ(iterator.FileCount(), 0);
 }
 
-TEST_F(FileIteratorTest, LinksThatLeadBackEndTheSearch) {
+TEST_F(FileIteratorTest, LinksToFoldersAreFollowedWhereTheProjectSaysSo) {
   folder.Write("a/x.txt");
+  folder.Write("b/y.txt");
   MakeLink("..", folder.Path("a/up"));
+  MakeLink("../b", folder.Path("a/side"));
   AddSearch("*.txt").SetRecurse(true);
-  EXPECT_THAT(Iterate(), ElementsAre("/a/x.txt"));
+  EXPECT_THAT(Iterate(), ElementsAre("/a/x.txt", "/b/y.txt"));
+  project.followLinks = true;
+  EXPECT_THAT(Iterate(), ElementsAre("/a/x.txt", "/a/side/y.txt", "/b/y.txt"));
 }
 
 TEST_F(FileIteratorTest, ReadsAFileSet) {

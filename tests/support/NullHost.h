@@ -22,6 +22,7 @@ class NullHost : public IVekActionHost {
   bool StopSignalled() override { Refuse("StopSignalled"); }
   bool IsUnattended() override { Refuse("IsUnattended"); }
   void Synchronize(const std::function<void()>&) override { Refuse("Synchronize"); }
+  FolderLinks GetFolderLinks() override { Refuse("GetFolderLinks"); }
   IVekProjectObjectAPI& GetProjectObjectAPI() override { Refuse("GetProjectObjectAPI"); }
   void SetProjectModified() override {}  // key values of any action that is loaded
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "coreapi/Vekactionapi.h"
+#include "coreapi/Vekfolderwalk.h"
 #include "host/catalogue/Catalogue.h"
 #include "host/log/EventSink.h"
 #include "host/project/Project.h"
@@ -107,6 +108,10 @@ void BuildContext::Synchronize(const std::function<void()>& method) {
 
 std::string BuildContext::NativePath(std::string_view path) {
   return platform_.environment->NativePath(path);
+}
+
+FolderLinks BuildContext::GetFolderLinks() {
+  return project_ && project_->followLinks ? FolderLinks::Follow : FolderLinks::Leave;
 }
 
 IVekScriptObject* BuildContext::ActionByName(std::string_view name) {

@@ -62,6 +62,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   bool IsUnattended() override { return unattended_; }
   void Synchronize(const std::function<void()>& method) override;
   IVekProjectObjectAPI& GetProjectObjectAPI() override { return fileSets_; }
+  FolderLinks GetFolderLinks() override;
   void SetProjectModified() override {}
 
  private:

@@ -65,7 +65,7 @@ class Evaluation {
   Evaluation(IVekActionHost& host, const FileSetDeclaration& declaration)
       : host_(host),
         finder_(*host.GetPlatform().finder),
-        walk_(*host.GetPlatform().entries, finder_,
+        walk_(*host.GetPlatform().entries, finder_, host.GetFolderLinks(),
               [&host](std::string_view folder, Win32Error code) {
                 throw EVekError("cannot search " + std::string(folder) + ": " +
                                 host.GetPlatform().errorTexts->Text(code));

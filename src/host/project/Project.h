@@ -30,7 +30,8 @@ struct ActionNode {
 };
 
 struct Project {
-  std::string fileName;  // full path; empty when there is none
+  std::string fileName;      // full path; empty when there is none
+  bool followLinks = false;  // iterators and file sets go into folders through links
   std::vector<VariableDeclaration> variables;
   std::vector<FileSetDeclaration> fileSets;
   std::vector<ActionNode> actions;

@@ -72,6 +72,7 @@ class Reader {
 
  private:
   void CheckVersion(Node root) const;
+  bool ReadFollowLinks(Node root) const;
   VariableDeclaration ReadVariable(Node element, NameSet& names) const;
   std::string ReadVariableType(Node element, const std::string& place) const;
   FileSetDeclaration ReadFileSet(Node element, NameSet& names) const;
@@ -90,6 +91,7 @@ Project Reader::Read() {
   const Node root = xml_.Root("VekProject");
   CheckVersion(root);
   Project project;
+  project.followLinks = ReadFollowLinks(root);
   NameSet variables, fileSets;
   xml_.ForEachElement(root, "", {"Variables", "FileSets", "Actions"}, [&](Node section) {
     xml_.RefuseSecond(section, "");
@@ -110,11 +112,18 @@ Project Reader::Read() {
 }
 
 void Reader::CheckVersion(Node root) const {
-  xml_.CheckAttributes(root, "", {"Version"});
+  xml_.CheckAttributes(root, "", {"Version", "FollowLinks"});
   const std::string version = xml_.RequiredAttribute(root, "", "Version");
   if (version != "1") {
     xml_.Fail(root, "", "version " + Quoted(version) + " is not supported; version 1 is");
   }
+}
+
+bool Reader::ReadFollowLinks(Node root) const {
+  const auto text = xml_.Attribute(root, "", "FollowLinks");
+  if (!text) return false;
+  if (const auto truth = ParseBoolean(*text)) return *truth;
+  xml_.Fail(root, "", "FollowLinks: " + Quoted(*text) + " is not True or False");
 }
 
 VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {

@@ -143,7 +143,11 @@ void WriteActions(XmlWriter& xml, const std::vector<ActionNode>& actions, const 
 
 std::string WriteProject(const Project& project) {
   XmlWriter xml;
-  xml.Open("VekProject", {{"Version", "1"}});
+  if (project.followLinks) {
+    xml.Open("VekProject", {{"Version", "1"}, {"FollowLinks", "True"}});
+  } else {
+    xml.Open("VekProject", {{"Version", "1"}});
+  }
   WriteVariables(xml, project.variables);
   WriteFileSets(xml, project.fileSets);
   WriteActions(xml, project.actions, "");

@@ -174,7 +174,10 @@ bool TCustomCopyFilesAction::Execute() {
     const auto unreadable = [this](std::string_view folder, Win32Error code) {
       ReportUnreadable(folder, code);
     };
-    CopyRun run{*message, target, TFolderWalk(*platform.entries, *platform.finder, unreadable), {}};
+    CopyRun run{*message,
+                target,
+                TFolderWalk(*platform.entries, *platform.finder, FolderLinks::Follow, unreadable),
+                {}};
     return CopyTree(run, source, target) && (FilesAffected > 0 || !FailIfZeroFiles);
   });
 }
