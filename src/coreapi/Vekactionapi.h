@@ -5,6 +5,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -235,6 +236,9 @@ inline constexpr PropertyRow kVekActionProperties[] = {
     Published<&TCustomVekAction::RetryDelaySeconds>("RetryDelaySeconds"),
     Published<&TCustomVekAction::TimeoutSeconds>("TimeoutSeconds"),
 };
+
+/// What a base on the host's side adds to these, for pages to look up: each such base has its overload.
+consteval std::span<const PropertyRow> BaseRows(const TCustomVekAction*) { return {}; }
 
 /// The class type in which the host hands an action to a property page.
 class VEK_API TVekAction : public TCustomVekAction {

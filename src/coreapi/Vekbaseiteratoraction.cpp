@@ -11,7 +11,7 @@ const ActionClass TVekBaseIterator::kClass{.inherited = &TVekAction::kClass,
                                            .className = "TVekBaseIterator",
                                            .aliases = kAliases,
                                            .help = kHelp,
-                                           .properties = kPublished,
+                                           .properties = kVekIteratorProperties,
                                            .raises = true};
 
 EIteratorException::~EIteratorException() = default;

@@ -20,10 +20,6 @@ class VEK_API TVekBaseIterator : public TVekAction {
   /// The variable that holds the value of the current pass; empty for none.
   const std::string& LoopVariable() const { return loopVariable_; }
   virtual void SetLoopVariable(std::string_view value);
-  static constexpr PropertyRow kPublished[] = {
-      Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("LoopVariable",
-                                                                                     TextRole::Variable),
-  };
 
   /// The current pass, 1-based; 0 before the first one.
   int32_t GetCurrentIteration() const { return currentIteration_; }
@@ -59,3 +55,9 @@ class VEK_API TVekBaseIterator : public TVekAction {
   bool begun_ = false;
   bool inPass_ = false;
 };
+
+inline constexpr PropertyRow kVekIteratorProperties[] = {
+    Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("LoopVariable",
+                                                                                   TextRole::Variable),
+};
+consteval std::span<const PropertyRow> BaseRows(const TVekBaseIterator*) { return kVekIteratorProperties; }

@@ -15,7 +15,7 @@ const ActionClass TFileSetBaseAction::kClass{.inherited = &TVekAction::kClass,
                                              .className = "TFileSetBaseAction",
                                              .aliases = kAliases,
                                              .help = kHelp,
-                                             .properties = kPublished};
+                                             .properties = kFileSetBaseProperties};
 
 TFileSetBaseAction::~TFileSetBaseAction() = default;
 

@@ -13,10 +13,6 @@ class VEK_API TFileSetBaseAction : public TVekAction {
 
   const std::string& FileSetName() const { return fileSetName_; }
   void SetFileSetName(std::string_view value);
-  static constexpr PropertyRow kPublished[] = {
-      Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName",
-                                                                                       TextRole::FileSet),
-  };
 
   std::string GetDescriptionKeyValue(int32_t index) const override;
   void SetDescriptionKeyValue(int32_t index, std::string_view value) override;
@@ -31,3 +27,9 @@ class VEK_API TFileSetBaseAction : public TVekAction {
  private:
   std::string fileSetName_;
 };
+
+inline constexpr PropertyRow kFileSetBaseProperties[] = {
+    Published<&TFileSetBaseAction::FileSetName, &TFileSetBaseAction::SetFileSetName>("FileSetName",
+                                                                                     TextRole::FileSet),
+};
+consteval std::span<const PropertyRow> BaseRows(const TFileSetBaseAction*) { return kFileSetBaseProperties; }

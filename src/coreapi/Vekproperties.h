@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -300,6 +301,15 @@ consteval PropertyRow PublishedTruth(std::string_view name) {
     throw "only a boolean is a truth value";
   row.set = &property_detail::SetTruth<Field>;
   return row;
+}
+
+/// The rows that several classes publish, and behind them those of one of these classes.
+template <size_t N, class... Rows>
+consteval std::array<PropertyRow, N + sizeof...(Rows)> Extended(const PropertyRow (&shared)[N], Rows... own) {
+  std::array<PropertyRow, N + sizeof...(Rows)> rows;
+  auto next = std::ranges::copy(shared, rows.begin()).out;
+  ((*next++ = own), ...);
+  return rows;
 }
 
 /// A result of the last run: scripts read it, the project never holds it.

@@ -46,6 +46,9 @@ consteval const PropertyRow& FirstRow(Matches matches) {
   if constexpr (requires { typename Action::PublishedBase; }) {
     return FirstRow<typename Action::PublishedBase>(matches);
   } else {
+    for (const PropertyRow& row : BaseRows(static_cast<const Action*>(nullptr))) {
+      if (matches(row)) return row;
+    }
     for (const PropertyRow& row : kVekActionProperties) {
       if (matches(row)) return row;
     }

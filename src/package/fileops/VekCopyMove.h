@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <cstdint>
 #include <functional>
@@ -128,10 +126,6 @@ class TMoveFilesAction final : public PublishedAction<TMoveFilesAction, TCustomM
  public:
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TMoveFilesAction";
-  static constexpr auto kPublished = [] {
-    std::array<PropertyRow, std::size(kCopyMoveProperties) + 1> rows;
-    std::ranges::copy(kCopyMoveProperties, rows.begin());
-    rows.back() = Published<&TCustomMoveFilesAction::StopOnAnyErrors>("StopOnAnyErrors");
-    return rows;
-  }();
+  static constexpr auto kPublished =
+      Extended(kCopyMoveProperties, Published<&TCustomMoveFilesAction::StopOnAnyErrors>("StopOnAnyErrors"));
 };
