@@ -155,6 +155,41 @@ XML
   done
 }
 
-for part in startup delete_files copy_files list_files run_loop run_programs capture_output ini_files; do
+list_folders() {
+  mkdir -p "$work"/folders/{1..100}/{1..99}
+  project folders <<XML
+<Action Type="FOLDERITERATOR"><Properties>
+  <StartingFolder>$work/folders</StartingFolder><Recurse>True</Recurse>
+</Properties></Action>
+XML
+  echo "Listing 10,000 folders:"
+  stopwatch "$rounds" -- find find "$work/folders" -type d \
+    -- vekrun "$bin/vekrun" run "$work/folders.vekproj"
+  rm -rf "$work/folders"
+}
+
+# keep_variables: 1,000 variables written and read back by one action each, and by two actions in all.
+keep_variables() {
+  local i place names='' types='' apart='' defined=()
+  for ((i = 1; i <= 1000; ++i)); do
+    defined+=(-D "V$i=value $i")
+    names+="<Line>V$i</Line>" types+='<Line>STRING</Line>'
+    place="<IniFile>$work/apart.ini</IniFile><Section>S</Section><ValueName>V$i</ValueName>"
+    apart+="<Action Type='HWRITEINI'><Properties>$place<NewValue>%V$i%</NewValue><AllowCreate>True</AllowCreate></Properties></Action>"
+    apart+="<Action Type='HREADINI'><Properties>$place<VariableName>V$i</VariableName></Properties></Action>"
+  done
+  local variables="<INIFile>$work/together.ini</INIFile><Variables>$names</Variables>"
+  project together <<XML
+<Action Type="SAVEVARTOINI"><Properties>$variables</Properties></Action>
+<Action Type="LOADVARFROMINI"><Properties>$variables<VariableTypes>$types</VariableTypes></Properties></Action>
+XML
+  project apart <<<"$apart"
+  echo "Keeping 1,000 variables in an INI file:"
+  stopwatch 5 -- 'one by one' "$bin/vekrun" run -q "$work/apart.vekproj" "${defined[@]}" \
+    -- 'all at once' "$bin/vekrun" run -q "$work/together.vekproj" "${defined[@]}"
+}
+
+for part in startup delete_files copy_files list_files list_folders run_loop run_programs capture_output \
+  ini_files keep_variables; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done

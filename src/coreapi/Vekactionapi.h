@@ -209,6 +209,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// What a walk whose finds are handed out or changed does with links to folders.
   FolderLinks GetFolderLinks() const;
 
+  /// Reports an error for which the action has no words of its own.
+  void ReportError(std::string_view text) const;
+
   /// Reports a folder that a search could not look into, and which it leaves out.
   void ReportUnreadable(std::string_view folder, Win32Error code) const;
 

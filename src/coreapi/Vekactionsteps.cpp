@@ -43,6 +43,8 @@ void TCustomVekAction::WalkFolders(const std::string& folder, bool recurse, cons
   descend(folder);
 }
 
+void TCustomVekAction::ReportError(std::string_view text) const { host_.ReportError(text); }
+
 FolderLinks TCustomVekAction::GetFolderLinks() const { return host_.GetFolderLinks(); }
 
 void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {

@@ -65,18 +65,20 @@ constexpr char Lower(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
 }
 
-/// Whether no two properties of the class have one name; inherited ones count, letter case does not.
+/// Whether no two properties of the class have one name, letter case aside; those of the host's bases count.
+/// Rows that a class takes over from its logic class stand in both, so these are not held against each other.
 template <class Action>
 consteval bool HasUniqueNames() {
-  for (const PropertyRow& row : Action::kPublished) {
-    int count = 0;
-    FirstRow<Action>([&](const PropertyRow& other) {
-      count += std::ranges::equal(row.name, other.name, {}, Lower, Lower) ? 1 : 0;
-      return false;
+  const std::span<const PropertyRow> own = Action::kPublished;
+  const auto count = [](std::span<const PropertyRow> rows, std::string_view name) {
+    return std::ranges::count_if(rows, [name](const PropertyRow& row) {
+      return std::ranges::equal(row.name, name, {}, Lower, Lower);
     });
-    if (count > 1) return false;
-  }
-  return true;
+  };
+  return std::ranges::all_of(own, [&](const PropertyRow& row) {
+    return count(own, row.name) == 1 && count(kVekActionProperties, row.name) == 0 &&
+           count(BaseRows(static_cast<const Action*>(nullptr)), row.name) == 0;
+  });
 }
 
 template <class Demand>

@@ -4,10 +4,13 @@
 
 #include "fileops/VekCopyMove.h"
 #include "fileops/VekFileSetCopyMove.h"
+#include "iterators/VekFolderIteratorAction.h"
+#include "iterators/VekIniFileIteratorAction.h"
 #include "iterators/Vekfileiterator.h"
 #include "process/FRunProg.h"
 #include "support/NullHost.h"
 #include "textini/VekCreateTextFileAction.h"
+#include "textini/VekVariablesSaveLoadAction.h"
 #include "textini/VekWriteToTextFileAction.h"
 #include "textini/Vekinifile.h"
 
@@ -60,10 +63,29 @@ TEST(Validation, ReportsEverySettingThatIsMissing) {
       });
   ExpectProblems<TFileIterator>({"File Spec: File Spec has not been set"},
                                 [](auto& action) { action.SetFileSpec(kBlank); });
+  ExpectProblems<TFolderIterator>({"Starting Folder: A starting folder has not been set"},
+                                  [](auto& action) { action.StartingFolder = kBlank; });
+  ExpectProblems<TIniFileIterator>(
+      {"Inifile: An INI file has not been set", "Sections Variable: The Sections Variable has not been set"},
+      [](auto& action) { action.IniFilename = action.SectionsVar = " "; });
+  ExpectProblems<TVekVariablesLoadAction>({"IniFile: IniFile has not been set"},
+                                          [](auto& action) { action.INIFile = " "; });
   ExpectProblems<TRunProgramAction>({"Program: The program to execute has not been set"},
                                     [](auto& action) { action.SetProgramName(kBlank); });
   ExpectProblems<TRunDosCMDAction>({"DOS Command: The DOS command has not been set"},
                                    [](auto& action) { action.SetCommand(kBlank); });
+}
+
+TEST(Validation, AnIniFileIteratorAsksForWhatItsModeNeeds) {
+  NullHost host;
+  TIniFileIterator iterator(host);
+  iterator.IniFilename = iterator.SectionsVar = " ";
+  iterator.IteratorMode = TIniIteratorMode::iiValues;
+  Problems problems;
+  EXPECT_FALSE(iterator.Validate(problems));
+  EXPECT_EQ(problems.lines, StringList{"Variable: Both Name variable and Values variable has not been set"});
+  iterator.ValueVariable = " ";
+  EXPECT_TRUE(iterator.Validate(problems));
 }
 
 TEST(Validation, AFileIteratorAsksForWhatItsModeNeeds) {

@@ -6,12 +6,22 @@
 #include "fileops/VekFileSetCopyMove.h"
 #include "frame/Vekcatalogue.h"
 #include "frame/Vekregistryreg.h"
+#include "iterators/VekFolderIteratorAction.h"
+#include "iterators/VekIniFileIteratorAction.h"
+#include "iterators/VekListIteratorActoin.h"
 #include "iterators/Vekfileiterator.h"
 #include "pages/FCopyMoveEditFrame.h"
 #include "pages/FRunProgFrame.h"
 #include "pages/VekCreateFileFrame.h"
 #include "pages/VekFileIteratorFrame.h"
 #include "pages/VekFileSetCopyMoveFrame.h"
+#include "pages/VekFolderIteratorFrame.h"
+#include "pages/VekIniFileIteratorFrame.h"
+#include "pages/VekListIteratorFrame.h"
+#include "pages/VekLogVarFrame.h"
+#include "pages/VekVariablesLoadOptionsFrame.h"
+#include "pages/VekVariablesSaveLoadForm.h"
+#include "pages/VekVariablesSaveOptionsFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
 #include "pages/Vekeditors.h"
@@ -20,6 +30,8 @@
 #include "process/FRunProg.h"
 #include "process/Vekrunscriptaction.h"
 #include "textini/VekCreateTextFileAction.h"
+#include "textini/VekLogVariableValues.h"
+#include "textini/VekVariablesSaveLoadAction.h"
 #include "textini/VekWriteToTextFileAction.h"
 #include "textini/Vekinifile.h"
 
@@ -30,6 +42,7 @@ constexpr std::string_view kIterators = "Iterators";
 constexpr std::string_view kMisc = "Misc";
 constexpr std::string_view kWindowsOS = "Windows OS";
 constexpr std::string_view kRegistryAndIni = "Registry & Ini";
+constexpr std::string_view kVariables = "Variables";
 
 Variant ResetLoop(TCustomVekAction& action, std::span<const Variant> /*arguments*/) {
   static_cast<TVekBaseIterator&>(action).Reset();
@@ -66,6 +79,8 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TMoveFilesAction, TMoveFrame>("HMOVEFILES", "Move File(s)", kFiles),
     ActionRow<TFileIterator, TFileIteratorFrame>("HFILEITERATOR", "File Iterator", kIterators),
     RoutineRow(RegisterReset<TFileIterator>),
+    ActionRow<TFolderIterator, TFolderIteratorFrame>("FOLDERITERATOR", "Folder Iterator", kIterators),
+    RoutineRow(RegisterReset<TFolderIterator>),
     ActionRow<TReadIniFileAction, TReadIniFrame>("HREADINI", kOwnName, kRegistryAndIni),
     ActionRow<TWriteIniFileAction, TWriteIniFrame>("HWRITEINI", kOwnName, kRegistryAndIni),
     ActionRow<TVekScriptAction>("SCRIPTACTION", kOwnName, kMisc),
@@ -74,6 +89,13 @@ constexpr CatalogueRow kCatalogue[] = {
     RoutineRow(RegisterRegistryUnit),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
+    ActionRow<TIniFileIterator, TIniFileIteratorFrame>("INIFILEITERATOR", "Ini File Iterator", kIterators),
+    RoutineRow(RegisterReset<TIniFileIterator>),
+    ActionRow<TVekListIterator, TListIteratorFrame>("LISTITERATOR", "List Iterator", kIterators),
+    RoutineRow(RegisterReset<TVekListIterator>),
+    ActionRow<TVekVariablesSaveAction, TVariablesSaveLoadForm, TVariablesSaveOptionsFrame>("SAVEVARTOINI", kOwnName, kVariables),
+    ActionRow<TVekVariablesLoadAction, TVariablesSaveLoadForm, TVariablesLoadOptionsFrame>("LOADVARFROMINI", kOwnName, kVariables),
+    ActionRow<TVekLogVariablesAction, TLogVarFrame>("LOGVARIABLEVALS", kOwnName, kMisc),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };
 static_assert(HasUniqueTypeIds(kCatalogue), "two rows have one type id");
