@@ -19,6 +19,10 @@ configure_file(${DUKTAPE_SOURCE_DIR}/duktape.h ${duktape_dir}/duktape.h COPYONLY
 file(READ ${DUKTAPE_SOURCE_DIR}/duktape.c duktape_source)
 string(REPLACE "#define DUK_RE_EXECUTE_STEPS_LIMIT 1000000000L" "#define DUK_RE_EXECUTE_STEPS_LIMIT 100000000L"
                duktape_source "${duktape_source}")
+# "x.y is not callable" is worked out before the position in the script is written back: it is, here.
+string(REPLACE "\tentry_top = duk_get_top(thr);\n\n\t/* [ <nargs> target ] */"
+               "\tduk_hthread_sync_currpc(thr);\n\tentry_top = duk_get_top(thr);\n\n\t/* [ <nargs> target ] */"
+               duktape_source "${duktape_source}")
 file(CONFIGURE OUTPUT ${duktape_dir}/duktape.c CONTENT "${duktape_source}" @ONLY)
 
 add_library(vek_duktape STATIC ${duktape_dir}/duktape.c)

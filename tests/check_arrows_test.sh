@@ -44,8 +44,10 @@ expect '' src/package/fileops/A.cpp '#include "checksum/Md5.h"'
 expect '' src/package/textini/A.cpp '#include "platform/Files.h"'
 expect '' src/package/pages/A.cpp '#include "fileops/B.h"'
 expect '' src/package/frame/A.cpp '#include "pages/B.h"'
-expect '' src/host/A.cpp '#include "host/scripts/Engine.h"'
-expect '' src/host/scripts/A.cpp '#include "host/scripts/ScriptEngine.h"'
+expect '' src/host/log/A.cpp '#include "host/scripts/ScriptEngine.h"'
+expect 'Border is inside host/scripts' src/host/log/A.cpp '#include "host/scripts/Border.h"'
+expect 'package/pages must not include platform' src/package/pages/A.cpp '#include "platform/Clock.h"'
+expect 'names its file' src/host/A.cpp '#include VEK_HEADER'
 expect '' src/cli/main.cpp '#include "platform/CreatePlatform.h"'
 expect '' src/base/Text.h '#include "vekcoreapi_export.h"'
 expect '' tests/host/A.cpp '#include "platform/posix/Errno.h"'
@@ -69,9 +71,28 @@ expect 'through platform' src/coreapi/A.cpp 'auto value = std::getenv("X");'
 expect 'through platform' src/package/fileops/A.cpp 'auto now = std::time(nullptr);'
 expect 'through platform' src/host/A.cpp 'auto now = std::chrono::system_clock::now();'
 expect 'through platform' src/host/A.cpp 'if (chdir("/") != 0) return;'
+expect 'through platform' src/host/A.cpp 'auto now = std::chrono::steady_clock::now();'
+expect 'through platform' src/coreapi/A.cpp '  std::random_device random;'
+expect 'through platform' src/package/fileops/A.cpp '  FILE* file = fopen(name, "r");'
+expect 'through platform' src/host/A.cpp '  if (std::system(command) != 0) return;'
+expect 'console' src/host/A.cpp '  puts("x");'
+expect 'no thread' src/package/fileops/A.cpp '  std::jthread worker(run);'
+expect 'from a static' src/package/fileops/A.cpp 'const bool kDone = VekActionServices().RegisterAction("", "", kClass, "");'
+expect '' src/package/frame/A.cpp 'void RegisterIt() { RegisterEditors(kEditors); }'
+expect '' src/host/A.cpp '  files.system(1); std::snprintf(text, 2, "x");'
 expect 'not a conditional' src/base/Text.cpp '#ifdef _WIN32'
 expect 'not a conditional' src/cli/main.cpp '#if defined(__linux__) && X'
 expect 'not a conditional' tests/e2e/A.cpp '#ifndef _WIN32'
+# A breach in a continued line is told where the line ends.
+expect_continued() {
+  mkdir -p "$tree/src/base"
+  rm -rf "${tree:?}"/src/* && mkdir -p "$tree/src/base"
+  printf '#if defined(A) || \\\n    defined(_WIN32)\n#endif\n' >"$tree/src/base/A.cpp"
+  [[ $("$here/check_arrows.sh" "$tree" 2>&1) == 'src/base/A.cpp:2: '*'not a conditional'* ]] && return
+  echo "FAILED: a continued conditional" && failures=$((failures + 1))
+}
+expect_continued
+expect 'belongs to an operating system' src/host/A.hpp '#include <unistd.h>'
 expect '' src/platform/posix/A.cpp 'auto value = getenv("X");'
 expect '' src/cli/main.cpp '  std::cout << "x";'
 expect '' src/host/A.cpp 'double seconds = clock.time(0);'

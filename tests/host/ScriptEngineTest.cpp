@@ -100,6 +100,7 @@ TEST_F(ScriptEngineTest, ErrorsCarryMessageAndLine) {
       {"\n\nvar = 3;", "line 3: SyntaxError: "},
       {"\nmissing.x", "line 2: ReferenceError: identifier 'missing' undefined"},
       {"function f() {\n  null.x;\n}\n\nf()", "line 2: TypeError: "},
+      {"var a = {};\n\na.none();", "line 3: TypeError: undefined not callable"},
       {"\n\nthrow new Error('own')", "line 3: Error: own"},
       {"throw 'bare'", "line 0: bare"},
       {"throw {toString: function () { throw 1; }}", "line 0: the script failed"},
