@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kNewFileBreak = "\r\n";
 
 /// Ctrl-Z is how old editors end a file.
@@ -52,11 +51,6 @@ LineEnd EndOfLine(std::string_view text, size_t begin) {
   return {content, content + (text.substr(content, 2) == "\r\n" ? 2 : 1)};
 }
 
-IniEncoding EncodingOf(std::string_view contents) {
-  if (contents.starts_with("\xFF\xFE")) return IniEncoding::Utf16Le;
-  return contents.starts_with("\xFE\xFF") ? IniEncoding::Utf16Be : IniEncoding::Plain;
-}
-
 }  // namespace
 
 std::string_view IniValue(std::string_view text) {
@@ -67,7 +61,7 @@ std::string_view IniValue(std::string_view text) {
 }
 
 IniText::IniText(std::string contents) : encoding_(EncodingOf(contents)) {
-  if (encoding_ == IniEncoding::Plain) {
+  if (encoding_ == TextEncoding::Plain) {
     text_ = std::move(contents);
   } else {
     text_ = DecodeUtf16(contents, encoding_);
@@ -86,7 +80,7 @@ std::string_view IniText::Value(const Line& line) const {
 }
 
 std::string IniText::AsStored(std::string_view text) const {
-  if (encoding_ == IniEncoding::Plain) return std::string(text);
+  if (encoding_ == TextEncoding::Plain) return std::string(text);
   return DecodeUtf16(EncodeUtf16(text, encoding_), encoding_);
 }
 
@@ -177,7 +171,7 @@ void IniText::AddLine(const Line& line) {
 }
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
-  if (encoding_ == IniEncoding::Plain) return SetText(section, key, value);
+  if (encoding_ == TextEncoding::Plain) return SetText(section, key, value);
   SetText(AsStored(section), AsStored(key), AsStored(value));
   Encode();
 }
@@ -272,5 +266,5 @@ void IniText::Replace(size_t position, size_t size, std::string_view by) {
 }
 
 void IniText::Encode() {
-  if (encoding_ != IniEncoding::Plain) encoded_ = EncodeUtf16(text_, encoding_) + oddByte_;
+  if (encoding_ != TextEncoding::Plain) encoded_ = EncodeUtf16(text_, encoding_) + oddByte_;
 }

@@ -9,9 +9,7 @@
 #include <vector>
 
 #include "platform/IniFiles.h"
-
-/// How the bytes of an INI file stand for text: told by the mark at their start.
-enum class IniEncoding { Plain, Utf16Le, Utf16Be };
+#include "platform/TextEncoding.h"
 
 /// An INI file in memory: its text and what stands where in it, so that a change touches one line. What it
 /// answers and does is described at IniFiles.
@@ -21,7 +19,7 @@ class IniText {
   explicit IniText(std::string contents);
 
   /// The bytes of the file.
-  const std::string& Contents() const { return encoding_ == IniEncoding::Plain ? text_ : encoded_; }
+  const std::string& Contents() const { return encoding_ == TextEncoding::Plain ? text_ : encoded_; }
 
   std::optional<std::string> Find(std::string_view section, std::string_view key) const;
   StringList Sections() const;
@@ -73,7 +71,7 @@ class IniText {
   std::string text_;  // UTF-8, with its mark if it has one
   std::string encoded_;
   std::string oddByte_;  // at the end of UTF-16
-  IniEncoding encoding_ = IniEncoding::Plain;
+  TextEncoding encoding_ = TextEncoding::Plain;
   std::string lineBreak_;
   std::vector<Line> lines_;
   std::vector<Section> sections_;                         // in the order of the file
@@ -83,8 +81,3 @@ class IniText {
 
 /// What a value in a file stands for: without blanks and one pair of quotes around it.
 std::string_view IniValue(std::string_view text);
-
-/// UTF-16 as UTF-8, and back. Half a surrogate pair becomes the three bytes that UTF-8 would give it, so that
-/// whatever a file holds comes back. An odd byte at the end is left out.
-std::string DecodeUtf16(std::string_view bytes, IniEncoding encoding);
-std::string EncodeUtf16(std::string_view text, IniEncoding encoding);

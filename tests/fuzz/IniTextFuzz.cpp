@@ -18,8 +18,8 @@ bool HoldsUtf16(const std::string& contents) {
 
 /// The text of the file, in UTF-8 without a mark.
 std::string PlainText(const std::string& contents) {
-  if (contents.starts_with("\xFF\xFE")) return DecodeUtf16(contents, IniEncoding::Utf16Le).substr(3);
-  if (contents.starts_with("\xFE\xFF")) return DecodeUtf16(contents, IniEncoding::Utf16Be).substr(3);
+  if (contents.starts_with("\xFF\xFE")) return DecodeUtf16(contents, TextEncoding::Utf16Le).substr(3);
+  if (contents.starts_with("\xFE\xFF")) return DecodeUtf16(contents, TextEncoding::Utf16Be).substr(3);
   return contents.starts_with("\xEF\xBB\xBF") ? contents.substr(3) : contents;
 }
 
@@ -105,7 +105,7 @@ void Change(IniText& text, const std::string& field) {
   CheckAgree(text, section, key);
 }
 
-std::string Utf16(const std::string& text, IniEncoding encoding) {
+std::string Utf16(const std::string& text, TextEncoding encoding) {
   return EncodeUtf16("\xEF\xBB\xBF" + text, encoding);
 }
 
@@ -118,7 +118,7 @@ FuzzFormat TargetFormat() {
       "d|S|a\x1F"
       "e|T";
   return {.seeds = {file + changes, "\xEF\xBB\xBFx=0\n[S]\n\n  a=1\n;g=2\n" + changes,
-                    Utf16(file, IniEncoding::Utf16Le) + changes, Utf16(file, IniEncoding::Utf16Be) + changes,
+                    Utf16(file, TextEncoding::Utf16Le) + changes, Utf16(file, TextEncoding::Utf16Be) + changes,
                     changes},
           .words = {"[",
                     "]",
@@ -147,7 +147,7 @@ FuzzFormat TargetFormat() {
                     "\xFF\xFE",
                     "\xFE\xFF",
                     std::string(1, '\0'),
-                    Utf16("[S]", IniEncoding::Utf16Le),
+                    Utf16("[S]", TextEncoding::Utf16Le),
                     "\xC3\xA4",
                     "\xC3\x84",
                     "\xD8",
@@ -163,7 +163,7 @@ FuzzFormat TargetFormat() {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const StringList fields = Fields(InputText(data, size), 1);
   const std::string& contents = fields[0];
-  for (const IniEncoding encoding : {IniEncoding::Utf16Le, IniEncoding::Utf16Be}) {
+  for (const TextEncoding encoding : {TextEncoding::Utf16Le, TextEncoding::Utf16Be}) {
     const std::string whole = contents.substr(0, contents.size() & ~size_t{1});
     RequireSame(EncodeUtf16(DecodeUtf16(whole, encoding), encoding), whole, "UTF-16");
   }

@@ -21,8 +21,8 @@ TEST(IniText, Utf16ComesBackWhateverItHolds) {
   using namespace std::string_literals;
   for (const std::string& units :
        {"\xFF\xFE"s, "\xFF\xFE\0\xD8\0\xD8\0\xDC\0\xDC"s, "\xFF\xFE\xFF\xFF\0\0"s}) {
-    EXPECT_EQ(EncodeUtf16(DecodeUtf16(units, IniEncoding::Utf16Le), IniEncoding::Utf16Le), units);
-    EXPECT_EQ(EncodeUtf16(DecodeUtf16(units, IniEncoding::Utf16Be), IniEncoding::Utf16Be), units);
+    EXPECT_EQ(EncodeUtf16(DecodeUtf16(units, TextEncoding::Utf16Le), TextEncoding::Utf16Le), units);
+    EXPECT_EQ(EncodeUtf16(DecodeUtf16(units, TextEncoding::Utf16Be), TextEncoding::Utf16Be), units);
   }
 }
 

@@ -1,80 +1,21 @@
 #include "platform/posix/ini/PosixIniFiles.h"
 
 #include <algorithm>
-#include <chrono>
-#include <ctime>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <thread>
-#include <tuple>
 #include <utility>
 
 #include "platform/posix/files/FileContents.h"
-#include "platform/posix/system/LocalTime.h"
+#include "platform/posix/files/FolderTurn.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
 
 constexpr size_t kMostKnown = 8;
 
-// Longer than the steps in which file systems count time.
-constexpr double kTimeStep = 0.02;
-
-/// False for a file that could still change without its status telling: one written a moment ago, and what
-/// is no file at all.
-bool TellsOfChanges(const struct stat& status) {
-  timespec now = {};
-  clock_gettime(CLOCK_REALTIME, &now);
-  const double last = std::max(ToSeconds(status.st_mtim), ToSeconds(status.st_ctim));
-  return S_ISREG(status.st_mode) && ToSeconds(now) - last > kTimeStep;
-}
-
 bool IsMissing(const SysResult& result) {
   return result.code == Win32Error::FileNotFound || result.code == Win32Error::PathNotFound;
 }
 
-/// Writers of several processes take turns, so that no change is lost between reading and replacing. The lock
-/// is on the folder, because the file is another one after each write.
-class Turn {
- public:
-  explicit Turn(const Place& place) {
-    if (!place.folder) return;
-    folder_ = UniqueFd(openat(place.Fd(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    for (int looks = 0; folder_ && flock(folder_.Get(), LOCK_EX | LOCK_NB) != 0; ++looks) {
-      if (errno != EINTR && errno != EWOULDBLOCK) return;
-      if (looks == kMostLooks) {
-        result_ = SysResult::Failure(Win32Error::LockViolation);
-        return;
-      }
-      std::this_thread::sleep_for(kBetweenLooks);
-    }
-  }
-
-  /// LockViolation when another program keeps the folder.
-  SysResult Result() const { return result_; }
-
- private:
-  // Ten seconds in all: a turn takes milliseconds.
-  static constexpr int kMostLooks = 5000;
-  static constexpr auto kBetweenLooks = std::chrono::milliseconds(2);
-
-  UniqueFd folder_;
-  SysResult result_;
-};
-
 }  // namespace
-
-PosixIniFiles::Stamp PosixIniFiles::Stamp::Of(const struct stat& status) {
-  return {status.st_dev, status.st_ino, status.st_size, status.st_mtim, status.st_ctim};
-}
-
-bool PosixIniFiles::Stamp::operator==(const Stamp& other) const {
-  const auto parts = [](const Stamp& s) {
-    return std::tie(s.inode, s.device, s.size, s.written.tv_sec, s.written.tv_nsec, s.changed.tv_sec,
-                    s.changed.tv_nsec);
-  };
-  return parts(*this) == parts(other);
-}
 
 SysResult PosixIniFiles::Read(std::string_view path, std::string_view section, std::string_view key,
                               std::optional<std::string>& value) {
@@ -139,11 +80,11 @@ SysResult PosixIniFiles::LoadAt(const Place& place) {
   // A pipe or a device might never come to its end.
   if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode))
     return SysResult::Failure(Win32Error::NotSupported);
-  const Stamp stamp = Stamp::Of(status);
+  const FileStamp stamp = FileStamp::Of(status);
   const auto known = std::ranges::find(known_, stamp, &Known::stamp);
   if (known != known_.end()) known_.splice(known_.begin(), known_, known);
   if (known != known_.end() && known->isSettled) return {};
-  const bool isSettled = TellsOfChanges(status);
+  const bool isSettled = FileStamp::TellsOfChanges(status);
   std::string contents;
   if (const SysResult read = ReadContents(place, contents); !read) return read;
   if (known != known_.end() && known->text.Contents() == contents) {
@@ -166,12 +107,12 @@ void PosixIniFiles::Keep(Known file) {
 /// Edits the text of a file and replaces the file by it; an edit that changes nothing answers false.
 SysResult PosixIniFiles::Change(std::string_view path, const std::function<bool(IniText&)>& edit) {
   const std::lock_guard lock(mutex_);
-  const Turn turn(paths_.Locate(path));
+  const FolderTurn turn(paths_.Locate(path));
   if (!turn.Result()) return turn.Result();
   if (const SysResult loaded = Load(path); !loaded) return loaded;
   Known& known = known_.front();
   // Should anything go wrong from here on, the text is not the file's.
-  const Stamp before = std::exchange(known.stamp, {});
+  const FileStamp before = std::exchange(known.stamp, {});
   if (!edit(known.text)) {
     known.stamp = before;
     return {};
@@ -184,12 +125,12 @@ SysResult PosixIniFiles::Change(std::string_view path, const std::function<bool(
   return {};
 }
 
-PosixIniFiles::Stamp PosixIniFiles::StampOf(std::string_view path) {
-  Stamp stamp;
+FileStamp PosixIniFiles::StampOf(std::string_view path) {
+  FileStamp stamp;
   paths_.OnEntry(path, [&](const Place& place) {
     struct stat status = {};
     if (fstatat(place.Fd(), place.Name(), &status, 0) != 0) return LastFailure();
-    stamp = Stamp::Of(status);
+    stamp = FileStamp::Of(status);
     return SysResult();
   });
   return stamp;

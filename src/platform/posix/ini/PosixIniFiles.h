@@ -3,10 +3,10 @@
 #include <functional>
 #include <list>
 #include <mutex>
-#include <sys/stat.h>
 
 #include "platform/IniFiles.h"
 #include "platform/IniText.h"
+#include "platform/posix/files/FileStamp.h"
 #include "platform/posix/paths/PosixPaths.h"
 
 /// Keeps the files used last in memory. A file is read again only when its status differs from what it was,
@@ -28,18 +28,8 @@ class PosixIniFiles final : public IniFiles {
   SysResult DeleteSection(std::string_view path, std::string_view section) override;
 
  private:
-  /// What differs when a file has other contents.
-  struct Stamp {
-    dev_t device = 0;
-    ino_t inode = 0;  // 0: of no file
-    off_t size = 0;
-    timespec written = {}, changed = {};
-
-    static Stamp Of(const struct stat& status);
-    bool operator==(const Stamp& other) const;
-  };
   struct Known {
-    Stamp stamp;
+    FileStamp stamp;
     bool isSettled;  // the stamp is old enough to tell of every change
     IniText text;
   };
@@ -48,7 +38,7 @@ class PosixIniFiles final : public IniFiles {
   SysResult LoadAt(const Place& place);
   void Keep(Known file);
   SysResult Change(std::string_view path, const std::function<bool(IniText&)>& edit);
-  Stamp StampOf(std::string_view path);
+  FileStamp StampOf(std::string_view path);
 
   PosixPaths& paths_;
   std::mutex mutex_;

@@ -1,21 +1,22 @@
+#include "platform/TextEncoding.h"
+
 #include "base/Text.h"
-#include "platform/IniText.h"
 
 namespace {
 
 constexpr bool IsHigh(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 constexpr bool IsLow(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
-char32_t UnitAt(std::string_view bytes, size_t position, IniEncoding encoding) {
+char32_t UnitAt(std::string_view bytes, size_t position, TextEncoding encoding) {
   const auto first = static_cast<unsigned char>(bytes[position]);
   const auto second = static_cast<unsigned char>(bytes[position + 1]);
-  return encoding == IniEncoding::Utf16Le ? char32_t{second} << 8 | first : char32_t{first} << 8 | second;
+  return encoding == TextEncoding::Utf16Le ? char32_t{second} << 8 | first : char32_t{first} << 8 | second;
 }
 
-void AppendUnit(std::string& bytes, char32_t unit, IniEncoding encoding) {
+void AppendUnit(std::string& bytes, char32_t unit, TextEncoding encoding) {
   const auto high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
-  bytes.push_back(encoding == IniEncoding::Utf16Le ? low : high);
-  bytes.push_back(encoding == IniEncoding::Utf16Le ? high : low);
+  bytes.push_back(encoding == TextEncoding::Utf16Le ? low : high);
+  bytes.push_back(encoding == TextEncoding::Utf16Le ? high : low);
 }
 
 /// The half of a surrogate pair that stands at `position` in the form of three bytes, or 0.
@@ -29,7 +30,12 @@ char32_t HalfPairAt(std::string_view text, size_t position) {
 
 }  // namespace
 
-std::string DecodeUtf16(std::string_view bytes, IniEncoding encoding) {
+TextEncoding EncodingOf(std::string_view contents) {
+  if (contents.starts_with("\xFF\xFE")) return TextEncoding::Utf16Le;
+  return contents.starts_with("\xFE\xFF") ? TextEncoding::Utf16Be : TextEncoding::Plain;
+}
+
+std::string DecodeUtf16(std::string_view bytes, TextEncoding encoding) {
   std::string text;
   text.reserve(bytes.size());
   size_t i = 0;
@@ -47,7 +53,7 @@ std::string DecodeUtf16(std::string_view bytes, IniEncoding encoding) {
   return text;
 }
 
-std::string EncodeUtf16(std::string_view text, IniEncoding encoding) {
+std::string EncodeUtf16(std::string_view text, TextEncoding encoding) {
   std::string bytes;
   bytes.reserve(text.size() * 2);
   for (size_t i = 0; i < text.size();) {
