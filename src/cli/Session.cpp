@@ -10,7 +10,8 @@
 
 Session::Session(const Arguments& arguments, bool designTime)
     : drives_(arguments.drives),
-      owner_(CreatePlatform([this](char letter) { return DriveFolder(letter); })),
+      owner_(CreatePlatform([this](char letter) { return DriveFolder(letter); },
+                            [this] { return options_.ReadOption("Registry", "File"); })),
       dialogs_(owner_->GetConsole()),
       services_{catalogue_, catalogue_, options_, dialogs_},
       packages_(owner_->Get()) {

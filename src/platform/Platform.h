@@ -10,6 +10,7 @@ class Folders;
 class IniFiles;
 class Modules;
 class Processes;
+class Registry;
 
 /// The operating system, one narrow interface per capability; none of them is ever null. In a copy any of
 /// them can be exchanged, for a platform that fails on purpose.
@@ -23,5 +24,6 @@ struct Platform {
   ErrorTexts* errorTexts;
   Modules* modules;
   IniFiles* iniFiles;
+  Registry* registry;
   Processes* processes;
 };

@@ -6,6 +6,7 @@
 #include "platform/posix/ini/PosixIniFiles.h"
 #include "platform/posix/paths/PosixPaths.h"
 #include "platform/posix/processes/PosixProcesses.h"
+#include "platform/posix/registry/PosixRegistry.h"
 #include "platform/posix/system/PosixClock.h"
 #include "platform/posix/system/PosixConsole.h"
 #include "platform/posix/system/PosixEnvironment.h"
@@ -16,13 +17,20 @@ namespace {
 
 class PosixPlatform final : public PlatformOwner {
  public:
-  explicit PosixPlatform(DriveLookup drives) : paths_(std::move(drives)) {}
+  PosixPlatform(DriveLookup drives, RegistryFile registry)
+      : paths_(std::move(drives)), registryFile_(std::move(registry)) {}
 
   const Platform& Get() const override { return platform_; }
   Console& GetConsole() override { return console_; }
 
  private:
+  std::string StorePath() {
+    std::string file = registryFile_ ? registryFile_() : std::string();
+    return file.empty() ? environment_.DataFolder() + "/registry.reg" : file;
+  }
+
   PosixPaths paths_;
+  RegistryFile registryFile_;
   PosixFolders folders_{paths_};
   PosixEntries entries_{paths_, folders_};
   PosixContents contents_{paths_};
@@ -32,6 +40,7 @@ class PosixPlatform final : public PlatformOwner {
   PosixErrorTexts errorTexts_;
   PosixModules modules_{paths_};
   PosixIniFiles iniFiles_{paths_};
+  PosixRegistry registry_{paths_, folders_, [this] { return StorePath(); }};
   PosixProcesses processes_{paths_};
   PosixConsole console_{paths_};
   Platform platform_{.entries = &entries_,
@@ -43,11 +52,12 @@ class PosixPlatform final : public PlatformOwner {
                      .errorTexts = &errorTexts_,
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,
+                     .registry = &registry_,
                      .processes = &processes_};
 };
 
 }  // namespace
 
-std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives) {
-  return std::make_unique<PosixPlatform>(std::move(drives));
+std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives, RegistryFile registry) {
+  return std::make_unique<PosixPlatform>(std::move(drives), std::move(registry));
 }

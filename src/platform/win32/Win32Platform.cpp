@@ -6,6 +6,7 @@
 #include "platform/win32/find/Win32Finder.h"
 #include "platform/win32/ini/Win32IniFiles.h"
 #include "platform/win32/processes/Win32Processes.h"
+#include "platform/win32/registry/Win32Registry.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32Console.h"
 #include "platform/win32/system/Win32Environment.h"
@@ -29,6 +30,7 @@ class Win32Platform final : public PlatformOwner {
   Win32ErrorTexts errorTexts_;
   Win32Modules modules_;
   Win32IniFiles iniFiles_{contents_};
+  Win32Registry registry_;
   Win32Processes processes_;
   Win32Console console_;
   Platform platform_{.entries = &entries_,
@@ -40,12 +42,13 @@ class Win32Platform final : public PlatformOwner {
                      .errorTexts = &errorTexts_,
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,
+                     .registry = &registry_,
                      .processes = &processes_};
 };
 
 }  // namespace
 
-/// Windows has drives of its own and asks for none.
-std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup /*drives*/) {
+/// Windows has drives and a registry of its own and asks for none.
+std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup /*drives*/, RegistryFile /*registry*/) {
   return std::make_unique<Win32Platform>();
 }
