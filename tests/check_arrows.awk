@@ -30,6 +30,7 @@ BEGIN {
   # Where a library may be included.
   library["duktape.h"] = "host/scripts"
   library["pugixml.hpp"] = "host"
+  library["pcre2.h"] = "coreapi"
   library["nlohmann/"] = "host cli"
   library["CLI/"] = "cli"
   library["iostream"] = "cli"

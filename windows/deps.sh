@@ -14,7 +14,7 @@ esac
 
 # shellcheck disable=SC2016
 packages=$(dpkg-query -W -f='${Package} ${source:Version}\n' \
-  libpugixml-dev libgtest-dev libcli11-dev nlohmann-json3-dev duktape-dev "$compiler")
+  libpugixml-dev libpcre2-dev libgtest-dev libcli11-dev nlohmann-json3-dev duktape-dev "$compiler")
 key=$({ cat "$here/deps.sh" "$root/cmake/mingw.cmake"; echo "$packages"; } | sha256sum | cut -c1-12)
 prefix=$root/build/windows-deps/$key/$1
 if [[ -f $prefix/complete ]]; then
@@ -26,18 +26,19 @@ work=$prefix.work
 rm -rf "$prefix" "$work"
 mkdir -p "$prefix"/{include,share/cmake} "$work/apt/"{lists,cache/archives}/partial
 
-# fetch_source PACKAGE VERSION: by lists of its own, so that the machine's stay as they are. The archive and
-# the suite are those that the installed package came from.
+# fetch_source SOURCE PACKAGE: the source that the installed package was built from, by lists of its own, so that
+# the machine's stay as they are. The archive and the suite are those that the package came from.
 fetch_source() {
-  local uri suite keyring=/usr/share/keyrings/debian-archive-keyring.gpg apt
-  read -r uri suite < <(apt-cache policy libpugixml-dev | awk '$2 ~ /^https?:/ { print $2, $3; exit }')
-  [[ $uri ]] || { echo "no archive offers libpugixml-dev; apt-get update first" >&2; return 1; }
+  local version uri suite keyring=/usr/share/keyrings/debian-archive-keyring.gpg apt
+  version=$(awk -v package="$2" '$1 == package { print $2 }' <<<"$packages")
+  read -r uri suite < <(apt-cache policy "$2" | awk '$2 ~ /^https?:/ { print $2, $3; exit }')
+  [[ $uri ]] || { echo "no archive offers $2; apt-get update first" >&2; return 1; }
   [[ -f $keyring ]] && keyring="[signed-by=$keyring]" || keyring=
   echo "deb-src $keyring $uri ${suite%/*} ${suite#*/}" >"$work/apt/sources.list"
   apt=(apt-get -qq -o "Dir::Etc::sourcelist=$work/apt/sources.list" -o Dir::Etc::sourceparts=/dev/null
        -o "Dir::State::lists=$work/apt/lists" -o "Dir::Cache=$work/apt/cache" -o APT::Sandbox::User=root)
   "${apt[@]}" update
-  (cd "$work" && "${apt[@]}" source "$1=$2")
+  (cd "$work" && "${apt[@]}" source "$1=$version")
 }
 
 # cross_build SOURCE OPTION...
@@ -52,8 +53,12 @@ cross_build() {
 }
 
 {
-  fetch_source pugixml "$(awk '$1 == "libpugixml-dev" { print $2 }' <<<"$packages")"
+  fetch_source pugixml libpugixml-dev
   cross_build "$work"/pugixml-*/ -DPUGIXML_BUILD_TESTS=OFF
+  fetch_source pcre2 libpcre2-dev
+  cross_build "$work"/pcre2-*/ -DPCRE2_BUILD_PCRE2_8=ON -DPCRE2_SUPPORT_JIT=ON -DPCRE2_SUPPORT_UNICODE=ON \
+    -DBUILD_STATIC_LIBS=ON -DPCRE2_BUILD_PCRE2GREP=OFF -DPCRE2_BUILD_TESTS=OFF -DPCRE2_SUPPORT_LIBREADLINE=OFF \
+    -DPCRE2_SUPPORT_LIBEDIT=OFF -DPCRE2_SUPPORT_LIBBZ2=OFF -DPCRE2_SUPPORT_LIBZ=OFF
   cross_build /usr/src/googletest -DINSTALL_GTEST=ON -DBUILD_GMOCK=ON
   # Headers and sources are copied: the compiler must never look into /usr/include.
   cp -r /usr/include/{CLI,nlohmann} "$prefix/include/"

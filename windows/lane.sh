@@ -50,7 +50,7 @@ run_tests() {
   "$here/$runner" "$vekrun" run "Z:$tour" -D "OUT=Z:$build/tour" </dev/null
 }
 
-need g++ cmake ninja-build dpkg-dev libpugixml-dev duktape-dev libcli11-dev nlohmann-json3-dev libgtest-dev \
+need g++ cmake ninja-build dpkg-dev libpugixml-dev duktape-dev libcli11-dev nlohmann-json3-dev libpcre2-dev libgtest-dev \
   libgmock-dev "$compiler"
 [[ $arch == x86 ]] || need wine wine64 util-linux
 note "third-party libraries"

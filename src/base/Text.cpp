@@ -18,6 +18,18 @@ constexpr UpCaseRun kUpCaseRuns[] = {
 constexpr char UpCaseAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
+// Looked at in one go: the compiler makes a few wide operations of it.
+constexpr size_t kBlock = 64;
+bool IsAsciiBlock(std::string_view block) {
+  unsigned char bits = 0;
+  if (block.size() == kBlock) {
+    for (size_t i = 0; i < kBlock; ++i) bits |= static_cast<unsigned char>(block[i]);
+  } else {
+    for (const char c : block) bits |= static_cast<unsigned char>(c);
+  }
+  return bits < 0x80;
+}
+
 /// Length of the UTF-8 sequence that `lead` starts, 0 when it starts none.
 constexpr size_t SequenceLength(unsigned char lead) {
   if (lead < 0x80) return 1;
@@ -124,13 +136,40 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
+size_t CharacterCount(std::string_view text) {
+  size_t count = 0;
+  for (size_t i = 0; i < text.size();) {
+    const std::string_view block = text.substr(i, kBlock);
+    if (IsAsciiBlock(block)) {
+      count += block.size();
+      i += block.size();
+    } else {
+      for (const size_t end = i + block.size(); i < end; ++count) NextCodePoint(text, i);
+    }
+  }
+  return count;
+}
+
+bool IsAscii(std::string_view text) {
+  for (size_t i = 0; i < text.size(); i += kBlock) {
+    if (!IsAsciiBlock(text.substr(i, kBlock))) return false;
+  }
+  return true;
+}
+
+bool TakeLine(std::string_view& rest, std::string_view& line) {
+  if (rest.empty()) return false;
+  size_t end = 0;
+  while (end < rest.size() && rest[end] != '\r' && rest[end] != '\n') ++end;
+  line = rest.substr(0, end);
+  const size_t lineBreak = rest.substr(end, 2) == "\r\n" ? 2 : 1;
+  rest.remove_prefix(std::min(end + lineBreak, rest.size()));
+  return true;
+}
+
 StringList SplitLines(std::string_view text) {
   StringList lines;
-  for (size_t start = 0; start < text.size();) {
-    const size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-    lines.emplace_back(text.substr(start, end - start));
-    start = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
-  }
+  for (std::string_view line; TakeLine(text, line);) lines.emplace_back(line);
   return lines;
 }
 

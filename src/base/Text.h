@@ -38,6 +38,14 @@ VEK_API char32_t NextCodePoint(std::string_view text, size_t& position);
 VEK_API void AppendUtf8(std::string& text, char32_t codePoint);
 VEK_API bool IsUtf8(std::string_view text);
 
+/// How many characters the text has; a byte that is not UTF-8 counts as one.
+VEK_API size_t CharacterCount(std::string_view text);
+VEK_API bool IsAscii(std::string_view text);
+
+/// Takes the next line off the front of `rest`, without its line break (CR LF, CR or LF); false when no text
+/// is left. A final line break starts no further line.
+VEK_API bool TakeLine(std::string_view& rest, std::string_view& line);
+
 /// Splits at CR LF, CR or LF; a final line break starts no further line.
 VEK_API StringList SplitLines(std::string_view text);
 

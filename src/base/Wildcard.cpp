@@ -13,10 +13,6 @@ constexpr char32_t kAnyToLastDot = 0x200001;  // '*' before a dot: may not take 
 constexpr char32_t kOneOrEnd = 0x200002;      // '?': one character, or nothing before a dot and at the end
 constexpr char32_t kDotOrEnd = 0x200003;      // '.' before a wildcard: a dot, or nothing at the end
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 std::u32string ElementsOf(std::string_view mask) {
   const bool finalDot = mask.ends_with('.');
   while (mask.ends_with('.')) mask.remove_suffix(1);

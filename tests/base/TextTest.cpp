@@ -51,6 +51,17 @@ TEST(Text, SplitLinesKnowsEveryLineBreak) {
   for (const auto& [text, wanted] : cases) EXPECT_EQ(SplitLines(text), wanted) << text;
 }
 
+TEST(Text, CountsCharacters) {
+  const std::string ascii(200, 'a');
+  EXPECT_EQ(CharacterCount(ascii), 200u);
+  EXPECT_TRUE(IsAscii(ascii));
+  for (const size_t place : {0, 62, 63, 64, 199, 200}) {
+    const std::string text = std::string(ascii).insert(place, "\xE2\x82\xAC\xE2\x82");
+    EXPECT_EQ(CharacterCount(text), 203u) << place;
+    EXPECT_FALSE(IsAscii(text));
+  }
+}
+
 TEST(Text, Utf8EndsWithTheLastCodePoint) {
   EXPECT_TRUE(IsUtf8("\xF4\x8F\xBF\xBF"));
   EXPECT_FALSE(IsUtf8("\xF4\x90\x80\x80"));

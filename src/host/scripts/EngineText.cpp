@@ -1,17 +1,11 @@
 #include "host/scripts/EngineText.h"
 
-#include <algorithm>
-
 #include "base/Text.h"
 
 namespace {
 
 constexpr char32_t kHighSurrogate = 0xD800, kLowSurrogate = 0xDC00, kEscapedByte = 0xDC80;
 constexpr char32_t kReplacement = 0xFFFD, kFirstPlaneEnd = 0x10000;
-
-bool IsAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 /// The surrogate encoded at `position`, or 0 when there is none.
 char32_t SurrogateAt(std::string_view text, size_t position) {
