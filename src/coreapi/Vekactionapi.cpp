@@ -155,12 +155,43 @@ bool TCustomVekAction::ExecuteScript(std::string_view eventName, Variant& result
   return script && !script->IsBlank() && host_.ExecuteScript(*this, *script, result);
 }
 
+bool TCustomVekAction::RunScript(std::string_view eventName, std::initializer_list<ScriptValue> values) {
+  IVekActionScript* script = GetScriptByName(eventName);
+  if (!script) return false;
+  const auto action = CreateActionScriptObject(*this);
+  IVekActionScriptParams& params = script->Params();
+  params.ParameterByName("Action").SetValue(action.get());
+  for (const auto& [name, value] : values) params.ParameterByName(name).SetValue(value);
+  Variant ignored;
+  const bool ran = ExecuteScript(eventName, ignored);
+  for (size_t i = 0; i < params.Count(); ++i) {
+    if (std::holds_alternative<IVekScriptObject*>(params.Parameter(i).Value())) {
+      params.Parameter(i).SetValue({});
+    }
+  }
+  return ran;
+}
+
+bool TCustomVekAction::HasScript(std::string_view eventName) {
+  const IVekActionScript* script = GetScriptByName(eventName);
+  return script && !script->IsBlank();
+}
+
+const Variant& TCustomVekAction::ScriptResult(std::string_view eventName, std::string_view parameter) {
+  return GetScriptByName(eventName)->Params().ParameterByName(parameter).Value();
+}
+
 std::string TCustomVekAction::ExpandExpression(std::string_view text, bool /*required*/) const {
   return host_.ExpandExpression(text);
 }
 
 WideString TCustomVekAction::ExpandExpression(const WideString& text) const {
   return WideString(host_.ExpandExpression(text));
+}
+
+std::string TCustomVekAction::ExpandExpression(std::string_view text, int32_t& replaced,
+                                               bool /*required*/) const {
+  return host_.ExpandCounting(text, replaced);
 }
 
 bool TCustomVekAction::TryExpandExpression(std::string_view propertyTitle, std::string_view text,

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/Text.h"
@@ -144,6 +145,18 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// Offers a script event; called by constructors.
   IVekActionScript& AddScript(std::string_view eventName);
 
+  /// A value that a script receives under a name; objects end with the run.
+  using ScriptValue = std::pair<std::string_view, Variant>;
+
+  /// Runs the event's script with the parameter "Action" and these.
+  bool RunScript(std::string_view eventName, std::initializer_list<ScriptValue> values);
+
+  /// Whether there is something to run for the event.
+  bool HasScript(std::string_view eventName);
+
+  /// What the event's script left in a parameter.
+  const Variant& ScriptResult(std::string_view eventName, std::string_view parameter);
+
   /// True when the event's script ran; its parameters then hold what it left. A blank script does not run.
   bool ExecuteScript(std::string_view eventName, Variant& result);
 
@@ -153,6 +166,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// TryExpandExpression to enforce.
   std::string ExpandExpression(std::string_view text, bool required) const;
   WideString ExpandExpression(const WideString& text) const;
+
+  /// Also reports how many references were replaced.
+  std::string ExpandExpression(std::string_view text, int32_t& replaced, bool required) const;
 
   /// Expands into `expanded`. False when that fails, or when the text is required and expands to blanks; the
   /// failure has then been reported under the property's title and Execute returns false in silence.

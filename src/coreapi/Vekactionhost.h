@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -25,7 +26,10 @@ class IVekActionHost {
 
   // Expressions and variables. [build thread]
   virtual std::string ExpandExpression(std::string_view text) = 0;  // raises EVekExpressionError
-  virtual Variant GetVariableValue(std::string_view name) = 0;      // raises EVekError when undefined
+
+  /// Likewise; reports how many references the text held.
+  virtual std::string ExpandCounting(std::string_view text, int32_t& replaced) = 0;
+  virtual Variant GetVariableValue(std::string_view name) = 0;  // raises EVekError when undefined
   virtual void SetVariable(std::string_view name, Variant value) = 0;
   virtual bool IsVariableDefined(std::string_view name) = 0;
 

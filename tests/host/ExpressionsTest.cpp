@@ -47,6 +47,13 @@ std::string Failure(std::string_view text) {
 
 }  // namespace
 
+TEST(Expressions, CountsReferences) {
+  Source source;
+  int32_t replaced = -1;
+  EXPECT_EQ(ExpandText("%A% 100% %% $$(x) $(6*7)%a%", source, &replaced), "one 100% % $(x) 42one");
+  EXPECT_EQ(replaced, 3);
+}
+
 TEST(Expressions, TextsAndWhatTheyExpandTo) {
   const struct {
     std::string_view text, wanted;

@@ -11,6 +11,7 @@ class NullHost : public IVekActionHost {
  public:
   const Platform& GetPlatform() override { Refuse("GetPlatform"); }
   std::string ExpandExpression(std::string_view) override { Refuse("ExpandExpression"); }
+  std::string ExpandCounting(std::string_view, int32_t&) override { Refuse("ExpandCounting"); }
   Variant GetVariableValue(std::string_view) override { Refuse("GetVariableValue"); }
   void SetVariable(std::string_view, Variant) override { Refuse("SetVariable"); }
   bool IsVariableDefined(std::string_view) override { Refuse("IsVariableDefined"); }

@@ -44,6 +44,9 @@ bool BuildContext::EvaluateCondition(std::string_view expression) {
 }
 
 std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
+std::string BuildContext::ExpandCounting(std::string_view text, int32_t& replaced) {
+  return ExpandText(text, *this, &replaced);
+}
 
 std::optional<std::string> BuildContext::VariableText(std::string_view name) {
   if (const Variant* value = variables_.Find(name)) return VariantToText(*value);

@@ -29,6 +29,8 @@ class Expansion {
     return std::move(result_);
   }
 
+  int32_t References() const { return references_; }
+
  private:
   bool At(std::string_view token) const { return text_.substr(position_).starts_with(token); }
 
@@ -46,6 +48,7 @@ class Expansion {
 
     const auto value = source_.VariableText(name);
     if (!value) throw EVekExpressionError("unknown variable " + Quoted(name));
+    ++references_;
     TakeLiteral(*value, end + 1 - position_);
   }
 
@@ -57,6 +60,7 @@ class Expansion {
     if (!end)
       throw EVekExpressionError("expression " + Quoted(text_.substr(position_)) +
                                 " has no closing parenthesis");
+    ++references_;
     TakeLiteral(ScriptText(text_.substr(start, *end - start)), *end + 1 - position_);
   }
 
@@ -72,11 +76,15 @@ class Expansion {
   const std::string_view text_;
   ExpressionSource& source_;
   size_t position_ = 0;
+  int32_t references_ = 0;
   std::string result_;
 };
 
 }  // namespace
 
-std::string ExpandText(std::string_view text, ExpressionSource& source) {
-  return Expansion(text, source).Run();
+std::string ExpandText(std::string_view text, ExpressionSource& source, int32_t* replaced) {
+  Expansion expansion(text, source);
+  std::string expanded = expansion.Run();
+  if (replaced) *replaced = expansion.References();
+  return expanded;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,5 +20,6 @@ class ExpressionSource {
 };
 
 /// Expands %NAME% and $(EXPR) in one pass; %% is one '%', $$( is "$(" literally, and any other '%' or '$'
-/// stands for itself. Raises EVekExpressionError, which names the variable or expression at fault.
-std::string ExpandText(std::string_view text, ExpressionSource& source);
+/// stands for itself. Raises EVekExpressionError, which names the variable or expression at fault. `replaced`
+/// receives the number of references.
+std::string ExpandText(std::string_view text, ExpressionSource& source, int32_t* replaced = nullptr);

@@ -162,20 +162,10 @@ void TCustomRunProgramAction::OnStdErrData(IVekProcess& process, std::string_vie
 /// Logs a piece of output as the user's script leaves it.
 void TCustomRunProgramAction::LogData(std::string_view eventName, IVekProcess& process,
                                       std::string_view data) {
-  IVekActionScript* script = GetScriptByName(eventName);
   // When the build is to stop scripts are interrupted, each with an error of its own.
-  if (!script || script->IsBlank() || StopSignalled()) return SendMessage(data);
-
-  const auto action = CreateActionScriptObject(*this);
-  IVekActionScriptParams& params = script->Params();
-  params.ParameterByName("Action").SetValue(action.get());
-  params.ParameterByName("Process").SetValue(&process.ScriptObject());
-  params.ParameterByName("Data").SetValue(std::string(data));
-  Variant ignored;
-  const bool ran = ExecuteScript(eventName, ignored);
-  for (const char* name : {"Action", "Process"}) params.ParameterByName(name).SetValue({});
-  if (!ran) return SendMessage(data);
-  SendMessage(VariantToText(params.ParameterByName("Data").Value()));
+  if (!HasScript(eventName) || StopSignalled()) return SendMessage(data);
+  const bool ran = RunScript(eventName, {{"Process", &process.ScriptObject()}, {"Data", std::string(data)}});
+  SendMessage(ran ? VariantToText(ScriptResult(eventName, "Data")) : std::string(data));
 }
 
 const ActionClass TCustomRunDosCMDAction::kClass{

@@ -32,14 +32,6 @@ void TVekCustomScriptAction::InitialiseScriptParams(IVekActionScript& script) {
 }
 
 bool TVekCustomScriptAction::Execute() {
-  IVekActionScript& script = *GetScriptByName(kEvent);
-  if (script.IsBlank()) return true;  // nothing in it that could fail
-  const auto action = CreateActionScriptObject(*this);
-  IVekActionScriptParams& params = script.Params();
-  params.ParameterByName("Action").SetValue(action.get());
-  params.ParameterByName("ActionResult").SetValue(true);
-  Variant ignored;
-  const bool ran = ExecuteScript(kEvent, ignored);
-  params.ParameterByName("Action").SetValue({});
-  return ran && IsSuccess(params.ParameterByName("ActionResult").Value());
+  if (!HasScript(kEvent)) return true;  // nothing in it that could fail
+  return RunScript(kEvent, {{"ActionResult", true}}) && IsSuccess(ScriptResult(kEvent, "ActionResult"));
 }
