@@ -1,6 +1,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "pages/VekTextReplaceFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
 #include "pages/Vekeditors.h"
@@ -73,6 +74,20 @@ TEST(WriteToTextFilePage, ChoosesThePosition) {
   Find<TRadioButton>(page, "rbToStart").Click();
   page.WriteActionData(action);
   EXPECT_EQ(action.WriteToPosition, TVekWriteToPos::toStart);
+}
+
+TEST(TextReplacePage, EnablesWhatHasAnEffect) {
+  NullHost host;
+  TTextReplaceAction action(host);
+  TfrmTextReplace page;
+  page.ReadActionData(action);
+  EXPECT_FALSE(Find<TMemo>(page, "memSearchText").Enabled());
+  EXPECT_FALSE(Find<TCheckBox>(page, "chkWholeWords").Enabled());
+  Find<TCheckBox>(page, "chkReplaceText").Click();
+  EXPECT_TRUE(Find<TCheckBox>(page, "chkWholeWords").Enabled());
+  Find<TCheckBox>(page, "chkRegularExpression").Click();
+  EXPECT_TRUE(Find<TMemo>(page, "memSearchText").Enabled());
+  EXPECT_FALSE(Find<TCheckBox>(page, "chkWholeWords").Enabled());
 }
 
 }  // namespace

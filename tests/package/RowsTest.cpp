@@ -31,6 +31,7 @@ using Exceptions = std::set<RowException>;
 /// Lines of classes that have no such property.
 const Exceptions kIdleLines = {
     {"TCustomVekWriteToTextFileAction", "NewFileName"},
+    {"TCustomTextReplaceAction", "NewFilename"},  // its property has another letter case
     {"TCustomRunDosCMDAction", "ProgramName"},
     {"TCustomRunDosCMDAction", "Params"},
 };

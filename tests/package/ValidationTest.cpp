@@ -6,10 +6,14 @@
 #include "fileops/VekFileSetCopyMove.h"
 #include "iterators/VekFolderIteratorAction.h"
 #include "iterators/VekIniFileIteratorAction.h"
+#include "iterators/VekReadTextFileIteratorAction.h"
 #include "iterators/Vekfileiterator.h"
 #include "process/FRunProg.h"
 #include "support/NullHost.h"
 #include "textini/VekCreateTextFileAction.h"
+#include "textini/VekReadTextFileAction.h"
+#include "textini/VekTextFind.h"
+#include "textini/VekTextReplaceAction.h"
 #include "textini/VekVariablesSaveLoadAction.h"
 #include "textini/VekWriteToTextFileAction.h"
 #include "textini/Vekinifile.h"
@@ -70,6 +74,13 @@ TEST(Validation, ReportsEverySettingThatIsMissing) {
       [](auto& action) { action.IniFilename = action.SectionsVar = " "; });
   ExpectProblems<TVekVariablesLoadAction>({"IniFile: IniFile has not been set"},
                                           [](auto& action) { action.INIFile = " "; });
+  ExpectProblems<TReadTextFileIterator>({"Filename: A filename has not been set"},
+                                        [](auto& action) { action.TextFileName = kBlank; });
+  ExpectProblems<TVekReadTextFileAction>({"File Name: Filename has not been set"},
+                                         [](auto& action) { action.FileName = " "; });
+  ExpectProblems<TTextReplaceAction>({"Filename: A filename has not been specified"},
+                                     [](auto& action) { action.Filename = " "; });
+  ExpectProblems<TVekTextFindAction>({}, [](auto&) {});
   ExpectProblems<TRunProgramAction>({"Program: The program to execute has not been set"},
                                     [](auto& action) { action.SetProgramName(kBlank); });
   ExpectProblems<TRunDosCMDAction>({"DOS Command: The DOS command has not been set"},

@@ -9,6 +9,7 @@
 #include "iterators/VekFolderIteratorAction.h"
 #include "iterators/VekIniFileIteratorAction.h"
 #include "iterators/VekListIteratorActoin.h"
+#include "iterators/VekReadTextFileIteratorAction.h"
 #include "iterators/Vekfileiterator.h"
 #include "pages/FCopyMoveEditFrame.h"
 #include "pages/FRunProgFrame.h"
@@ -19,6 +20,10 @@
 #include "pages/VekIniFileIteratorFrame.h"
 #include "pages/VekListIteratorFrame.h"
 #include "pages/VekLogVarFrame.h"
+#include "pages/VekReadFileFrame.h"
+#include "pages/VekReadTextFileIteratorFrame.h"
+#include "pages/VekTextFindFrame.h"
+#include "pages/VekTextReplaceFrame.h"
 #include "pages/VekVariablesLoadOptionsFrame.h"
 #include "pages/VekVariablesSaveLoadForm.h"
 #include "pages/VekVariablesSaveOptionsFrame.h"
@@ -31,6 +36,9 @@
 #include "process/Vekrunscriptaction.h"
 #include "textini/VekCreateTextFileAction.h"
 #include "textini/VekLogVariableValues.h"
+#include "textini/VekReadTextFileAction.h"
+#include "textini/VekTextFind.h"
+#include "textini/VekTextReplaceAction.h"
 #include "textini/VekVariablesSaveLoadAction.h"
 #include "textini/VekWriteToTextFileAction.h"
 #include "textini/Vekinifile.h"
@@ -89,12 +97,17 @@ constexpr CatalogueRow kCatalogue[] = {
     RoutineRow(RegisterRegistryUnit),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
+    ActionRow<TVekReadTextFileAction, TReadFileFrame>("READTEXTFILE", kOwnName, kFiles),
+    ActionRow<TReadTextFileIterator, TReadTextFileIteratorFrame>("READTEXTFILEITERATOR", kOwnName, kIterators),
+    RoutineRow(RegisterReset<TReadTextFileIterator>),
     ActionRow<TIniFileIterator, TIniFileIteratorFrame>("INIFILEITERATOR", "Ini File Iterator", kIterators),
     RoutineRow(RegisterReset<TIniFileIterator>),
     ActionRow<TVekListIterator, TListIteratorFrame>("LISTITERATOR", "List Iterator", kIterators),
     RoutineRow(RegisterReset<TVekListIterator>),
+    ActionRow<TTextReplaceAction, TfrmTextReplace>("TEXTREPLACE", kOwnName, kFiles),
     ActionRow<TVekVariablesSaveAction, TVariablesSaveLoadForm, TVariablesSaveOptionsFrame>("SAVEVARTOINI", kOwnName, kVariables),
     ActionRow<TVekVariablesLoadAction, TVariablesSaveLoadForm, TVariablesLoadOptionsFrame>("LOADVARFROMINI", kOwnName, kVariables),
+    ActionRow<TVekTextFindAction, TTextFindFrame>("TEXTFIND", kOwnName, kMisc),
     ActionRow<TVekLogVariablesAction, TLogVarFrame>("LOGVARIABLEVALS", kOwnName, kMisc),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };

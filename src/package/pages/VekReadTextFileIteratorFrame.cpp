@@ -1,0 +1,8 @@
+#include "pages/VekReadTextFileIteratorFrame.h"
+
+TReadTextFileIteratorFrame::TReadTextFileIteratorFrame() : TActionFrame("File Contents Iterator") {
+  Edit("txtVariable", "VariableName").Hint("Variable that receives the line of each pass");
+  ButtonEdit("txtFileName", "TextFileName")
+      .Hint("File whose lines are iterated")
+      .BrowsesForFile("Select File", "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", ".txt");
+}

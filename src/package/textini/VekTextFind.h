@@ -1,0 +1,80 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "coreapi/Vekactionapi.h"
+
+class TRegExpr;
+class TTextWindows;
+
+/// The text as a regular expression that matches it. "]", "{" and "}" are left as they are, so that a number
+/// in braces still repeats.
+std::string StringToRegExp(const std::string& text);
+std::string RegExpMakeWholeWord(const std::string& expression);
+std::string RegExpMakeIgnoreCase(const std::string& expression);
+
+enum class TTextFindBehaviour { tfFailOnLess, tfFailOnMore, tfPutIntoVar };
+template <>
+inline constexpr auto kEnumNames<TTextFindBehaviour> = Names("TTextFindBehaviour", "tfFailOnLess",
+                                                             "tfFailOnMore", "tfPutIntoVar");
+
+/// "Text Find": counts the occurrences of a text in a file or a variable, and decides by the count.
+class TCustomVekTextFindAction : public TVekAction {
+ public:
+  static const ActionClass kClass;
+  explicit TCustomVekTextFindAction(IVekActionHost& host);
+
+  bool UseVariable = false;
+  std::string VekVariable;
+  std::string SourcePath;
+  std::string SearchString;
+  bool MatchRegExpr = false;
+  bool CaseSensitive = false;
+  bool WholeWords = false;
+  TTextFindBehaviour TextFindBehaviour = TTextFindBehaviour::tfFailOnLess;
+  int32_t FailMatchCount = 1;
+  int32_t FailOnMoreMatchCount = 1;
+  std::string PutCountIntoVar;
+
+  bool CanTerminate() const override { return true; }
+  void TerminateAction() override;
+
+ protected:
+  void InitialiseScriptParams(IVekActionScript& script) override;
+  bool Execute() override;
+
+ private:
+  std::optional<TTextWindows> OpenText(const std::string& path, const std::string& searchText) const;
+  std::string Pattern(const std::string& searchText) const;
+  bool CountMatches(TTextWindows& text, const std::string& searchText);
+  bool SearchWindow(TTextWindows& text, TRegExpr& expression, size_t& from);
+  bool TakeMatch(TTextWindows& text, TRegExpr& expression);
+  std::string CountText() const;
+  bool Decide() const;
+  bool Stopped() { return terminated_ || StopSignalled(); }
+
+  std::atomic<bool> terminated_ = false;
+  int64_t count_ = 0;
+};
+
+class TVekTextFindAction final : public PublishedAction<TVekTextFindAction, TCustomVekTextFindAction> {
+ public:
+  using PublishedAction::PublishedAction;
+  static constexpr std::string_view kClassName = "TVekTextFindAction";
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TCustomVekTextFindAction::UseVariable>("UseVariable"),
+      Published<&TCustomVekTextFindAction::VekVariable>("VekVariable", TextRole::Variable),
+      Published<&TCustomVekTextFindAction::SourcePath>("SourcePath", TextRole::File),
+      Published<&TCustomVekTextFindAction::SearchString>("SearchString"),
+      Published<&TCustomVekTextFindAction::MatchRegExpr>("MatchRegExpr"),
+      Published<&TCustomVekTextFindAction::CaseSensitive>("CaseSensitive"),
+      Published<&TCustomVekTextFindAction::WholeWords>("WholeWords"),
+      Published<&TCustomVekTextFindAction::TextFindBehaviour>("TextFindBehaviour"),
+      Published<&TCustomVekTextFindAction::FailMatchCount>("FailMatchCount"),
+      Published<&TCustomVekTextFindAction::FailOnMoreMatchCount>("FailOnMoreMatchCount"),
+      Published<&TCustomVekTextFindAction::PutCountIntoVar>("PutCountIntoVar", TextRole::Variable),
+  };
+};

@@ -1,0 +1,212 @@
+#include "textini/VekTextReplaceAction.h"
+
+#include "coreapi/Vekregexpr.h"
+#include "platform/Contents.h"
+#include "platform/Entries.h"
+#include "platform/Platform.h"
+#include "textini/Veklinereplace.h"
+
+namespace {
+
+constexpr std::string_view kFindEvent = "OnFindText", kLineEvent = "OnProcessLine";
+
+constexpr std::string_view kAliases[] = {
+    "[Replace Options]",
+    "DoReplaceVariables=Replace Variables?",
+    "DoReplaceText=Replace Explicit Text?",
+    "Filename=Filename",
+    "NewFilename=NewFilename",
+    "SearchText=Search Text",
+    "ReplaceText=Replace Text",
+    "DoRepeat=Repeat Replace?",
+    "CaseSensitive=Case Sensitive",
+    "WholeWordsOnly=Replace whole words only",
+};
+
+/// Puts the numbers in place of each %d; "%%" is one percent sign, and any other one is an error.
+std::string Format(const std::string& format, std::initializer_list<int32_t> numbers) {
+  std::string text;
+  const int32_t* number = numbers.begin();
+  for (size_t i = 0; i < format.size(); ++i) {
+    const char next = i + 1 < format.size() ? format[i + 1] : '\0';
+    if (format[i] != '%') {
+      text += format[i];
+    } else if (next == '%') {
+      text += format[++i];
+    } else if (next == 'd' && number != numbers.end()) {
+      text += std::to_string(*number++);
+      ++i;
+    } else {
+      throw EVekError("Format '" + format + "' invalid or incompatible with argument");
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+const ActionClass TCustomTextReplaceAction::kClass{
+    .inherited = &TVekAction::kClass,
+    .className = "TCustomTextReplaceAction",
+    .actionName = "Text Replace",
+    .helpTopicID = 1290,
+    .quickHelpFilename = "Plugins\\TextReplace.html",
+    .aliases = kAliases,
+};
+
+TCustomTextReplaceAction::TCustomTextReplaceAction(IVekActionHost& host) : TVekAction(host) {
+  for (std::string_view event : {kFindEvent, kLineEvent}) AddScript(event);
+}
+
+void TCustomTextReplaceAction::InitialiseScriptParams(IVekActionScript& script) {
+  TVekAction::InitialiseScriptParams(script);
+  IVekActionScriptParams& params = script.Params();
+  params.AddParameter("Action", ScriptParamKind::In);
+  if (script.Name() == kFindEvent) {
+    for (const char* name : {"Count", "FoundText"}) params.AddParameter(name, ScriptParamKind::In);
+    for (const char* name : {"ReplaceText", "DoReplace"}) params.AddParameter(name, ScriptParamKind::InOut);
+  } else {
+    params.AddParameter("LineText", ScriptParamKind::InOut);
+  }
+}
+
+bool TCustomTextReplaceAction::Validate(IVekActionValidationError& errors) {
+  if (!Filename.empty()) return true;
+  errors.AddError("Filename", "A filename has not been specified");
+  return false;
+}
+
+bool TCustomTextReplaceAction::Execute() {
+  found_ = replacements_ = 0;
+  if (!TryExpandExpression("FileName", Filename, fileName_, false)) return false;
+  if (!TryExpandExpression("NewFileName", NewFileName, newFileName_, false)) return false;
+  if (!GetPlatform().entries->FileExists(fileName_)) {
+    SendStatusMessage({"File does not exist: " + fileName_});
+    return false;
+  }
+  try {
+    if (!ReplaceInFile()) return false;
+    SendSummary();
+  } catch (const std::exception& error) {
+    if (!StopSignalled()) SendStatusMessage({std::string("Error: ") + error.what()});
+    return false;
+  }
+  if (!FailOnFewReplacements || FailMinimumCount <= replacements_) return true;
+  SendMessage("Failing because less than " + std::to_string(FailMinimumCount) + " replacements were made.");
+  return false;
+}
+
+/// A regular expression has a pass of its own, which begins with the source file again: with a new file name
+/// it overwrites what the first pass has saved.
+bool TCustomTextReplaceAction::ReplaceInFile() {
+  std::string text = Load();
+  if (DoReplaceVariables) text = ExpandExpression(text, replacements_, false);
+  if (DoReplaceText && !MatchRegularExpression && !ReplaceByLines(text)) return false;
+  Save(text);
+  text = {};
+  return !DoReplaceText || !MatchRegularExpression || ReplaceByExpression();
+}
+
+bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
+  if (!ExpandTexts()) return false;
+  TLineReplaceOptions options{.searchText = searchText_,
+                              .replaceText = replaceText_,
+                              .caseSensitive = CaseSensitive,
+                              .wholeWords = WholeWordsOnly,
+                              .most = DoRepeat};
+  options.stopped = [this] { return StopSignalled(); };
+  if (HasScript(kFindEvent)) {
+    options.onFindText = [this](int32_t count, std::string& replaceText, bool& doReplace) {
+      return FindText(count, searchText_, replaceText, doReplace);
+    };
+  }
+  if (HasScript(kLineEvent)) options.onProcessLine = [this](std::string& line) { return ProcessLine(line); };
+  TLineReplace lines(options);
+  if (!lines.Run(text)) return false;
+  found_ = lines.Found();
+  replacements_ += lines.Replaced();
+  return true;
+}
+
+bool TCustomTextReplaceAction::ReplaceByExpression() {
+  if (!ExpandTexts()) return false;
+  const auto replaced = ReplaceMatches(Load());
+  if (replaced) Save(*replaced);
+  return replaced.has_value();
+}
+
+/// Nothing when a script failed. The matches are those of the text as it was.
+std::optional<std::string> TCustomTextReplaceAction::ReplaceMatches(const std::string& text) try {
+  TRegExpr expression(searchText_, {.m = true, .s = false});
+  expression.SetStopped([this] { return StopSignalled(); });
+  std::string result;
+  size_t position = 0;
+  int32_t remaining = DoRepeat == 0 ? -1 : DoRepeat;
+  result.reserve(text.size() + text.size() / 8);
+  for (bool match = expression.Exec(text); match; match = remaining != 0 && expression.ExecNext()) {
+    ++found_;
+    std::string replaceText = replaceText_;
+    bool doReplace = true;
+    if (!FindText(found_, expression.Match(), replaceText, doReplace)) return {};
+    result.append(text, position, expression.MatchStart() - position);
+    result.append(doReplace ? replaceText : expression.Match());
+    position = expression.MatchEnd();
+    if (!doReplace) continue;
+    ++replacements_;
+    if (remaining > 0) --remaining;
+  }
+  return result.append(text, position);
+} catch (const ERegExpr& error) {
+  throw EVekError(std::string("An error occured matching the regular expression : \r\n") + error.what() +
+                  " (SearchText)");
+}
+
+bool TCustomTextReplaceAction::ExpandTexts() {
+  return TryExpandExpression("SearchText", SearchText, searchText_, false) &&
+         TryExpandExpression("ReplaceText", ReplaceText, replaceText_, false);
+}
+
+/// Lets the script decide on an occurrence; true also when there is no script.
+bool TCustomTextReplaceAction::FindText(int32_t count, std::string_view foundText, std::string& replaceText,
+                                        bool& doReplace) {
+  if (!HasScript(kFindEvent)) return true;
+  if (!RunScript(kFindEvent, {{"Count", int64_t{count}},
+                              {"FoundText", std::string(foundText)},
+                              {"ReplaceText", replaceText},
+                              {"DoReplace", true}})) {
+    return false;
+  }
+  replaceText = VariantToText(ScriptResult(kFindEvent, "ReplaceText"));
+  doReplace = IsTrue(ScriptResult(kFindEvent, "DoReplace"));
+  return true;
+}
+
+bool TCustomTextReplaceAction::ProcessLine(std::string& line) {
+  if (!RunScript(kLineEvent, {{"LineText", line}})) return false;
+  line = VariantToText(ScriptResult(kLineEvent, "LineText"));
+  return true;
+}
+
+std::string TCustomTextReplaceAction::Load() const {
+  std::string text;
+  const SysResult read = GetPlatform().contents->ReadWhole(fileName_, text);
+  if (!read) throw EVekError("Cannot read " + fileName_ + ": " + SysErrorMessage(read.code));
+  return text;
+}
+
+/// Over the source file only when something may have changed.
+void TCustomTextReplaceAction::Save(const std::string& text) const {
+  if (newFileName_.empty() && replacements_ == 0 && !DoReplaceVariables) return;
+  const std::string& target = newFileName_.empty() ? fileName_ : newFileName_;
+  const SysResult written = GetPlatform().contents->Replace(target, text);
+  if (!written) throw EVekError("Cannot write " + target + ": " + SysErrorMessage(written.code));
+}
+
+void TCustomTextReplaceAction::SendSummary() const {
+  const auto message = CreateStatusMessage();
+  if (DoReplaceVariables) message->SetText("Variables replaced in file : " + fileName_);
+  if (DoReplaceText) {
+    message->SetText(Format("%d matches found, %d replaced in file : " + fileName_, {found_, replacements_}));
+  }
+  SendStatusMessage(message);
+}
