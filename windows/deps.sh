@@ -26,19 +26,25 @@ work=$prefix.work
 rm -rf "$prefix" "$work"
 mkdir -p "$prefix"/{include,share/cmake} "$work/apt/"{lists,cache/archives}/partial
 
-# fetch_source SOURCE PACKAGE: the source that the installed package was built from, by lists of its own, so that
-# the machine's stay as they are. The archive and the suite are those that the package came from.
+# fetch_source SOURCE PACKAGE: the source that the installed package was built from; where its archive no longer
+# has it, as with superseded security updates, the one that the release came with. By lists of its own, so that
+# the machine's stay as they are.
 fetch_source() {
-  local version uri suite keyring=/usr/share/keyrings/debian-archive-keyring.gpg apt
+  local version
   version=$(awk -v package="$2" '$1 == package { print $2 }' <<<"$packages")
-  read -r uri suite < <(apt-cache policy "$2" | awk '$2 ~ /^https?:/ { print $2, $3; exit }')
-  [[ $uri ]] || { echo "no archive offers $2; apt-get update first" >&2; return 1; }
+  fetch_from "$2" "$1=$version" || fetch_from libpugixml-dev "$1"
+}
+
+# fetch_from PACKAGE SOURCE: from the archive and the suite that the installed package came from.
+fetch_from() {
+  local uri suite keyring=/usr/share/keyrings/debian-archive-keyring.gpg apt
+  read -r uri suite < <(apt-cache policy "$1" | awk '$2 ~ /^https?:/ { print $2, $3; exit }')
+  [[ $uri ]] || { echo "no archive offers $1; apt-get update first" >&2; return 1; }
   [[ -f $keyring ]] && keyring="[signed-by=$keyring]" || keyring=
   echo "deb-src $keyring $uri ${suite%/*} ${suite#*/}" >"$work/apt/sources.list"
   apt=(apt-get -qq -o "Dir::Etc::sourcelist=$work/apt/sources.list" -o Dir::Etc::sourceparts=/dev/null
        -o "Dir::State::lists=$work/apt/lists" -o "Dir::Cache=$work/apt/cache" -o APT::Sandbox::User=root)
-  "${apt[@]}" update
-  (cd "$work" && "${apt[@]}" source "$1=$version")
+  "${apt[@]}" update && (cd "$work" && "${apt[@]}" source "$2")
 }
 
 # cross_build SOURCE OPTION...
@@ -52,6 +58,7 @@ cross_build() {
   rm -rf "$work/build"
 }
 
+# In the background, because a command before "||" would go on after an error.
 {
   fetch_source pugixml libpugixml-dev
   cross_build "$work"/pugixml-*/ -DPUGIXML_BUILD_TESTS=OFF
@@ -64,7 +71,8 @@ cross_build() {
   cp -r /usr/include/{CLI,nlohmann} "$prefix/include/"
   cp -r /usr/share/cmake/{CLI11,nlohmann_json} "$prefix/share/cmake/"
   cp -r /usr/share/duktape "$prefix/share/"
-} >"$prefix/log" 2>&1 </dev/null || {
+} >"$prefix/log" 2>&1 </dev/null &
+wait $! || {
   tail -n 30 "$prefix/log" >&2
   exit 1
 }
