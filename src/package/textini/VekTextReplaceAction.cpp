@@ -1,5 +1,7 @@
 #include "textini/VekTextReplaceAction.h"
 
+#include <new>
+
 #include "coreapi/Vekregexpr.h"
 #include "platform/Contents.h"
 #include "platform/Entries.h"
@@ -87,6 +89,9 @@ bool TCustomTextReplaceAction::Execute() {
   try {
     if (!ReplaceInFile()) return false;
     SendSummary();
+  } catch (const std::bad_alloc&) {
+    SendStatusMessage({"Error: " + SysErrorMessage(Win32Error::NotEnoughMemory)});
+    return false;
   } catch (const std::exception& error) {
     if (!StopSignalled()) SendStatusMessage({std::string("Error: ") + error.what()});
     return false;
