@@ -189,7 +189,53 @@ XML
     -- 'all at once' "$bin/vekrun" run -q "$work/together.vekproj" "${defined[@]}"
 }
 
+# rewrite SOURCE COMMAND...: a change in place of a copy of the source that each round makes anew.
+rewrite() {
+  local source=$1
+  shift
+  stopwatch 5 --prepare cp "$source" "$work/text-copy" "$@"
+}
+
+texts() {
+  python3 "$here/make_text.py" "$work/text" 200000000
+  local find=("$bin/vekrun" exec -q TEXTFIND "SourcePath=$work/text" FailMatchCount=0)
+  mapfile -t rg < <(peer rg rg -j1 --count-matches Needle42 "$work/text")
+  echo "Counting a literal in 200 MB:"
+  stopwatch "$rounds" -- vekrun "${find[@]}" SearchString=Needle42 CaseSensitive=True "${rg[@]}"
+  mapfile -t rg < <(peer rg rg -j1 -i --count-matches needle42 "$work/text")
+  echo "Counting a literal in 200 MB, letter case ignored:"
+  stopwatch "$rounds" -- vekrun "${find[@]}" SearchString=needle42 "${rg[@]}"
+  mapfile -t rg < <(peer rg rg -j1 --count-matches '\b[a-z]+ing (?:lines|files) \w+' "$work/text")
+  echo "Counting a regular expression in 200 MB:"
+  stopwatch "$rounds" -- vekrun "${find[@]}" 'SearchString=\b[a-z]+ing (?:lines|files) \w+' MatchRegExpr=True "${rg[@]}"
+
+  local replace=("$bin/vekrun" exec -q TEXTREPLACE "Filename=$work/text-copy" DoReplaceText=True)
+  mapfile -t sd < <(peer sd sd -s Needle42 thread "$work/text-copy")
+  echo "Replacing a literal, 10,000 places in 200 MB:"
+  rewrite "$work/text" -- vekrun "${replace[@]}" SearchText=Needle42 ReplaceText=thread \
+    -- 'sed -i' sed -i s/Needle42/thread/g "$work/text-copy" "${sd[@]}"
+  mapfile -t sd < <(peer sd sd 'Need\w+\d' thread "$work/text-copy")
+  echo "Replacing by a regular expression in 200 MB:"
+  rewrite "$work/text" -- vekrun "${replace[@]}" 'SearchText=Need\w+\d' ReplaceText=thread \
+    MatchRegularExpression=True "${sd[@]}"
+  rm -f "$work"/text*
+}
+
+text_lines() {
+  seq -f 'line %.0f of a file' 1000000 >"$work/lines"
+  project lines <<XML
+<Action Type="READTEXTFILEITERATOR"><Properties>
+  <LoopVariable>L</LoopVariable><TextFileName>$work/lines</TextFileName>
+</Properties><Actions><Action Type="ACTIONGROUP"/></Actions></Action>
+XML
+  echo "while read -r line; do :; done <'$work/lines'" >"$work/lines.sh"
+  echo "1,000,000 lines of a file, a pass with one trivial child for each:"
+  stopwatch 3 -- vekrun "$bin/vekrun" run -q "$work/lines.vekproj" -- bash bash "$work/lines.sh" \
+    -- sh sh "$work/lines.sh"
+  rm -f "$work/lines"
+}
+
 for part in startup delete_files copy_files list_files list_folders run_loop run_programs capture_output \
-  ini_files keep_variables; do
+  ini_files keep_variables texts text_lines; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done
