@@ -1,11 +1,11 @@
 #include "coreapi/Vekregexpr.h"
 
 #include <algorithm>
-#include <chrono>
 #include <pcre2.h>
 #include <string>
 
 #include "base/Text.h"
+#include "platform/Clock.h"
 
 namespace {
 
@@ -95,6 +95,7 @@ class TRegExpr::Engine {
   }
 
   std::function<bool()> stopped;
+  Clock* clock = nullptr;
 
   bool Exec(std::string_view text, size_t from) {
     text_ = text;
@@ -153,18 +154,18 @@ class TRegExpr::Engine {
   }
 
   bool Stopped() const { return stopped && stopped(); }
+  double Seconds() const { return clock ? clock->Seconds() : 0; }
 
   /// Goes through the text in strides, which adapt to the time they take so that a stop is noticed soon; what
   /// is found does not depend on them.
   bool Search(size_t from) {
-    using Clock = std::chrono::steady_clock;
-    constexpr auto kShort = std::chrono::milliseconds(5), kLong = std::chrono::milliseconds(50);
+    constexpr double kShort = 0.005, kLong = 0.05;  // seconds
     while (true) {
       if (Stopped()) throw ERegExpr("the search was stopped");
       const size_t next = StrideEnd(from);
-      const auto begun = Clock::now();
+      const double begun = Seconds();
       const int result = Match(from, next);
-      const auto took = Clock::now() - begun;
+      const double took = Seconds() - begun;
       if (took < kShort) stride_ = std::min(stride_ * 2, kLongestStride);
       if (took > kLong) stride_ = std::max<size_t>(stride_ / 8, 1);
       if (result > 0) return true;
@@ -236,7 +237,10 @@ TRegExpr::TRegExpr(std::string_view expression, TRegExprModifiers modifiers)
     : engine_(std::make_unique<Engine>(expression, modifiers)) {}
 TRegExpr::~TRegExpr() = default;
 
-void TRegExpr::SetStopped(std::function<bool()> stopped) { engine_->stopped = std::move(stopped); }
+void TRegExpr::SetStopped(std::function<bool()> stopped, Clock* clock) {
+  engine_->stopped = std::move(stopped);
+  engine_->clock = clock;
+}
 bool TRegExpr::Exec(std::string_view text, size_t from) { return engine_->Exec(text, from); }
 bool TRegExpr::ExecPos(size_t from) { return engine_->ExecPos(from); }
 bool TRegExpr::ExecNext() { return engine_->ExecNext(); }

@@ -8,6 +8,8 @@
 #include "coreapi/Vekerrors.h"
 #include "vekcoreapi_export.h"
 
+class Clock;
+
 /// An expression that does not compile, or a match that goes beyond the engine's limits; the message is the
 /// engine's. A search that was stopped ends with it too.
 class VEK_API ERegExpr : public EVekError {
@@ -34,8 +36,9 @@ class VEK_API TRegExpr {
   TRegExpr(const TRegExpr&) = delete;
   TRegExpr& operator=(const TRegExpr&) = delete;
 
-  /// Asked again and again during a search, within a match too; true ends the search with ERegExpr.
-  void SetStopped(std::function<bool()> stopped);
+  /// Asked again and again during a search, within a match too; true ends the search with ERegExpr. With a
+  /// clock it is asked often enough for a user who waits.
+  void SetStopped(std::function<bool()> stopped, Clock* clock = nullptr);
 
   /// Looks for the first match that starts at byte `from` or later. The text must stay where it is while its
   /// matches are used. Raises ERegExpr when a match goes beyond the engine's limit of steps.

@@ -104,7 +104,7 @@ std::string TCustomVekTextFindAction::Pattern(const std::string& searchText) con
 bool TCustomVekTextFindAction::CountMatches(TTextWindows& text, const std::string& searchText) {
   try {
     TRegExpr expression(Pattern(searchText));
-    expression.SetStopped([this] { return Stopped(); });
+    expression.SetStopped([this] { return Stopped(); }, GetPlatform().clock);
     if (HasScript(kEvent)) text.CountCharacters();
     size_t from = 0;
     while (text.Next(from)) {

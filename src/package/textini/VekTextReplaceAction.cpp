@@ -120,6 +120,7 @@ bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
                               .wholeWords = WholeWordsOnly,
                               .most = DoRepeat};
   options.stopped = [this] { return StopSignalled(); };
+  options.clock = GetPlatform().clock;
   if (HasScript(kFindEvent)) {
     options.onFindText = [this](int32_t count, std::string& replaceText, bool& doReplace) {
       return FindText(count, searchText_, replaceText, doReplace);
@@ -143,7 +144,7 @@ bool TCustomTextReplaceAction::ReplaceByExpression() {
 /// Nothing when a script failed. The matches are those of the text as it was.
 std::optional<std::string> TCustomTextReplaceAction::ReplaceMatches(const std::string& text) try {
   TRegExpr expression(searchText_, {.m = true, .s = false});
-  expression.SetStopped([this] { return StopSignalled(); });
+  expression.SetStopped([this] { return StopSignalled(); }, GetPlatform().clock);
   std::string result;
   size_t position = 0;
   int32_t remaining = DoRepeat == 0 ? -1 : DoRepeat;

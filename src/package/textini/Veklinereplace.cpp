@@ -97,7 +97,7 @@ void TLineReplace::CountReplacement() {
 std::unique_ptr<TRegExpr> TLineReplace::Search(bool exact) const {
   auto search =
       std::make_unique<TRegExpr>(options_.searchText, TRegExprModifiers{.i = !exact, .literal = true});
-  search->SetStopped(options_.stopped);
+  search->SetStopped(options_.stopped, options_.clock);
   return search;
 }
 

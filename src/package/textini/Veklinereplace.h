@@ -23,6 +23,7 @@ struct TLineReplaceOptions {
   std::function<bool(std::string& line)> onProcessLine = {};
 
   std::function<bool()> stopped = {};
+  Clock* clock = nullptr;  // see TRegExpr::SetStopped
 };
 
 /// Replaces a text line by line. A text that holds a line break, and the empty one, occur in no line.
