@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "base/DateTime.h"
 
 class Clock {
@@ -10,4 +12,7 @@ class Clock {
   virtual double Seconds() = 0;
 
   virtual TDateTime LocalNow() = 0;
+
+  /// The date without the time, in the short form that the user's locale gives dates.
+  virtual std::string ShortDate(TDateTime local) = 0;
 };

@@ -29,6 +29,10 @@ class OpenFile {
   /// Writes all bytes, or fails with some of them written.
   virtual SysResult Write(std::string_view bytes) = 0;
 
+  /// Writes what comes next in another file, at most so many bytes; a count of 0 is that file's end. A
+  /// failure may leave some of them written.
+  virtual SysResult CopyFrom(OpenFile& source, uint64_t most, uint64_t& count) = 0;
+
   /// Moves to a position, in bytes from the start.
   virtual SysResult Seek(uint64_t position) = 0;
 

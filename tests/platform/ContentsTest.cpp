@@ -48,6 +48,44 @@ TEST_F(PlatformTest, ReplaceRefusesAndLeavesEverythingAsItWas) {
   EXPECT_EQ(folder.Names(), (Names{"folder", "locked"}));
 }
 
+TEST_F(PlatformTest, RewrittenContentsAreThereWhenTheyAreCommitted) {
+  folder.Write("Old", "old");
+  for (const char* name : {"old", "new"}) {
+    std::unique_ptr<NewContents> contents;
+    ASSERT_TRUE(data.Rewrite(Path(name), contents));
+    EXPECT_TRUE(contents->File().Write("one"));
+    contents.reset();
+    EXPECT_EQ(folder.Names(), Names{"Old"}) << name;
+    EXPECT_EQ(folder.Read("Old"), "old");
+  }
+  for (const char* name : {"old", "new"}) {
+    std::unique_ptr<NewContents> contents;
+    ASSERT_TRUE(data.Rewrite(Path(name), contents));
+    EXPECT_TRUE(contents->File().Write("one"));
+    EXPECT_TRUE(contents->File().Write("two"));
+    EXPECT_TRUE(contents->Commit());
+  }
+  EXPECT_EQ(folder.Names(), (Names{"Old", "new"}));
+  EXPECT_EQ(folder.Read("Old"), "onetwo");
+  EXPECT_EQ(folder.Read("new"), "onetwo");
+}
+
+TEST_F(PlatformTest, RewriteRefusesBeforeAnythingIsWritten) {
+  folder.Write("locked", "kept");
+  folder.Write("held", "kept");
+  ASSERT_TRUE(entries.SetAttributes(Path("locked"), FileAttribute::ReadOnly));
+  folder.MakeFolder("folder");
+  const ExclusiveOpen other(Path("held"));
+  const std::pair<const char*, Win32Error> cases[] = {{"locked", Win32Error::AccessDenied},
+                                                      {"folder", Win32Error::AccessDenied},
+                                                      {"missing/x", Win32Error::PathNotFound},
+                                                      {"held", Win32Error::SharingViolation}};
+  for (const auto& [name, code] : cases) {
+    std::unique_ptr<NewContents> contents;
+    EXPECT_EQ(data.Rewrite(Path(name), contents).code, code) << name;
+  }
+}
+
 TEST_F(PlatformTest, AFileThatIsHeldExclusivelyIsLeftAlone) {
   folder.Write("file", "held");
   std::string contents;

@@ -43,6 +43,23 @@ TEST_F(OpenFileTest, ReadsAndWritesWhereItStands) {
   EXPECT_EQ(folder.Read("new.txt"), "");
 }
 
+TEST_F(OpenFileTest, TakesOverWhatComesNextInAnotherFile) {
+  folder.Write("source", "0123456789");
+  std::unique_ptr<OpenFile> source;
+  ASSERT_TRUE(data.Open(Path("source"), Read, DenyNone, source));
+  ASSERT_EQ(Open("target", Create), Win32Error::Success);
+  EXPECT_TRUE(source->Seek(3));
+  EXPECT_TRUE(file->Write("x"));
+  for (const uint64_t wanted : {4u, 3u, 0u}) {
+    uint64_t count = 100;
+    EXPECT_TRUE(file->CopyFrom(*source, wanted == 4 ? 4 : 100, count));
+    EXPECT_EQ(count, wanted);
+  }
+  EXPECT_TRUE(file->Write("y"));
+  file.reset();
+  EXPECT_EQ(folder.Read("target"), "x3456789y");
+}
+
 TEST_F(OpenFileTest, SaysWhyAFileCannotBeOpened) {
   folder.Write("file", "text");
   folder.Write("locked", "text");

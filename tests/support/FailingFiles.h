@@ -41,6 +41,9 @@ class FailingFiles final : public Entries, public Folders, public Contents {
   std::function<Answer(std::string_view name, uint32_t flags, const CopyProgress& progress)> moving;
   std::function<Answer(std::string_view name, uint32_t attributes)> settingAttributes;
 
+  /// Told of every file that has been opened, to put something in its place.
+  std::function<void(std::string_view name, std::unique_ptr<OpenFile>& file)> opened;
+
   /// The names of a file that is said not to exist, and of one that is said to.
   std::string missing, present;
 
@@ -93,9 +96,14 @@ class FailingFiles final : public Entries, public Folders, public Contents {
     return real_.contents->ReadWhole(path, contents);
   }
 
+  SysResult Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) override {
+    return real_.contents->Rewrite(path, contents);
+  }
   SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
                  std::unique_ptr<OpenFile>& file) override {
-    return real_.contents->Open(path, mode, share, file);
+    const SysResult result = real_.contents->Open(path, mode, share, file);
+    if (result && opened) opened(NamePart(path), file);
+    return result;
   }
 
  private:

@@ -17,9 +17,19 @@ TEST_F(PosixContentsTest, ReplaceKeepsModeAndAttributes) {
   folder.Write("file", "old");
   SetMode(Path("file"), 0640);
   const bool stores = StoreRawAttributes(Path("file"), "0x22");
+  const auto expectKept = [&](const char* text) {
+    EXPECT_EQ(folder.Read("file"), text);
+    EXPECT_EQ(ModeOf(Path("file")), 0640u);
+    EXPECT_EQ(RawAttributes(Path("file")), stores ? std::optional<std::string>("0x22") : std::nullopt);
+  };
   EXPECT_TRUE(data.Replace(Path("file"), "new"));
-  EXPECT_EQ(ModeOf(Path("file")), 0640u);
-  EXPECT_EQ(RawAttributes(Path("file")), stores ? std::optional<std::string>("0x22") : std::nullopt);
+  expectKept("new");
+
+  std::unique_ptr<NewContents> contents;
+  ASSERT_TRUE(data.Rewrite(Path("file"), contents));
+  EXPECT_TRUE(contents->File().Write("newer"));
+  EXPECT_TRUE(contents->Commit());
+  expectKept("newer");
 }
 
 TEST_F(PosixContentsTest, ReplaceFollowsLinks) {

@@ -3,9 +3,9 @@
 #include <fcntl.h>
 #include <stdexcept>
 
-#include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/NewFile.h"
 #include "platform/posix/files/OpenedFile.h"
+#include "platform/posix/files/Rewrite.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -29,19 +29,6 @@ SysResult ReadToEnd(int fd, size_t expected, std::string& contents) {
   }
 }
 
-/// Writes beside the target and exchanges the two; `old` is the open target, or nothing where it is new.
-SysResult Exchange(PosixPaths& paths, const Place& target, int old, const struct stat& status,
-                   std::string_view contents) {
-  // The folder must be writable too, since only an exchange of files is one step.
-  NameIndex::Change change(paths.Names(), target.Fd());
-  NewFile file(target);
-  if (!file.CreateBeside(old < 0 ? 0666 : 0600) || !WriteAll(file.Fd(), contents)) return LastFailure();
-  if (old >= 0 && !CopyProperties(old, status, file.Fd())) return LastFailure();
-  if (!file.TakePlaceOf(target.name)) return LastFailure();
-  if (old < 0) change.Added(target.name);
-  return {};
-}
-
 /// A pipe or device takes the bytes itself.
 SysResult WriteInto(int fd, std::string_view contents) {
   fcntl(fd, F_SETFL, 0);
@@ -63,19 +50,12 @@ SysResult ReadContents(const Place& place, std::string& contents) {
 }
 
 SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_view contents) {
-  Place place = paths.Locate(path);
-  if (!place.folder) return SysResult::Failure(place.error);
-  UniqueFd old = OpenTarget(place);
-  if (!old && errno == ENOENT && paths.OtherCase(place)) old = OpenTarget(place);
-  for (int links = 0; !old && errno == ELOOP; ++links) {
-    if (links == kMostLinks || !FollowLink(place)) return LastFailure();
-    old = OpenTarget(place);
-  }
-  struct stat status = {};
-  if (!old && errno == ENOENT) return Exchange(paths, place, -1, status, contents);
-  if (!old || fstat(old.Get(), &status) != 0) return LastFailure();
-  if (IsReadOnly(status)) return SysResult::Failure(Win32Error::AccessDenied);
-  if (!MayUse(old.Get())) return LastFailure();
-  if (!S_ISREG(status.st_mode)) return WriteInto(old.Get(), contents);
-  return Exchange(paths, place, old.Get(), status, contents);
+  RewriteTarget target;
+  if (const SysResult found = FindRewriteTarget(paths, path, target); !found) return found;
+  if (target.old && !S_ISREG(target.status.st_mode)) return WriteInto(target.old.Get(), contents);
+  // The folder must be writable too, since only an exchange of files is one step.
+  NameIndex::Change change(paths.Names(), target.place.Fd());
+  NewFile file(target.place);
+  if (!file.CreateBeside(target.ModeUntilDone()) || !WriteAll(file.Fd(), contents)) return LastFailure();
+  return TakePlace(file, target, change);
 }

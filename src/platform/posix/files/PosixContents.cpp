@@ -3,6 +3,7 @@
 #include "base/WindowsPath.h"
 #include "platform/posix/files/FileContents.h"
 #include "platform/posix/files/PosixOpenFile.h"
+#include "platform/posix/files/Rewrite.h"
 
 SysResult PosixContents::ReadWhole(std::string_view path, std::string& contents) {
   return paths_.OnEntry(path, [&](const Place& place) { return ReadContents(place, contents); });
@@ -10,6 +11,10 @@ SysResult PosixContents::ReadWhole(std::string_view path, std::string& contents)
 
 SysResult PosixContents::Replace(std::string_view path, std::string_view contents) {
   return ReplaceContents(paths_, path, contents);
+}
+
+SysResult PosixContents::Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) {
+  return BeginRewrite(paths_, path, contents);
 }
 
 SysResult PosixContents::Open(std::string_view path, OpenMode mode, ShareMode share,

@@ -9,6 +9,7 @@ class PosixContents final : public Contents {
 
   SysResult ReadWhole(std::string_view path, std::string& contents) override;
   SysResult Replace(std::string_view path, std::string_view contents) override;
+  SysResult Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) override;
   SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
                  std::unique_ptr<OpenFile>& file) override;
 

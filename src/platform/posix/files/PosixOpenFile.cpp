@@ -1,9 +1,11 @@
 #include "platform/posix/files/PosixOpenFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include "platform/CopyBytes.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/system/LocalTime.h"
@@ -11,6 +13,9 @@
 #include "platform/posix/system/UniqueFd.h"
 
 namespace {
+
+// Well below what a system call takes at most.
+constexpr uint64_t kMostAtOnce = uint64_t{1} << 30;
 
 class PosixOpenFile final : public OpenFile {
  public:
@@ -22,6 +27,17 @@ class PosixOpenFile final : public OpenFile {
     return got < 0 ? LastFailure() : SysResult();
   }
   SysResult Write(std::string_view bytes) override { return Result(WriteAll(fd_.Get(), bytes)); }
+  SysResult CopyFrom(OpenFile& source, uint64_t most, uint64_t& count) override {
+    if (const auto* from = dynamic_cast<const PosixOpenFile*>(&source)) {
+      const ssize_t copied = copy_file_range(from->fd_.Get(), nullptr, fd_.Get(), nullptr,
+                                             static_cast<size_t>(std::min<uint64_t>(most, kMostAtOnce)), 0);
+      count = static_cast<uint64_t>(copied);
+      if (copied > 0) return {};
+    }
+    // Not every file system can, nor is every file at its end that the kernel finds nothing more in; what is
+    // really wrong shows again when the bytes are read and written.
+    return CopyBytes(source, *this, most, count);
+  }
   SysResult Seek(uint64_t position) override {
     return Result(lseek(fd_.Get(), static_cast<off_t>(position), SEEK_SET) >= 0);
   }
@@ -108,3 +124,5 @@ SysResult CreateAndOpen(const Place& place, ShareMode share, std::unique_ptr<Ope
   constexpr int kFlags = O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC;
   return Take(UniqueFd(openat(place.Fd(), place.Name(), kFlags, 0666)), OpenMode::Create, share, file);
 }
+
+std::unique_ptr<OpenFile> TakeOpen(UniqueFd fd) { return std::make_unique<PosixOpenFile>(std::move(fd)); }

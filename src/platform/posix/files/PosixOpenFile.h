@@ -9,3 +9,6 @@
 /// nothing is made to lead to it.
 SysResult OpenExisting(const Place& place, OpenMode mode, ShareMode share, std::unique_ptr<OpenFile>& file);
 SysResult CreateAndOpen(const Place& place, ShareMode share, std::unique_ptr<OpenFile>& file);
+
+/// A file that is open already.
+std::unique_ptr<OpenFile> TakeOpen(UniqueFd fd);

@@ -6,4 +6,5 @@ class PosixClock final : public Clock {
  public:
   double Seconds() override;
   TDateTime LocalNow() override;
+  std::string ShortDate(TDateTime local) override;
 };

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/win32/files/Win32NewFile.h"
+#include "platform/win32/files/Win32OpenFile.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
 
@@ -28,6 +29,54 @@ SysResult ReadAll(HANDLE file, std::string& contents) {
   }
 }
 
+/// A file whose contents are to be exchanged, links followed.
+struct RewriteTarget {
+  std::wstring name;
+  DWORD attributes = INVALID_FILE_ATTRIBUTES;  // there is none yet
+};
+
+SysResult FindRewriteTarget(std::string_view path, RewriteTarget& target) {
+  if (const SysResult result = NativePath(path, target.name); !result) return result;
+  target.attributes = GetFileAttributesW(target.name.c_str());
+  if (target.attributes == INVALID_FILE_ATTRIBUTES) return {};
+  const Handle file = OpenToReplace(target.name);
+  if (!file) return LastFailure();
+  target.name = FinalPath(file, target.name);
+  target.attributes = GetFileAttributesW(target.name.c_str());
+  // The system's own answer to these differs between its releases.
+  constexpr DWORD kRefused = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
+  return (target.attributes & kRefused) != 0 ? SysResult::Failure(Win32Error::AccessDenied) : SysResult();
+}
+
+class Win32NewContents final : public NewContents {
+ public:
+  explicit Win32NewContents(RewriteTarget target) : target_(std::move(target)) {}
+
+  SysResult Create() {
+    return new_.CreateBy(target_.name, [this](const std::wstring& name) {
+      Handle file(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+      if (!file) return LastFailure();
+      file_ = TakeOpen(std::move(file));
+      return SysResult();
+    });
+  }
+
+  class OpenFile& File() override {
+    return *file_;
+  }
+
+  SysResult Commit() override {
+    file_.reset();
+    return new_.TakePlaceOf(target_.name, target_.attributes);
+  }
+
+ private:
+  RewriteTarget target_;
+  NewFile new_;
+  std::unique_ptr<class OpenFile> file_;  // goes first: an open file cannot be removed
+};
+
 }  // namespace
 
 SysResult Win32Contents::ReadWhole(std::string_view path, std::string& contents) {
@@ -39,20 +88,18 @@ SysResult Win32Contents::ReadWhole(std::string_view path, std::string& contents)
 }
 
 SysResult Win32Contents::Replace(std::string_view path, std::string_view contents) {
-  std::wstring target;
-  if (const SysResult result = NativePath(path, target); !result) return result;
-  DWORD attributes = GetFileAttributesW(target.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES) {
-    const Handle file = OpenToReplace(target);
-    if (!file) return LastFailure();
-    target = FinalPath(file, target);
-    attributes = GetFileAttributesW(target.c_str());
-    // The system's own answer to these differs between its releases.
-    if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-      return SysResult::Failure(Win32Error::AccessDenied);
-    }
-  }
+  RewriteTarget target;
+  if (const SysResult found = FindRewriteTarget(path, target); !found) return found;
   NewFile file;
-  if (const SysResult result = file.Create(target, contents); !result) return result;
-  return file.TakePlaceOf(target, attributes);
+  if (const SysResult result = file.Create(target.name, contents); !result) return result;
+  return file.TakePlaceOf(target.name, target.attributes);
+}
+
+SysResult Win32Contents::Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) {
+  RewriteTarget target;
+  if (const SysResult found = FindRewriteTarget(path, target); !found) return found;
+  auto made = std::make_unique<Win32NewContents>(std::move(target));
+  const SysResult created = made->Create();
+  if (created) contents = std::move(made);
+  return created;
 }

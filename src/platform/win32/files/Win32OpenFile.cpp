@@ -1,6 +1,9 @@
+#include "platform/win32/files/Win32OpenFile.h"
+
 #include <algorithm>
 
 #include "base/WindowsPath.h"
+#include "platform/CopyBytes.h"
 #include "platform/win32/files/Win32Contents.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -32,6 +35,10 @@ class Win32OpenFile final : public ::OpenFile {
       bytes.remove_prefix(written);
     }
     return {};
+  }
+
+  SysResult CopyFrom(OpenFile& source, uint64_t most, uint64_t& count) override {
+    return CopyBytes(source, *this, most, count);
   }
 
   SysResult Seek(uint64_t position) override {
@@ -98,4 +105,8 @@ SysResult Win32Contents::Open(std::string_view path, OpenMode mode, ShareMode sh
   if (mode == OpenMode::Create && !SetEndOfFile(handle.Get())) return LastFailure();
   file = std::make_unique<Win32OpenFile>(std::move(handle));
   return {};
+}
+
+std::unique_ptr<class OpenFile> TakeOpen(Handle file) {
+  return std::make_unique<Win32OpenFile>(std::move(file));
 }

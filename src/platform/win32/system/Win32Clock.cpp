@@ -1,5 +1,6 @@
 #include "platform/win32/system/Win32Clock.h"
 
+#include "platform/win32/system/Win32Text.h"
 #include "platform/win32/system/Win32Time.h"
 
 double Win32Clock::Seconds() {
@@ -13,4 +14,11 @@ TDateTime Win32Clock::LocalNow() {
   FILETIME now;
   GetSystemTimePreciseAsFileTime(&now);
   return ToLocal(now);
+}
+
+std::string Win32Clock::ShortDate(TDateTime local) {
+  const SYSTEMTIME date = Parts(local);
+  wchar_t text[128] = L"";
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &date, nullptr, text, ARRAYSIZE(text), nullptr);
+  return FromWide(text);
 }

@@ -7,6 +7,11 @@ namespace {
 
 constexpr int64_t kEpoch = 116444736000000000;  // 1970-01-01 in units of 100 ns since 1601
 
+FILETIME Ticks(TDateTime value) {
+  const int64_t ticks = std::llround(ToUnixSeconds(value) * 1e3) * 10000 + kEpoch;
+  return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
 }  // namespace
 
 double UnixSeconds(const FILETIME& time) {
@@ -23,9 +28,15 @@ TDateTime ToLocal(const FILETIME& time) {
   return FromUnixSeconds(UnixSeconds(shifted));
 }
 
+SYSTEMTIME Parts(TDateTime value) {
+  const FILETIME time = Ticks(value);
+  SYSTEMTIME parts{};
+  FileTimeToSystemTime(&time, &parts);
+  return parts;
+}
+
 FILETIME FromLocal(TDateTime local) {
-  const int64_t ticks = std::llround(ToUnixSeconds(local) * 1e3) * 10000 + kEpoch;
-  FILETIME time{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+  FILETIME time = Ticks(local);
   SYSTEMTIME shifted, utc;
   if (FileTimeToSystemTime(&time, &shifted) && TzSpecificLocalTimeToSystemTime(nullptr, &shifted, &utc)) {
     SystemTimeToFileTime(&utc, &time);

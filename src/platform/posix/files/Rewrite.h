@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <sys/stat.h>
+
+#include "platform/Contents.h"
+#include "platform/posix/files/NewFile.h"
+#include "platform/posix/paths/PosixPaths.h"
+
+/// A file whose contents are to be exchanged, links followed.
+struct RewriteTarget {
+  Place place;
+  UniqueFd old;  // nothing: there is none yet
+  struct stat status = {};
+
+  /// Of what is to take its place: nobody else's business before it has the old one's.
+  mode_t ModeUntilDone() const { return old ? 0600 : 0666; }
+};
+
+/// Finds it, refusing one that is read-only or that another holds exclusively.
+SysResult FindRewriteTarget(PosixPaths& paths, std::string_view path, RewriteTarget& target);
+
+/// The new file gets the properties of the old one, and then its name.
+SysResult TakePlace(NewFile& file, const RewriteTarget& target, NameIndex::Change& change);
+
+/// What Contents::Rewrite does.
+SysResult BeginRewrite(PosixPaths& paths, std::string_view path, std::unique_ptr<NewContents>& contents);
