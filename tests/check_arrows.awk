@@ -34,6 +34,7 @@ BEGIN {
   library["nlohmann/"] = "host cli"
   library["CLI/"] = "cli"
   library["iostream"] = "cli"
+  library["immintrin.h"] = "package/checksum"
   library["fstream"] = library["filesystem"] = "platform"
 
   # What only some rooms may write, in code without comments and strings.

@@ -2,7 +2,10 @@
 
 #include "gtest/gtest.h"
 
+#include "checksum/VekFileCRCAction.h"
+#include "fileops/VekConcatFilesAction.h"
 #include "fileops/VekCopyMove.h"
+#include "fileops/VekFileCompare.h"
 #include "fileops/VekFileSetCopyMove.h"
 #include "iterators/VekFolderIteratorAction.h"
 #include "iterators/VekIniFileIteratorAction.h"
@@ -65,6 +68,13 @@ TEST(Validation, ReportsEverySettingThatIsMissing) {
       [](auto& action) {
         action.IniFile = action.Section = action.ValueName = action.VariableName = kBlank;
       });
+  ExpectProblems<TVekFileCRCAction>({"File Name: Filename has not been set"},
+                                    [](auto& action) { action.FileName = " "; });
+  ExpectProblems<TConcatAction>({"Source File 1: Source File 1 has not been set",
+                                 "Destination File: The Destination file has not been set"},
+                                [](auto& action) { action.SourceFile1 = action.DestinationFile = " "; });
+  ExpectProblems<TVekFileCompareAction>({"File Name: Missing file name."},
+                                        [](auto& action) { action.FileA = action.FileB = " "; });
   ExpectProblems<TFileIterator>({"File Spec: File Spec has not been set"},
                                 [](auto& action) { action.SetFileSpec(kBlank); });
   ExpectProblems<TFolderIterator>({"Starting Folder: A starting folder has not been set"},

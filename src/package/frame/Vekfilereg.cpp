@@ -1,8 +1,12 @@
 #include "frame/Vekfilereg.h"
 
+#include "checksum/VekFileCRCAction.h"
+#include "checksum/VekFileMD5Action.h"
 #include "coreapi/Vekservices.h"
+#include "fileops/VekConcatFilesAction.h"
 #include "fileops/VekCopyMove.h"
 #include "fileops/VekDeleteFilesAction.h"
+#include "fileops/VekFileCompare.h"
 #include "fileops/VekFileSetCopyMove.h"
 #include "frame/Vekcatalogue.h"
 #include "frame/Vekregistryreg.h"
@@ -13,8 +17,12 @@
 #include "iterators/Vekfileiterator.h"
 #include "pages/FCopyMoveEditFrame.h"
 #include "pages/FRunProgFrame.h"
+#include "pages/VekConcatFilesFrame.h"
 #include "pages/VekCreateFileFrame.h"
+#include "pages/VekFileCRCFrame.h"
+#include "pages/VekFileCompareFrame.h"
 #include "pages/VekFileIteratorFrame.h"
+#include "pages/VekFileMD5Frame.h"
 #include "pages/VekFileSetCopyMoveFrame.h"
 #include "pages/VekFolderIteratorFrame.h"
 #include "pages/VekIniFileIteratorFrame.h"
@@ -94,6 +102,7 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TVekScriptAction>("SCRIPTACTION", kOwnName, kMisc),
     ActionRow<TRunProgramAction, TRunProgramFrame>("HEXECUTEPROG", "Execute Program", kWindowsOS),
     ActionRow<TRunDosCMDAction, TRunDosCmdFrame>("HRUNDOS", "Run DOS Command", kWindowsOS),
+    ActionRow<TConcatAction, TConcatFilesFrame>("HCONCAT", kOwnName, kFiles),
     RoutineRow(RegisterRegistryUnit),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
@@ -104,10 +113,13 @@ constexpr CatalogueRow kCatalogue[] = {
     RoutineRow(RegisterReset<TIniFileIterator>),
     ActionRow<TVekListIterator, TListIteratorFrame>("LISTITERATOR", "List Iterator", kIterators),
     RoutineRow(RegisterReset<TVekListIterator>),
+    ActionRow<TVekFileCRCAction, TFileCRCFrame>("CRC32", kOwnName, kFiles),
+    ActionRow<TVekFileMD5Action, TFileMD5Frame>("MD5", kOwnName, kFiles),
     ActionRow<TTextReplaceAction, TfrmTextReplace>("TEXTREPLACE", kOwnName, kFiles),
     ActionRow<TVekVariablesSaveAction, TVariablesSaveLoadForm, TVariablesSaveOptionsFrame>("SAVEVARTOINI", kOwnName, kVariables),
     ActionRow<TVekVariablesLoadAction, TVariablesSaveLoadForm, TVariablesLoadOptionsFrame>("LOADVARFROMINI", kOwnName, kVariables),
     ActionRow<TVekTextFindAction, TTextFindFrame>("TEXTFIND", kOwnName, kMisc),
+    ActionRow<TVekFileCompareAction, TFileCompareFrame>("FILECOMPARE", kOwnName, kFiles),
     ActionRow<TVekLogVariablesAction, TLogVarFrame>("LOGVARIABLEVALS", kOwnName, kMisc),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };

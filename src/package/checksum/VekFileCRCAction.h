@@ -1,0 +1,28 @@
+#pragma once
+
+#include "checksum/Vekfilechecksum.h"
+
+/// "Calculate File CRC32": the CRC-32 of a file.
+class TCustomVekFileCRCAction : public TCustomFileChecksumAction {
+ public:
+  static const ActionClass kClass;
+  using TCustomFileChecksumAction::TCustomFileChecksumAction;
+
+ protected:
+  const ChecksumWords& Words() const override;
+  bool Compute(const std::string& fileName, bool isSecond, std::string& checksum) override;
+};
+
+class TVekFileCRCAction final : public PublishedAction<TVekFileCRCAction, TCustomVekFileCRCAction> {
+ public:
+  using PublishedAction::PublishedAction;
+  static constexpr std::string_view kClassName = "TVekFileCRCAction";
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TCustomVekFileCRCAction::FileName>("FileName", TextRole::File),
+      Published<&TCustomVekFileCRCAction::VekVariable>("VekVariable", TextRole::Variable),
+      Published<&TCustomVekFileCRCAction::FailIfDiffToFile>("FailIfDiffToFile"),
+      Published<&TCustomVekFileCRCAction::CompareToFile>("CompareToFile", TextRole::File),
+      Published<&TCustomVekFileCRCAction::FailIfDiffToValue>("FailIfDiffToCRC"),
+      Published<&TCustomVekFileCRCAction::CompareToValue>("CompareToCRC"),
+  };
+};
