@@ -235,7 +235,35 @@ XML
   rm -f "$work/lines"
 }
 
+checksums() {
+  head -c 1G /dev/urandom >"$work/large"
+  cp "$work/large" "$work/same"
+  mapfile -t openssl < <(peer openssl openssl md5 "$work/large")
+  echo "MD5 of 1 GiB:"
+  stopwatch 5 -- vekrun "$bin/vekrun" exec -q MD5 "FileName=$work/large" \
+    -- md5sum md5sum "$work/large" "${openssl[@]}"
+  mapfile -t zlib < <(peer zlib python3 "$here/crc.py" "$work/large")
+  echo "CRC-32 of 1 GiB:"
+  stopwatch 5 -- vekrun "$bin/vekrun" exec -q CRC32 "FileName=$work/large" \
+    -- 'carry-less' "$bin/vek_crc32" "$work/large" "${zlib[@]}"
+  echo "Comparing two files of 1 GiB by MD5:"
+  stopwatch 3 -- vekrun "$bin/vekrun" exec -q FILECOMPARE "FileA=$work/large" "FileB=$work/same" \
+    -- md5sum md5sum "$work/large" "$work/same"
+  rm -f "$work/large" "$work/same"
+}
+
+concatenate() {
+  head -c 512M /dev/urandom >"$work/half1"
+  cp "$work/half1" "$work/half2"
+  echo "Concatenating two files of 512 MiB:"
+  stopwatch 5 --prepare sh -c "rm -f '$work'/whole-*" \
+    -- vekrun "$bin/vekrun" exec -q HCONCAT "SourceFile1=$work/half1" "SourceFile2=$work/half2" \
+    "DestinationFile=$work/whole-{}" \
+    -- cat sh -c "cat '$work/half1' '$work/half2' >'$work/whole-{}'"
+  rm -f "$work"/half* "$work"/whole-*
+}
+
 for part in startup delete_files copy_files list_files list_folders run_loop run_programs capture_output \
-  ini_files keep_variables texts text_lines; do
+  ini_files keep_variables texts text_lines checksums concatenate; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done
