@@ -67,6 +67,8 @@ CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const cha
 void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   CLI::App* run = AddCommand(app, Command::Run, "run", "Execute a project", arguments);
   run->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
+  AddRepeatable(*run, "--secret", arguments.secrets, "NAME",
+                "Show the values of this variable in no log; may be repeated");
   run->add_flag("--validate", arguments.validate, "Refuse a project whose actions are not set up completely");
   AddBuildOptions(*run, arguments, raw);
 
@@ -107,15 +109,18 @@ void TakeLog(const RawArguments& raw, Arguments& arguments) {
   arguments.logFile = *raw.logFile;
 }
 
+void CheckVariableName(const std::string& name, const std::string& what) {
+  if (IsVariableName(name)) return;
+  throw UsageError{what + ": \"" + name + "\" is no variable name (letters, digits, _ . - ( ))"};
+}
+
 void TakeApart(const RawArguments& raw, Arguments& arguments) {
   TakeLog(raw, arguments);
   for (const std::string& text : raw.variables) {
     arguments.variables.push_back(SplitAssignment(text, "-D", "NAME=VALUE"));
-    const std::string& name = arguments.variables.back().first;
-    if (!IsVariableName(name)) {
-      throw UsageError{"-D " + text + ": \"" + name + "\" is no variable name (letters, digits, _ . - ( ))"};
-    }
+    CheckVariableName(arguments.variables.back().first, "-D " + text);
   }
+  for (const std::string& name : arguments.secrets) CheckVariableName(name, "--secret " + name);
   for (const std::string& text : raw.drives) {
     const auto [drive, folder] = SplitAssignment(text, "--drive", "X=DIR");
     const char letter = drive.empty() ? '\0' : static_cast<char>(drive[0] & ~0x20);

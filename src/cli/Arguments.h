@@ -18,6 +18,7 @@ struct Arguments {
   std::vector<std::string> assignments;  // of exec: PROP=VALUE, PROP+=LINE
   std::vector<std::string> scripts;      // of exec: EVENT=FILE
   std::vector<VariableDefinition> variables;
+  std::vector<std::string> secrets;  // names of variables
 
   LogFormat logFormat = LogFormat::Text;
   std::string logFile;  // empty: standard output

@@ -167,11 +167,12 @@ int Build(const Arguments& arguments, const Load& load) {
     if (!problems.empty()) return kUnusable;
   }
   const auto interrupt = session.GetConsole().OnInterrupt([&context] { context.Stop().RequestStop(); });
+  for (const std::string& name : arguments.secrets) context.MarkVariableSecret(name);
   try {
     DefineVariables(context, project, arguments.variables);
-  } catch (const EProjectError&) {
+  } catch (const EProjectError& error) {
     if (context.Stop().StopRequested()) return kStoppedByUser;
-    throw;
+    throw EProjectError(context.Masked(error.what()));
   }
 
   log.Open(project);

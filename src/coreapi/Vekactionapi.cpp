@@ -240,6 +240,8 @@ void TCustomVekAction::AddNewVariable(std::string_view name, std::string_view va
   host_.SetVariable(name, std::string(value));
 }
 
+void TCustomVekAction::MarkVariableSecret(std::string_view name) const { host_.MarkVariableSecret(name); }
+
 void TCustomVekAction::UpdateKeyValue(int32_t index, std::string_view /*current*/, std::string_view value) {
   SetDescriptionKeyValue(index, value);
   host_.SetProjectModified();

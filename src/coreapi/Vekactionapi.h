@@ -191,6 +191,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   bool IsVariableDefined(std::string_view name) const;
   void AddNewVariable(std::string_view name, std::string_view value) const;
 
+  /// From now on no value of the variable shows in a log.
+  void MarkVariableSecret(std::string_view name) const;
+
   // The host.
   /// What the setter of a key value calls instead of storing: the host stores the new value through
   /// SetDescriptionKeyValue and so keeps the description current.

@@ -33,6 +33,9 @@ class IVekActionHost {
   virtual void SetVariable(std::string_view name, Variant value) = 0;
   virtual bool IsVariableDefined(std::string_view name) = 0;
 
+  /// From now on no value of the variable shows in a log.
+  virtual void MarkVariableSecret(std::string_view name) = 0;
+
   /// A line of the build log. What another thread sends is logged before the build thread's next event.
   /// [any thread]
   virtual void SendMessage(std::string_view text) = 0;

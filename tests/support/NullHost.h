@@ -25,6 +25,7 @@ class NullHost : public IVekActionHost {
   void Synchronize(const std::function<void()>&) override { Refuse("Synchronize"); }
   FolderLinks GetFolderLinks() override { Refuse("GetFolderLinks"); }
   IVekProjectObjectAPI& GetProjectObjectAPI() override { Refuse("GetProjectObjectAPI"); }
+  void MarkVariableSecret(std::string_view) override { Refuse("MarkVariableSecret"); }
   void SetProjectModified() override {}  // key values of any action that is loaded
 
  private:

@@ -14,8 +14,8 @@ BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue,
                            bool unattended)
     : platform_(platform),
       catalogue_(catalogue),
-      events_(events),
       unattended_(unattended),
+      events_(events, variables_.GetSecrets()),
       stop_(*platform.clock),
       fileSets_(*this) {}
 
@@ -72,6 +72,12 @@ void BuildContext::SetVariable(std::string_view name, Variant value) {
 }
 
 bool BuildContext::IsVariableDefined(std::string_view name) { return variables_.Find(name) != nullptr; }
+
+/// A name that no variable has may stand for one of the environment.
+void BuildContext::MarkVariableSecret(std::string_view name) {
+  variables_.MarkSecret(name);
+  if (const auto text = VariableText(name)) variables_.GetSecrets().AddValue(*text);
+}
 
 void BuildContext::SendMessage(std::string_view text) {
   if (std::this_thread::get_id() == buildThread_) return Events().Message(path_, text);

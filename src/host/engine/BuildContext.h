@@ -17,6 +17,7 @@
 #include "host/expressions/Variables.h"
 #include "host/filesets/FileSets.h"
 #include "host/scripts/ScriptEngine.h"
+#include "host/secrets/SecretMask.h"
 
 class Catalogue;
 class EventSink;
@@ -43,6 +44,9 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   /// Whether the code that runs may show user interface.
   bool InSynchronize() const { return inSynchronize_; }
 
+  /// The text with what is secret hidden, for what is shown outside the log.
+  std::string Masked(std::string_view text) const { return variables_.GetSecrets().Mask(text); }
+
   /// The truth of a condition, blank text counting as true; raises EVekError.
   bool EvaluateCondition(std::string_view expression);
 
@@ -53,6 +57,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   Variant GetVariableValue(std::string_view name) override;
   void SetVariable(std::string_view name, Variant value) override;
   bool IsVariableDefined(std::string_view name) override;
+  void MarkVariableSecret(std::string_view name) override;
   void SendMessage(std::string_view text) override;
   void SendStatusMessage(const IVekActionLogMessage& message) override;
   void SendProgress(std::string_view text, int32_t percent) override;
@@ -83,11 +88,11 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
 
   const Platform& platform_;
   const Catalogue& catalogue_;
-  EventSink& events_;
   const bool unattended_;
   Project* project_ = nullptr;
   std::string path_;
   Variables variables_;
+  SecretMask events_;
   StopControl stop_;
   const std::thread::id buildThread_ = std::this_thread::get_id();
   std::mutex postponedMutex_;

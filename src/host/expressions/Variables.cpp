@@ -7,7 +7,13 @@ const Variant* Variables::Find(std::string_view name) const {
   return found == values_.end() ? nullptr : &found->second;
 }
 
+void Variables::MarkSecret(std::string_view name) {
+  secrets_.AddVariable(name);
+  if (const Variant* value = Find(name)) secrets_.AddValue(*value);
+}
+
 void Variables::Set(std::string_view name, Variant value) {
+  if (secrets_.IsSecret(name)) secrets_.AddValue(value);
   const auto found = values_.find(name);
   if (found == values_.end()) {
     values_.emplace(name, std::move(value));

@@ -6,8 +6,10 @@
 
 #include "base/Text.h"
 #include "coreapi/Vekvariant.h"
+#include "host/secrets/Secrets.h"
 
-/// The project's variables. Names compare without regard to case; the first spelling stays.
+/// The project's variables. Names compare without regard to case; the first spelling stays. Values of secret
+/// ones are remembered as such.
 class Variables {
  public:
   /// The value, or null when no variable has that name.
@@ -16,8 +18,14 @@ class Variables {
   /// Gives a variable the value and the value's type, and defines it where it is new.
   void Set(std::string_view name, Variant value);
 
+  /// Marks a variable, defined or not, as secret.
+  void MarkSecret(std::string_view name);
+  const Secrets& GetSecrets() const { return secrets_; }
+  Secrets& GetSecrets() { return secrets_; }
+
   const std::map<std::string, Variant, LessNoCase>& All() const { return values_; }
 
  private:
   std::map<std::string, Variant, LessNoCase> values_;
+  Secrets secrets_;
 };

@@ -13,6 +13,7 @@ struct VariableDeclaration {
   std::string type;  // "String", "Integer", "Boolean", "Float" or "DateTime"
   std::string text;  // as written; expanded when a build starts
   int line = 0;
+  bool secret = false;  // its values show in no log
 };
 
 struct FileSetDeclaration {

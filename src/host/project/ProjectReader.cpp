@@ -6,6 +6,7 @@
 #include "host/project/ProjectXml.h"
 #include "host/project/PropertyAssignment.h"
 #include "host/project/Quoted.h"
+#include "host/secrets/Secrets.h"
 
 namespace {
 
@@ -74,6 +75,7 @@ class Reader {
   void CheckVersion(Node root) const;
   bool ReadFollowLinks(Node root) const;
   VariableDeclaration ReadVariable(Node element, NameSet& names) const;
+  bool ReadFlag(Node element, const std::string& place, const char* name) const;
   std::string ReadVariableType(Node element, const std::string& place) const;
   FileSetDeclaration ReadFileSet(Node element, NameSet& names) const;
   std::vector<ActionNode> ReadActions(Node section, const std::string& place, const std::string& path,
@@ -127,7 +129,7 @@ bool Reader::ReadFollowLinks(Node root) const {
 }
 
 VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
-  xml_.CheckAttributes(element, "", {"Name", "Type"});
+  xml_.CheckAttributes(element, "", {"Name", "Type", "Secret"});
   VariableDeclaration variable;
   variable.line = xml_.LineOf(element);
   variable.name = xml_.RequiredAttribute(element, "", "Name");
@@ -138,12 +140,14 @@ VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
   const std::string place = "variable " + OneLine(variable.name);
   if (!names.insert(variable.name).second) xml_.Fail(element, place, "declared twice");
   variable.type = ReadVariableType(element, place);
+  variable.secret = ReadFlag(element, place, "Secret");
   variable.text = xml_.Text(element, place);
   // What holds a reference can only be checked when it has been expanded.
   const bool literal =
       variable.text.find('%') == std::string::npos && variable.text.find("$(") == std::string::npos;
   if (literal && !VariantFromText(variable.type, variable.text)) {
-    xml_.Fail(element, place, Quoted(variable.text) + " is no value of type " + variable.type);
+    const std::string shown = variable.secret ? std::string(kSecretText) : Quoted(variable.text);
+    xml_.Fail(element, place, shown + " is no value of type " + variable.type);
   }
   return variable;
 }
@@ -154,6 +158,14 @@ std::string Reader::ReadVariableType(Node element, const std::string& place) con
     if (SameText(type, wanted)) return std::string(type);
   }
   xml_.Fail(element, place, "unknown type " + Quoted(wanted) + Suggestion(wanted, kVariableTypes));
+}
+
+/// A truth value; false where the attribute is left out.
+bool Reader::ReadFlag(Node element, const std::string& place, const char* name) const {
+  const auto text = xml_.Attribute(element, place, name);
+  if (!text) return false;
+  if (const auto flag = ParseBoolean(*text)) return *flag;
+  xml_.Fail(element, place, std::string(name) + ": " + Quoted(*text) + " is neither True nor False");
 }
 
 FileSetDeclaration Reader::ReadFileSet(Node element, NameSet& names) const {

@@ -44,7 +44,9 @@ Variant DeclaredValue(BuildContext& context, const Project& project, const Varia
   const std::string place =
       project.fileName + ':' + std::to_string(declared.line) + ": variable " + declared.name;
   try {
-    return ValueOf(declared.type, context.ExpandExpression(declared.text), place);
+    const std::string text = context.ExpandExpression(declared.text);
+    if (declared.secret) context.GetVariables().GetSecrets().AddValue(text);  // before a message shows it
+    return ValueOf(declared.type, text, place);
   } catch (const EVekExpressionError& error) {
     throw EProjectError(place + ": " + Quoted(declared.text) + ": " + OneLine(error.what()));
   }
@@ -55,6 +57,9 @@ Variant DeclaredValue(BuildContext& context, const Project& project, const Varia
 void DefineVariables(BuildContext& context, const Project& project,
                      std::span<const VariableDefinition> definitions) {
   Variables& variables = context.GetVariables();
+  for (const VariableDeclaration& declared : project.variables) {
+    if (declared.secret) context.MarkVariableSecret(declared.name);
+  }
   DefinePredefined(variables, *context.GetPlatform().environment, project);
   // First, so that a declared value can refer to what the command line defines.
   for (const auto& [name, text] : definitions) variables.Set(name, text);

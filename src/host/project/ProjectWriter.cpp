@@ -7,12 +7,12 @@ namespace {
 /// Elements indented by two blanks a level.
 class XmlWriter {
  public:
-  using Attributes = std::initializer_list<std::pair<std::string_view, std::string_view>>;
+  using Attributes = std::vector<std::pair<std::string_view, std::string_view>>;
 
   /// What is being written, for faults.
   void SetPlace(std::string place) { place_ = std::move(place); }
 
-  void Open(std::string_view name, Attributes attributes = {}) {
+  void Open(std::string_view name, const Attributes& attributes = {}) {
     Start(name, attributes);
     xml_ += ">\n";
     ++level_;
@@ -24,7 +24,7 @@ class XmlWriter {
     xml_.append("</").append(name).append(">\n");
   }
 
-  void Element(std::string_view name, std::string_view text, Attributes attributes = {}) {
+  void Element(std::string_view name, std::string_view text, const Attributes& attributes = {}) {
     Start(name, attributes);
     if (text.empty()) {
       xml_ += "/>\n";
@@ -47,7 +47,7 @@ class XmlWriter {
  private:
   void Indent() { xml_.append(level_ * 2, ' '); }
 
-  void Start(std::string_view name, Attributes attributes) {
+  void Start(std::string_view name, const Attributes& attributes) {
     Indent();
     xml_.append("<").append(name);
     for (const auto& [attribute, value] : attributes) {
@@ -94,7 +94,9 @@ void WriteVariables(XmlWriter& xml, const std::vector<VariableDeclaration>& vari
   xml.Open("Variables");
   for (const VariableDeclaration& variable : variables) {
     xml.SetPlace("variable " + OneLine(variable.name));
-    xml.Element("Variable", variable.text, {{"Name", variable.name}, {"Type", variable.type}});
+    XmlWriter::Attributes attributes{{"Name", variable.name}, {"Type", variable.type}};
+    if (variable.secret) attributes.emplace_back("Secret", BooleanText(true));
+    xml.Element("Variable", variable.text, attributes);
   }
   xml.Close("Variables");
 }
