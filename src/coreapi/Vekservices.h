@@ -52,14 +52,43 @@ class IVekOptionsServices {
   virtual std::string ReadOption(std::string_view name, std::string_view key) = 0;
 };
 
-/// The user's answers to file and folder choosers. A dialog that is cancelled leaves the text alone.
+/// A message box by the system's numbers: its style, and the button that was pressed.
+namespace MessageBoxStyle {
+inline constexpr uint32_t OkCancel = 1, YesNo = 4, QuestionIcon = 32, SecondIsDefault = 256;
+}
+namespace MessageBoxAnswer {
+inline constexpr int32_t Ok = 1, Cancel = 2, Yes = 6, No = 7;
+}
+
+/// A line of text to be typed.
+struct TTextPrompt {
+  std::string_view title, text;
+  bool secret = false;  // typed unseen, and what it had before is not shown either
+
+  /// What is wrong with an answer, which is then asked for again; empty when it will do.
+  std::function<std::string(const std::string& answer)> complaint = {};
+};
+
+/// Whether a chooser asks again for what is not there.
+enum class TMustExist { No, Yes };
+
+/// The user's answers to dialogs. One that is cancelled leaves what it was given alone.
 /// [user-interface thread]
 class IVekDialogServices {
  public:
   virtual ~IVekDialogServices() = default;
   virtual bool BrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
-                             std::string_view defaultExtension) = 0;
-  virtual bool BrowseForDirectory(std::string_view title, std::string& folder) = 0;
+                             std::string_view defaultExtension, TMustExist mustExist) = 0;
+  virtual bool BrowseForDirectory(std::string_view title, std::string& folder, TMustExist mustExist) = 0;
+
+  /// The button; closing the box counts as the second one.
+  virtual int32_t MessageDialog(std::string_view text, std::string_view caption, uint32_t style) = 0;
+
+  /// `answer` is offered as it stands.
+  virtual bool PromptForText(const TTextPrompt& prompt, std::string& answer) = 0;
+
+  /// `number` counts the choices from 1; the one it names is offered, none for any other number.
+  virtual bool ChooseFromList(std::string_view text, const StringList& choices, int32_t& number) = 0;
 };
 
 /// What a host with a designer knows of the project that is being edited. [user-interface thread]

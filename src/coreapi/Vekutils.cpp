@@ -12,12 +12,12 @@
 #include "platform/Platform.h"
 
 bool VekBrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
-                      std::string_view defaultExtension) {
-  return VekDialogServices().BrowseForFile(title, fileName, filter, defaultExtension);
+                      std::string_view defaultExtension, TMustExist mustExist) {
+  return VekDialogServices().BrowseForFile(title, fileName, filter, defaultExtension, mustExist);
 }
 
-bool VekBrowseForDirectory(std::string_view title, std::string& folder) {
-  return VekDialogServices().BrowseForDirectory(title, folder);
+bool VekBrowseForDirectory(std::string_view title, std::string& folder, TMustExist mustExist) {
+  return VekDialogServices().BrowseForDirectory(title, folder, mustExist);
 }
 
 /// Shows a dialog for an action that runs.
@@ -32,13 +32,15 @@ class VekRuntimeBrowser {
 };
 
 bool VekBrowseForFileRuntime(TCustomVekAction& action, std::string_view title, std::string& fileName,
-                             std::string_view filter, std::string_view defaultExtension) {
-  return VekRuntimeBrowser::Show(action,
-                                 [&] { return VekBrowseForFile(title, fileName, filter, defaultExtension); });
+                             std::string_view filter, std::string_view defaultExtension,
+                             TMustExist mustExist) {
+  return VekRuntimeBrowser::Show(
+      action, [&] { return VekBrowseForFile(title, fileName, filter, defaultExtension, mustExist); });
 }
 
-bool VekBrowseForDirectoryRuntime(TCustomVekAction& action, std::string_view title, std::string& folder) {
-  return VekRuntimeBrowser::Show(action, [&] { return VekBrowseForDirectory(title, folder); });
+bool VekBrowseForDirectoryRuntime(TCustomVekAction& action, std::string_view title, std::string& folder,
+                                  TMustExist mustExist) {
+  return VekRuntimeBrowser::Show(action, [&] { return VekBrowseForDirectory(title, folder, mustExist); });
 }
 
 std::string DoubleQuoteString(std::string_view text, bool onlyOnce) {

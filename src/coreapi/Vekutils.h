@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "coreapi/Vekservices.h"
 #include "vekcoreapi_export.h"
 
 struct Platform;
@@ -11,15 +12,17 @@ class TCustomVekAction;
 /// Choosers. They start from the given text; true when the user confirmed, and the text is then what was
 /// chosen. [user-interface thread]
 VEK_API bool VekBrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
-                              std::string_view defaultExtension = {});
-VEK_API bool VekBrowseForDirectory(std::string_view title, std::string& folder);
+                              std::string_view defaultExtension = {}, TMustExist mustExist = TMustExist::No);
+VEK_API bool VekBrowseForDirectory(std::string_view title, std::string& folder,
+                                   TMustExist mustExist = TMustExist::No);
 
 /// The same for an action that runs: shown on the user-interface thread, and not at all while the build runs
 /// unattended, which counts as cancelled. [build thread]
 VEK_API bool VekBrowseForFileRuntime(TCustomVekAction& action, std::string_view title, std::string& fileName,
-                                     std::string_view filter, std::string_view defaultExtension = {});
+                                     std::string_view filter, std::string_view defaultExtension = {},
+                                     TMustExist mustExist = TMustExist::No);
 VEK_API bool VekBrowseForDirectoryRuntime(TCustomVekAction& action, std::string_view title,
-                                          std::string& folder);
+                                          std::string& folder, TMustExist mustExist = TMustExist::No);
 
 /// The text in double quotes, as a program takes it from its command line: backslashes before the closing
 /// quote are doubled. With `onlyOnce` a text that stands in quotes already is left alone.

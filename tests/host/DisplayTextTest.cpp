@@ -50,6 +50,25 @@ TEST(DisplayText, FitsToColumns) {
   for (const auto& [line, columns, wanted] : kCases) EXPECT_EQ(FitColumns(line, columns), wanted);
 }
 
+TEST(DisplayText, WrapsAtBlanks) {
+  const struct {
+    std::string_view line;
+    size_t columns;
+    std::string_view wanted;
+  } kCases[] = {
+      {"", 4, ""},
+      {"ab cd", 5, "ab cd"},
+      {"ab cd", 4, "ab|cd"},
+      {"abcd ef", 4, "abcd|ef"},  // the blank itself need not fit
+      {"abcdefg hi", 4, "abcd|efg|hi"},
+      {"  indented", 6, "  inde|nted"},
+      {"\u65E5\u672C \u8A9E\u65E5\u672C", 5, "\u65E5\u672C|\u8A9E\u65E5|\u672C"},
+      {"\u65E5\u672C", 0, "\u65E5|\u672C"},  // a window narrower than a character
+  };
+  for (const auto& [line, columns, wanted] : kCases)
+    EXPECT_EQ(JoinLines(WrapColumns(line, columns), "|"), wanted) << line;
+}
+
 TEST(DisplayText, ElapsedTimesReadWell) {
   const struct {
     double seconds;

@@ -38,10 +38,10 @@ void RecordingEvents::BuildEnd(const BuildSummary& summary) {
                        ' ' + std::to_string(summary.failures));
 }
 
-ActionFixture::ActionFixture(const Wrap& wrap)
+ActionFixture::ActionFixture(const Wrap& wrap, bool unattended)
     : owner_(CreatePlatform([](char) { return std::nullopt; })),
       platform_(wrap ? wrap(owner_->Get()) : owner_->Get()),
-      context_(platform_, catalogue_, events_, true) {}
+      context_(platform_, catalogue_, events_, unattended) {}
 
 bool ActionFixture::Run(TCustomVekAction& action) {
   events_.Clear();

@@ -40,7 +40,7 @@ class RecordingEvents final : public EventSink {
 class ActionFixture {
  public:
   using Wrap = std::function<Platform(const Platform& real)>;
-  explicit ActionFixture(const Wrap& wrap = {});
+  explicit ActionFixture(const Wrap& wrap = {}, bool unattended = true);
 
   TempFolder folder;
 

@@ -18,6 +18,8 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
   ScriptedServices& operator=(const ScriptedServices&) = delete;
 
   std::optional<std::string> answer;  // nothing: the user cancels
+  int32_t pressed = 0;                // the button of every message box
+  StringList typed;                   // what is typed where a text is prompted for, in turn; then a cancel
   StringList asked;                   // title, text, filter, default extension of the last chooser
   std::map<std::pair<std::string, std::string>, std::string> options;
   StringList variables;  // what the designer knows
@@ -28,13 +30,34 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
 
  private:
   bool BrowseForFile(std::string_view title, std::string& fileName, std::string_view filter,
-                     std::string_view defaultExtension) override {
+                     std::string_view defaultExtension, TMustExist) override {
     asked = {std::string(title), fileName, std::string(filter), std::string(defaultExtension)};
     return Answer(fileName);
   }
-  bool BrowseForDirectory(std::string_view title, std::string& folder) override {
+  bool BrowseForDirectory(std::string_view title, std::string& folder, TMustExist) override {
     asked = {std::string(title), folder};
     return Answer(folder);
+  }
+  int32_t MessageDialog(std::string_view text, std::string_view caption, uint32_t style) override {
+    asked = {std::string(text), std::string(caption), std::to_string(style)};
+    return pressed;
+  }
+  bool PromptForText(const TTextPrompt& prompt, std::string& text) override {
+    asked.push_back(std::string(prompt.title) + '|' + std::string(prompt.text) + '|' + text);
+    for (; !typed.empty(); typed.erase(typed.begin())) {
+      const std::string complaint = prompt.complaint(typed.front());
+      if (!complaint.empty()) asked.push_back(complaint);
+      if (!complaint.empty()) continue;
+      text = typed.front();
+      typed.erase(typed.begin());
+      return true;
+    }
+    return false;
+  }
+  bool ChooseFromList(std::string_view text, const StringList& choices, int32_t& number) override {
+    asked = {std::string(text), JoinLines(choices, "|"), std::to_string(number)};
+    if (answer) number = std::stoi(*answer);
+    return answer.has_value();
   }
   bool Answer(std::string& text) const {
     if (answer) text = *answer;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <utility>
 
 #include "coreapi/Vekactionapi.h"
 #include "platform/Clock.h"
@@ -28,6 +29,11 @@ void StopControl::RequestStop() {
   interrupted_ = true;
   TerminateRunning(0);
   changed_.notify_all();
+}
+
+void StopControl::OnTerminate(std::function<void()> handler) {
+  const std::lock_guard lock(mutex_);
+  onTerminate_ = std::move(handler);
 }
 
 bool StopControl::Wait(double seconds) {
@@ -89,4 +95,5 @@ void StopControl::TerminateRunning(size_t outermost) {
   for (size_t i = running_.size(); i-- > outermost;) {
     if (running_[i].action->CanTerminate()) running_[i].action->TerminateAction();
   }
+  if (onTerminate_) onTerminate_();
 }

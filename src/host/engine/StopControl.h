@@ -3,6 +3,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -41,6 +42,9 @@ class StopControl {
     StopControl& control_;
   };
 
+  /// Called whenever running actions are asked to terminate; empty for nothing. [any thread]
+  void OnTerminate(std::function<void()> handler);
+
   /// Waits; false when the wait was cut short by a stop.
   bool Wait(double seconds);
 
@@ -61,6 +65,7 @@ class StopControl {
   std::recursive_mutex mutex_;
   std::condition_variable_any changed_;
   std::vector<Entry> running_;
+  std::function<void()> onTerminate_;
   std::atomic<bool> stopRequested_ = false;
   std::atomic<bool> interrupted_ = false;
   bool quit_ = false;

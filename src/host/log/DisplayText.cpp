@@ -121,6 +121,22 @@ std::string FitColumns(std::string_view line, size_t columns) {
   return fitted.append(columns - ColumnsOf(fitted), ' ');
 }
 
+StringList WrapColumns(std::string_view line, size_t columns) {
+  const size_t room = std::max<size_t>(columns, 2);  // for the widest character
+  StringList lines;
+  for (;;) {
+    const std::string_view head = Head(line, room);
+    if (head.size() == line.size()) break;
+    // The blank at which the line is broken may be the one that no longer fits.
+    const size_t blank = line.substr(0, head.size() + 1).rfind(' ');
+    const bool atBlank = blank != std::string_view::npos && blank > line.find_first_not_of(' ');
+    lines.emplace_back(line.substr(0, atBlank ? blank : head.size()));
+    line.remove_prefix(atBlank ? blank + 1 : head.size());
+  }
+  lines.emplace_back(line);
+  return lines;
+}
+
 std::string ElapsedText(double seconds) {
   // A clock that was set back, or a number that is none, reads as no time at all.
   seconds = seconds > 0 ? std::min(seconds, 1e9) : 0;

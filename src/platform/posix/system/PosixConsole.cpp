@@ -3,16 +3,23 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
+#include <sys/eventfd.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "platform/Processes.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/system/InterruptWatch.h"
 #include "platform/posix/system/PosixErrors.h"
+#include "platform/posix/system/SilentTerminal.h"
 
 namespace {
+
+// A terminal drops in silence what a line has beyond this, its line break included.
+constexpr size_t kLongestTypedLine = 4095;
 
 /// Opens for writing; cut off only once it is known that the file may be written.
 SysResult OpenAt(const Place& place, int creation, UniqueFd& file) {
@@ -49,28 +56,46 @@ std::unique_ptr<OutputStream> PosixConsole::OpenFile(std::string_view path, SysR
 bool PosixConsole::InputIsTerminal() { return isatty(STDIN_FILENO) != 0; }
 bool PosixConsole::OutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
 
-int PosixConsole::OutputWidth() {
-  constexpr int kUsual = 80;
-  winsize size = {};
-  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
+OutputStream& PosixConsole::Dialog() {
+  return isatty(STDERR_FILENO) == 0 && OutputIsTerminal() ? output_ : error_;
 }
 
-std::optional<std::string> PosixConsole::ReadLine() {
+int PosixConsole::OutputWidth() {
+  constexpr int kUsual = 80;
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO, STDIN_FILENO}) {
+    winsize size = {};
+    if (ioctl(stream, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+  }
+  return kUsual;
+}
+
+InputLine PosixConsole::ReadLine(Echo echo, StopEvent& stop) {
+  const UniqueFd stopped(eventfd(0, EFD_CLOEXEC));
+  const StopEvent::Watch watch(stop, [&stopped] { eventfd_write(stopped.Get(), 1); });
+  std::optional<SilentTerminal> silence;
+  if (echo == Echo::Off && InputIsTerminal()) silence.emplace();
   size_t end;
   while ((end = input_.find('\n')) == std::string::npos) {
-    // Waiting, unlike reading, ends when the user interrupts.
-    pollfd ready = {STDIN_FILENO, POLLIN, 0};
-    if (poll(&ready, 1, -1) < 0 && InterruptWatch::WasInterrupted()) return {};
+    pollfd ready[] = {{STDIN_FILENO, POLLIN, 0}, {stopped.Get(), POLLIN, 0}};
+    if (poll(ready, std::size(ready), -1) < 0) continue;
+    if (ready[1].revents != 0) return {InputState::Stopped};
     char buffer[4096];
     const ssize_t count = read(STDIN_FILENO, buffer, sizeof buffer);
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
+    if (count <= 0) {
+      input_.clear();
+      return {InputState::End};
+    }
     input_.append(buffer, static_cast<size_t>(count));
   }
-  if (input_.empty()) return {};
-  std::string line = input_.substr(0, end);
-  input_.erase(0, end == std::string::npos ? end : end + 1);
-  if (line.ends_with('\r')) line.pop_back();
+  return TakeLine(end);
+}
+
+InputLine PosixConsole::TakeLine(size_t end) {
+  InputLine line{InputState::Line, input_.substr(0, end)};
+  input_.erase(0, end + 1);
+  if (end + 1 >= kLongestTypedLine && InputIsTerminal()) return {InputState::TooLong};
+  if (line.text.ends_with('\r')) line.text.pop_back();
   return line;
 }
 

@@ -22,14 +22,17 @@ class PosixConsole final : public Console {
 
   OutputStream& StandardOutput() override { return output_; }
   OutputStream& StandardError() override { return error_; }
+  OutputStream& Dialog() override;
   std::unique_ptr<OutputStream> OpenFile(std::string_view path, SysResult& result) override;
   bool InputIsTerminal() override;
   bool OutputIsTerminal() override;
   int OutputWidth() override;
-  std::optional<std::string> ReadLine() override;
+  InputLine ReadLine(Echo echo, StopEvent& stop) override;
   std::unique_ptr<InterruptGuard> OnInterrupt(std::function<void()> handler) override;
 
  private:
+  InputLine TakeLine(size_t end);
+
   PosixPaths& paths_;
   PosixStream output_, error_;
   std::string input_;  // read, but not yet asked for

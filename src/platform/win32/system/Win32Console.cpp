@@ -1,7 +1,31 @@
 #include "platform/win32/system/Win32Console.h"
 
+#include "platform/Processes.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Text.h"
+
+namespace {
+
+/// While it lives the console does not show what is typed, if that is asked for.
+class SilentConsole {
+ public:
+  explicit SilentConsole(Echo echo) : input_(GetStdHandle(STD_INPUT_HANDLE)) {
+    isSilent_ = echo == Echo::Off && GetConsoleMode(input_, &modeBefore_) &&
+                SetConsoleMode(input_, modeBefore_ & ~DWORD{ENABLE_ECHO_INPUT});
+  }
+  ~SilentConsole() {
+    if (isSilent_) SetConsoleMode(input_, modeBefore_);
+  }
+  SilentConsole(const SilentConsole&) = delete;
+  SilentConsole& operator=(const SilentConsole&) = delete;
+
+ private:
+  HANDLE input_;
+  DWORD modeBefore_ = 0;
+  bool isSilent_ = false;
+};
+
+}  // namespace
 
 Win32Console::Win32Console() : output_(STD_OUTPUT_HANDLE), error_(STD_ERROR_HANDLE) {}
 
@@ -23,24 +47,37 @@ bool Win32Console::InputIsTerminal() {
   return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
 }
 
+OutputStream& Win32Console::Dialog() { return !error_.IsConsole() && output_.IsConsole() ? output_ : error_; }
+
 int Win32Console::OutputWidth() {
   constexpr int kUnknown = 80;
-  CONSOLE_SCREEN_BUFFER_INFO info;
-  if (!GetConsoleScreenBufferInfo(output_.Get(), &info)) return kUnknown;
-  return info.srWindow.Right - info.srWindow.Left + 1;
+  for (const Win32StandardStream* stream : {&output_, &error_}) {
+    CONSOLE_SCREEN_BUFFER_INFO info;
+    if (GetConsoleScreenBufferInfo(stream->Get(), &info)) return info.srWindow.Right - info.srWindow.Left + 1;
+  }
+  return kUnknown;
 }
 
-std::optional<std::string> Win32Console::ReadLine() {
+InputLine Win32Console::ReadLine(Echo echo, StopEvent& stop) {
+  const Handle stopped(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  const Handle thread(OpenThread(THREAD_TERMINATE, FALSE, GetCurrentThreadId()));
+  const StopEvent::Watch watch(stop, [&] {
+    SetEvent(stopped.Get());
+    CancelSynchronousIo(thread.Get());
+  });
+  const SilentConsole silence(echo);
   size_t end;
   while ((end = pending_.find('\n')) == std::string::npos) {
-    if (ReadMore()) continue;
-    if (pending_.empty()) return std::nullopt;
-    end = pending_.size();
-    break;
+    const HANDLE handles[] = {stopped.Get(), GetStdHandle(STD_INPUT_HANDLE)};
+    const bool isOver = InputIsTerminal() &&
+                        WaitForMultipleObjects(std::size(handles), handles, FALSE, INFINITE) == WAIT_OBJECT_0;
+    if (!isOver && ReadMore()) continue;
+    pending_.clear();
+    return {WaitForSingleObject(stopped.Get(), 0) == WAIT_OBJECT_0 ? InputState::Stopped : InputState::End};
   }
-  std::string line = pending_.substr(0, end);
+  InputLine line{InputState::Line, pending_.substr(0, end)};
   pending_.erase(0, end + 1);
-  if (line.ends_with('\r')) line.pop_back();
+  if (line.text.ends_with('\r')) line.text.pop_back();
   return line;
 }
 

@@ -9,11 +9,12 @@ class Win32Console final : public Console {
 
   OutputStream& StandardOutput() override { return output_; }
   OutputStream& StandardError() override { return error_; }
+  OutputStream& Dialog() override;
   std::unique_ptr<OutputStream> OpenFile(std::string_view path, SysResult& result) override;
   bool InputIsTerminal() override;
   bool OutputIsTerminal() override { return output_.IsTerminal(); }
   int OutputWidth() override;
-  std::optional<std::string> ReadLine() override;
+  InputLine ReadLine(Echo echo, StopEvent& stop) override;
   std::unique_ptr<InterruptGuard> OnInterrupt(std::function<void()> handler) override;
 
  private:

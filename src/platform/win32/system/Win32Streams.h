@@ -17,6 +17,8 @@ class Win32StandardStream final : public OutputStream {
 
   SysResult Write(std::string_view bytes) override;
 
+  bool IsConsole() const { return isConsole_; }
+
   /// Whether it is a console that understands colour sequences.
   bool IsTerminal() const { return hasColours_; }
   HANDLE Get() const { return handle_; }
