@@ -34,16 +34,28 @@ int64_t ParseTimeOfDay(std::string_view text) {
 
 }  // namespace
 
+DateTimeParts ToParts(TDateTime value) {
+  const milliseconds sinceEpoch(std::llround(value.days * static_cast<double>(kSecondsPerDay) * 1e3));
+  const sys_days date = kEpoch + floor<days>(sinceEpoch);
+  const hh_mm_ss time(sinceEpoch - floor<days>(sinceEpoch));
+  const year_month_day calendar(date);
+  const auto number = [](auto part) { return static_cast<unsigned>(part.count()); };
+  return {.year = static_cast<int>(calendar.year()),
+          .month = static_cast<unsigned>(calendar.month()),
+          .day = static_cast<unsigned>(calendar.day()),
+          .weekday = weekday(date).c_encoding() + 1,
+          .hour = number(time.hours()),
+          .minute = number(time.minutes()),
+          .second = number(time.seconds()),
+          .millisecond = number(time.subseconds())};
+}
+
 std::string ToIso8601(TDateTime value) {
-  const auto seconds = static_cast<int64_t>(std::llround(value.days * static_cast<double>(kSecondsPerDay)));
-  const int64_t dayNumber = (seconds >= 0 ? seconds : seconds - kSecondsPerDay + 1) / kSecondsPerDay;
-  const int64_t ofDay = seconds - dayNumber * kSecondsPerDay;
-  const year_month_day date(kEpoch + std::chrono::days(dayNumber));
-  char text[48];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(date.year()),
-                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                static_cast<int>(ofDay / 3600), static_cast<int>(ofDay / 60 % 60),
-                static_cast<int>(ofDay % 60));
+  const double wholeSeconds = std::round(value.days * static_cast<double>(kSecondsPerDay));
+  const DateTimeParts parts = ToParts({wholeSeconds / static_cast<double>(kSecondsPerDay)});
+  char text[64];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02u:%02u:%02u", parts.year, parts.month, parts.day,
+                parts.hour, parts.minute, parts.second);
   return text;
 }
 

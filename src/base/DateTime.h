@@ -13,6 +13,16 @@ struct TDateTime {
   friend constexpr bool operator==(TDateTime, TDateTime) = default;
 };
 
+/// The same on the calendar and the clock.
+struct DateTimeParts {
+  int year;
+  unsigned month, day, weekday;  // from 1; Sunday is 1
+  unsigned hour, minute, second, millisecond;
+};
+
+/// Rounded to the millisecond.
+VEK_API DateTimeParts ToParts(TDateTime value);
+
 /// ISO 8601 local time to the second: "2007-03-05T10:00:00".
 VEK_API std::string ToIso8601(TDateTime value);
 

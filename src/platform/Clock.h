@@ -15,4 +15,9 @@ class Clock {
 
   /// The date without the time, in the short form that the user's locale gives dates.
   virtual std::string ShortDate(TDateTime local) = 0;
+
+  virtual TDateTime UtcNow() = 0;
+
+  /// The UTC of a local date and time; one of the two in the hour that clocks are set back by.
+  virtual TDateTime ToUtc(TDateTime local) = 0;
 };

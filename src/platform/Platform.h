@@ -2,6 +2,7 @@
 
 class Clock;
 class Contents;
+class Disk;
 class Entries;
 class Environment;
 class ErrorTexts;
@@ -11,6 +12,7 @@ class IniFiles;
 class Modules;
 class Processes;
 class Registry;
+class Sounds;
 
 /// The operating system, one narrow interface per capability; none of them is ever null. In a copy any of
 /// them can be exchanged, for a platform that fails on purpose.
@@ -26,4 +28,6 @@ struct Platform {
   IniFiles* iniFiles;
   Registry* registry;
   Processes* processes;
+  Disk* disk;
+  Sounds* sounds;
 };

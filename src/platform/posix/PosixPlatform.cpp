@@ -9,9 +9,11 @@
 #include "platform/posix/registry/PosixRegistry.h"
 #include "platform/posix/system/PosixClock.h"
 #include "platform/posix/system/PosixConsole.h"
+#include "platform/posix/system/PosixDisk.h"
 #include "platform/posix/system/PosixEnvironment.h"
 #include "platform/posix/system/PosixErrors.h"
 #include "platform/posix/system/PosixModules.h"
+#include "platform/posix/system/PosixSounds.h"
 
 namespace {
 
@@ -42,6 +44,8 @@ class PosixPlatform final : public PlatformOwner {
   PosixIniFiles iniFiles_{paths_};
   PosixRegistry registry_{paths_, folders_, [this] { return StorePath(); }};
   PosixProcesses processes_{paths_};
+  PosixDisk disk_{paths_};
+  PosixSounds sounds_{paths_, processes_};
   PosixConsole console_{paths_};
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -53,7 +57,9 @@ class PosixPlatform final : public PlatformOwner {
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,
                      .registry = &registry_,
-                     .processes = &processes_};
+                     .processes = &processes_,
+                     .disk = &disk_,
+                     .sounds = &sounds_};
 };
 
 }  // namespace

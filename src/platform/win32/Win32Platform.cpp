@@ -9,9 +9,11 @@
 #include "platform/win32/registry/Win32Registry.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32Console.h"
+#include "platform/win32/system/Win32Disk.h"
 #include "platform/win32/system/Win32Environment.h"
 #include "platform/win32/system/Win32ErrorTexts.h"
 #include "platform/win32/system/Win32Modules.h"
+#include "platform/win32/system/Win32Sounds.h"
 
 namespace {
 
@@ -32,6 +34,8 @@ class Win32Platform final : public PlatformOwner {
   Win32IniFiles iniFiles_{contents_};
   Win32Registry registry_;
   Win32Processes processes_;
+  Win32Disk disk_;
+  Win32Sounds sounds_;
   Win32Console console_;
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -43,7 +47,9 @@ class Win32Platform final : public PlatformOwner {
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,
                      .registry = &registry_,
-                     .processes = &processes_};
+                     .processes = &processes_,
+                     .disk = &disk_,
+                     .sounds = &sounds_};
 };
 
 }  // namespace

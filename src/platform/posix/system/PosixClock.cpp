@@ -29,3 +29,11 @@ std::string PosixClock::ShortDate(TDateTime local) {
   freelocale(users);
   return {text, length};
 }
+
+TDateTime PosixClock::UtcNow() {
+  timespec time = {};
+  clock_gettime(CLOCK_REALTIME, &time);
+  return FromUnixSeconds(ToSeconds(time));
+}
+
+TDateTime PosixClock::ToUtc(TDateTime local) { return FromUnixSeconds(ToSeconds(FromLocal(local))); }

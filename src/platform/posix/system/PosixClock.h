@@ -7,4 +7,6 @@ class PosixClock final : public Clock {
   double Seconds() override;
   TDateTime LocalNow() override;
   std::string ShortDate(TDateTime local) override;
+  TDateTime UtcNow() override;
+  TDateTime ToUtc(TDateTime local) override;
 };

@@ -22,3 +22,11 @@ std::string Win32Clock::ShortDate(TDateTime local) {
   GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &date, nullptr, text, ARRAYSIZE(text), nullptr);
   return FromWide(text);
 }
+
+TDateTime Win32Clock::UtcNow() {
+  FILETIME time;
+  GetSystemTimeAsFileTime(&time);
+  return FromUnixSeconds(UnixSeconds(time));
+}
+
+TDateTime Win32Clock::ToUtc(TDateTime local) { return FromUnixSeconds(UnixSeconds(FromLocal(local))); }
