@@ -1,10 +1,20 @@
 #include "forms/Vekpluginapi.h"
 
+#include "forms/Vekpropertyeditors.h"
+
 TFrame::TFrame(std::string_view pageName, const ActionClass& edits) : pageName_(pageName), edits_(edits) {}
 TFrame::~TFrame() = default;
 
 void TFrame::InitFrame(IVekPageOwner& owner) { owner_ = &owner; }
-void TFrame::InitPage(TVekAction& action) { CheckClass(action); }
+/// The variables may be others each time a page is shown.
+void TFrame::InitPage(TVekAction& action) {
+  CheckClass(action);
+  for (const auto& control : controls_) {
+    auto* box = dynamic_cast<TComboBox*>(control.get());
+    const PropertyRow* row = box ? box->Property() : nullptr;
+    if (row && row->role == TextRole::Variable) box->Items(TVariableNameEditor::VariableNames());
+  }
+}
 void TFrame::OnPageActivate() {}
 void TFrame::OnPageDeActivate() {}
 

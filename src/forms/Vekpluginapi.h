@@ -24,8 +24,9 @@ class IVekPageOwner {
 };
 
 /// Base of every property page. The host creates the page, calls InitFrame once and InitPage for the action
-/// that it edits; ReadActionData and WriteActionData carry the properties into the controls and back.
-/// An action of another class than the page's is refused with EVekError. [user-interface thread]
+/// that it edits, which also gives the combo boxes of variables their names; ReadActionData and
+/// WriteActionData carry the properties into the controls and back. An action of another class than the
+/// page's is refused with EVekError. [user-interface thread]
 class VEK_FORMS_API TFrame {
  public:
   TFrame(std::string_view pageName, const ActionClass& edits);

@@ -41,6 +41,7 @@ const Exceptions kUnedited = {
     {"TCopyFilesAction", "FilesAffected"},
     {"TMoveFilesAction", "FilesAffected"},
     {"TMoveFilesAction", "Recurse"},
+    {"TVekQuestionAction", "DefaultIsCancel"},
 };
 
 struct Rows : testing::Test {

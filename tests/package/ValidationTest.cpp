@@ -7,6 +7,14 @@
 #include "fileops/VekCopyMove.h"
 #include "fileops/VekFileCompare.h"
 #include "fileops/VekFileSetCopyMove.h"
+#include "interaction/VekBeepAction.h"
+#include "interaction/VekDateTimeAction.h"
+#include "interaction/VekDiskInfoAction.h"
+#include "interaction/VekExtractFileVerInfoAction.h"
+#include "interaction/VekMultiQuestionAction.h"
+#include "interaction/VekPromptForFileOrDirAction.h"
+#include "interaction/VekQuestionAction.h"
+#include "interaction/VekVariablePromptAction.h"
 #include "iterators/VekFolderIteratorAction.h"
 #include "iterators/VekIniFileIteratorAction.h"
 #include "iterators/VekReadTextFileIteratorAction.h"
@@ -107,6 +115,54 @@ TEST(Validation, AnIniFileIteratorAsksForWhatItsModeNeeds) {
   EXPECT_EQ(problems.lines, StringList{"Variable: Both Name variable and Values variable has not been set"});
   iterator.ValueVariable = " ";
   EXPECT_TRUE(iterator.Validate(problems));
+}
+
+TEST(Validation, ReportsWhatIsNotSetToBeAskedOrFoundOut) {
+  ExpectProblems<TVekQuestionAction>({"Prompt Text: The prompt text has not been set"},
+                                     [](auto& action) { action.PromptText = " "; });
+  ExpectProblems<TVekMultiQuestionAction>(
+      {"Prompt Text: The prompt text has not been set", "Answers: At least two answers are needed",
+       "Variable: The variable name has not been set"},
+      [](auto& action) {
+        action.PromptText = action.VekVariable = " ";
+        action.Answers = {"a", " ", "b"};
+      });
+  ExpectProblems<TVekVariablePromptAction>({"Variables: No variables have been set"}, [](auto& action) {
+    action.Variables = {"", "X"};
+  });
+  ExpectProblems<TVekpromptForFileOrDirAction>({"Variable: The variable name has not been set"},
+                                               [](auto& action) { action.VekVariable = " "; });
+  ExpectProblems<TDateTimeAction>({"Variable: The variable name has not been set"},
+                                  [](auto& action) { action.VekVariable = " "; });
+  ExpectProblems<TDiskInfoAction>({}, [](auto&) {});
+  ExpectProblems<TVekExtractFileVerInfoAction>({"File Name: Filename has not been set"},
+                                               [](auto& action) { action.FileName = " "; });
+  ExpectProblems<TBeepAction>({}, [](auto&) {});
+}
+
+template <class Action>
+void ExpectProblem(const std::string& wanted, const std::function<void(Action&)>& set) {
+  NullHost host;
+  Action action(host);
+  set(action);
+  Problems problems;
+  EXPECT_FALSE(action.Validate(problems));
+  EXPECT_EQ(problems.lines, StringList{wanted});
+}
+
+TEST(Validation, AsksForWhatASettingNeeds) {
+  ExpectProblem<TVekQuestionAction>("Variable: The variable name has not been set", [](auto& action) {
+    action.PromptText = "?";
+    action.AnswerAction = TAnswerAction::ResultIntoVariable;
+  });
+  ExpectProblem<TDateTimeAction>("File Name: Filename has not been set", [](auto& action) {
+    action.VekVariable = "X";
+    action.DateTimeSource = TDateTimeSource::dsFile;
+  });
+  ExpectProblem<TDiskInfoAction>("Minimum Free Space: The minimum free space has not been set",
+                                 [](auto& action) { action.FailIfLess = true; });
+  ExpectProblem<TBeepAction>("Sound File: The sound file has not been set",
+                             [](auto& action) { action.BeepType = TBeepTypes::btSoundFile; });
 }
 
 TEST(Validation, AFileIteratorAsksForWhatItsModeNeeds) {

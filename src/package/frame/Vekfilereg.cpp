@@ -10,6 +10,14 @@
 #include "fileops/VekFileSetCopyMove.h"
 #include "frame/Vekcatalogue.h"
 #include "frame/Vekregistryreg.h"
+#include "interaction/VekBeepAction.h"
+#include "interaction/VekDateTimeAction.h"
+#include "interaction/VekDiskInfoAction.h"
+#include "interaction/VekExtractFileVerInfoAction.h"
+#include "interaction/VekMultiQuestionAction.h"
+#include "interaction/VekPromptForFileOrDirAction.h"
+#include "interaction/VekQuestionAction.h"
+#include "interaction/VekVariablePromptAction.h"
 #include "iterators/VekFolderIteratorAction.h"
 #include "iterators/VekIniFileIteratorAction.h"
 #include "iterators/VekListIteratorActoin.h"
@@ -17,21 +25,29 @@
 #include "iterators/Vekfileiterator.h"
 #include "pages/FCopyMoveEditFrame.h"
 #include "pages/FRunProgFrame.h"
+#include "pages/VekBeepFrame.h"
 #include "pages/VekConcatFilesFrame.h"
 #include "pages/VekCreateFileFrame.h"
+#include "pages/VekDiskFreeSpaceFrame.h"
+#include "pages/VekExtractFileVersionInfoFrame.h"
 #include "pages/VekFileCRCFrame.h"
 #include "pages/VekFileCompareFrame.h"
 #include "pages/VekFileIteratorFrame.h"
 #include "pages/VekFileMD5Frame.h"
 #include "pages/VekFileSetCopyMoveFrame.h"
 #include "pages/VekFolderIteratorFrame.h"
+#include "pages/VekGetDateTimeFrame.h"
 #include "pages/VekIniFileIteratorFrame.h"
 #include "pages/VekListIteratorFrame.h"
 #include "pages/VekLogVarFrame.h"
+#include "pages/VekMultiQuestionFrame.h"
+#include "pages/VekPromptForFileOrDirFrame.h"
+#include "pages/VekQuestionFrame.h"
 #include "pages/VekReadFileFrame.h"
 #include "pages/VekReadTextFileIteratorFrame.h"
 #include "pages/VekTextFindFrame.h"
 #include "pages/VekTextReplaceFrame.h"
+#include "pages/VekVariablePromptFrame.h"
 #include "pages/VekVariablesLoadOptionsFrame.h"
 #include "pages/VekVariablesSaveLoadForm.h"
 #include "pages/VekVariablesSaveOptionsFrame.h"
@@ -54,6 +70,7 @@
 namespace {
 
 constexpr std::string_view kFiles = "Files & Directories";
+constexpr std::string_view kInteractive = "Interactive";
 constexpr std::string_view kIterators = "Iterators";
 constexpr std::string_view kMisc = "Misc";
 constexpr std::string_view kWindowsOS = "Windows OS";
@@ -70,6 +87,11 @@ template <class Iterator>
 void RegisterReset(bool /*designTime*/) {
   static_assert(std::is_base_of_v<TVekBaseIterator, Iterator>);
   VekScriptingServices().RegisterScriptMethod(Iterator::Class(), "Reset", "", ResetLoop);
+}
+
+/// Scripts know the names of the sounds.
+void RegisterBeepTypes(bool /*designTime*/) {
+  VekScriptingServices().RegisterScriptEnumType(property_detail::EnumTypeOf<TBeepTypes>());
 }
 
 void RegisterEditors(std::span<const EditorRow> editors) {
@@ -90,6 +112,7 @@ void RegisterMoveEditors() { RegisterEditors(kMoveEditors); }
 // clang-format off
 constexpr CatalogueRow kCatalogue[] = {
     PageRoutineRow(RegisterMoveEditors),  // behind the pages of Delete Directory
+    ActionRow<TVekQuestionAction, TQuestionFrame>("HASKQUESTION", kOwnName, kInteractive),
     ActionRow<TDeleteFilesAction, TDeleteFilesFrame>("HDELETE_FILE", "Delete File(s)", kFiles),
     ActionRow<TCopyFilesAction, TCopyFrame>("HCOPYFILES", "Copy File(s)", kFiles),
     ActionRow<TMoveFilesAction, TMoveFrame>("HMOVEFILES", "Move File(s)", kFiles),
@@ -100,17 +123,23 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TReadIniFileAction, TReadIniFrame>("HREADINI", kOwnName, kRegistryAndIni),
     ActionRow<TWriteIniFileAction, TWriteIniFrame>("HWRITEINI", kOwnName, kRegistryAndIni),
     ActionRow<TVekScriptAction>("SCRIPTACTION", kOwnName, kMisc),
+    ActionRow<TVekVariablePromptAction, TVekVariablePromptFrame>("HPROMPTFORVAR", kOwnName, kInteractive),
     ActionRow<TRunProgramAction, TRunProgramFrame>("HEXECUTEPROG", "Execute Program", kWindowsOS),
     ActionRow<TRunDosCMDAction, TRunDosCmdFrame>("HRUNDOS", "Run DOS Command", kWindowsOS),
     ActionRow<TConcatAction, TConcatFilesFrame>("HCONCAT", kOwnName, kFiles),
+    ActionRow<TDiskInfoAction, TDiskFreeSpaceFrame>("HDISKSPACE", kOwnName, kWindowsOS),
+    ActionRow<TDateTimeAction, TGetDateTimeFrame>("HDATETIME", "Get Date/Time", kMisc),
     RoutineRow(RegisterRegistryUnit),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
+    ActionRow<TVekMultiQuestionAction, TFrameMultiQuestion>("HMULTIQUESTION", kOwnName, kInteractive),
+    ActionRow<TVekpromptForFileOrDirAction, TPromptForFileOrDirFrame>("PROMPTFORDIRORFILE", kOwnName, kInteractive),
     ActionRow<TVekReadTextFileAction, TReadFileFrame>("READTEXTFILE", kOwnName, kFiles),
     ActionRow<TReadTextFileIterator, TReadTextFileIteratorFrame>("READTEXTFILEITERATOR", kOwnName, kIterators),
     RoutineRow(RegisterReset<TReadTextFileIterator>),
     ActionRow<TIniFileIterator, TIniFileIteratorFrame>("INIFILEITERATOR", "Ini File Iterator", kIterators),
     RoutineRow(RegisterReset<TIniFileIterator>),
+    ActionRow<TVekExtractFileVerInfoAction, TExtractFileVersionInfoFrame>("EXTRACTFILEINFO", kOwnName, kFiles),
     ActionRow<TVekListIterator, TListIteratorFrame>("LISTITERATOR", "List Iterator", kIterators),
     RoutineRow(RegisterReset<TVekListIterator>),
     ActionRow<TVekFileCRCAction, TFileCRCFrame>("CRC32", kOwnName, kFiles),
@@ -121,6 +150,8 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TVekTextFindAction, TTextFindFrame>("TEXTFIND", kOwnName, kMisc),
     ActionRow<TVekFileCompareAction, TFileCompareFrame>("FILECOMPARE", kOwnName, kFiles),
     ActionRow<TVekLogVariablesAction, TLogVarFrame>("LOGVARIABLEVALS", kOwnName, kMisc),
+    ActionRow<TBeepAction, TfrmBeep>("BEEP", kOwnName, kInteractive),
+    RoutineRow(RegisterBeepTypes),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),
 };
 static_assert(HasUniqueTypeIds(kCatalogue), "two rows have one type id");

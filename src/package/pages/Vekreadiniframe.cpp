@@ -11,11 +11,5 @@ TReadIniFrame::TReadIniFrame() : TActionFrame("Read Ini File") {
   ComboBox("cmbValueType", "ValueType").Items({"String", "Boolean", "Integer"}).Hint("Value type");
   Edit("txtDefaultValue", "DefaultValue").Hint("Value used when the file has none");
   Heading("Variable");
-  variable_ = &ComboBox("cmbVariableName", "VariableName").Hint("Variable that receives the value");
-}
-
-/// The variables may be others each time the page is shown.
-void TReadIniFrame::InitPage(TVekAction& action) {
-  TActionFrame::InitPage(action);
-  variable_->Items(TVariableNameEditor::VariableNames());
+  ComboBox("cmbVariableName", "VariableName").Hint("Variable that receives the value");
 }

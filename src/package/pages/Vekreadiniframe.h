@@ -7,8 +7,4 @@ class TReadIniFrame final : public TActionFrame<TReadIniFileAction> {
  public:
   static constexpr std::string_view kClassName = "TReadIniFrame";
   TReadIniFrame();
-  void InitPage(TVekAction& action) override;
-
- private:
-  TComboBox* variable_ = nullptr;
 };
