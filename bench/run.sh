@@ -65,6 +65,35 @@ delete_files() {
     -- 'rm -rf' rm -rf "$work/files{}" "${ant[@]}"
 }
 
+delete_tree() {
+  ant_build tree <<<'<delete dir="${folder}"/>'
+  mapfile -t ant < <(with_ant "$work/tree.xml" "-Dfolder=$work/tree{}")
+  echo "Deleting a tree of 20,000 fresh files in 100 folders:"
+  stopwatch "$rounds" --prepare "$here/make_tree.sh" "$work/tree{}" 100 200 0 \
+    -- vekrun "$bin/vekrun" exec -q HDELETE_DIR "FileOrDirectory=$work/tree{}" \
+    -- 'rm -rf' rm -rf "$work/tree{}" "${ant[@]}"
+}
+
+touch_files() {
+  "$here/make_tree.sh" "$work/touched" 100 200 0
+  ant_build touch <<<"<touch><fileset dir='$work/touched'/></touch>"
+  mapfile -t ant < <(with_ant "$work/touch.xml")
+  echo 'find "$1" -exec touch {} +' >"$work/touch.sh"
+  echo "Touching 20,000 files:"
+  stopwatch "$rounds" \
+    -- vekrun "$bin/vekrun" exec -q HTOUCHFILES "FileSpec=$work/touched/*" Recurse=True UseNow=True \
+    -- 'find + touch' sh "$work/touch.sh" "$work/touched" "${ant[@]}"
+
+  ant_build chmod <<<"<chmod dir='$work/touched' perm='a-w' includes='**' type='both'/>"
+  mapfile -t ant < <(with_ant "$work/chmod.xml")
+  echo "Making 20,000 files read-only:"
+  stopwatch "$rounds" --prepare chmod -R u+w "$work/touched" \
+    -- vekrun "$bin/vekrun" exec -q HSETFILEATTRIB "FileSpec=$work/touched/*" Recurse=True ReadOnly=asSet \
+    -- 'chmod -R' chmod -R a-w "$work/touched" "${ant[@]}"
+  chmod -R u+w "$work/touched"
+  rm -rf "$work/touched"
+}
+
 copy_files() {
   "$here/make_tree.sh" "$work/small" 100 200 2048
   ant_build copy <<<'<copy todir="${to}" preservelastmodified="true"><fileset dir="${from}"/></copy>'
@@ -263,7 +292,7 @@ concatenate() {
   rm -f "$work"/half* "$work"/whole-*
 }
 
-for part in startup delete_files copy_files list_files list_folders run_loop run_programs capture_output \
-  ini_files keep_variables texts text_lines checksums concatenate; do
+for part in startup delete_files delete_tree touch_files copy_files list_files list_folders run_loop run_programs \
+  capture_output ini_files keep_variables texts text_lines checksums concatenate; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done

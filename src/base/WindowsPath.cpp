@@ -42,6 +42,16 @@ std::string_view DirectoryPart(std::string_view path) {
 
 std::string_view ParentFolder(std::string_view path) { return DirectoryPart(WithoutTrailingDelimiter(path)); }
 
+std::string_view RootOf(std::string_view path) {
+  if (NamesDrive(path)) return path.substr(0, 3);
+  const bool namesServer = path.size() > 1 && IsPathDelimiter(path[0]) && IsPathDelimiter(path[1]);
+  size_t end = namesServer ? 2 : 0;
+  for (int delimiters = namesServer ? 2 : 1; delimiters > 0 && end < path.size(); ++end) {
+    if (IsPathDelimiter(path[end])) --delimiters;
+  }
+  return path.substr(0, end);
+}
+
 bool HasWildcards(std::string_view spec) {
   return NamePart(spec).find_first_of("*?") != std::string_view::npos;
 }

@@ -41,5 +41,8 @@ VEK_API std::string WithDelimiters(std::string_view path, char delimiter);
 /// The folder that holds `path`, without a trailing delimiter except for a root ("C:\a\b" -> "C:\a").
 VEK_API std::string_view ParentFolder(std::string_view path);
 
+/// The root of a full path, with its delimiter ("C:\", "\\server\share\", "/").
+VEK_API std::string_view RootOf(std::string_view path);
+
 /// True when the name part holds '*' or '?'.
 VEK_API bool HasWildcards(std::string_view spec);

@@ -50,6 +50,8 @@ void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
       ->type_name("FILE");
   app.add_flag("--unattended", arguments.unattended,
                "Ask the user nothing (also when standard input is no terminal)");
+  app.add_flag("--no-preserve-root", arguments.allowProtected,
+               "Let steps remove roots, the home folder and folders of the system");
   AddRepeatable(app, "--drive", raw.drives, "X=DIR",
                 "Linux: what drive X: stands for; may be repeated (Z: is /)");
   app.add_flag("-v,--verbose", arguments.verbose, "Log variable assignments and times too");

@@ -25,6 +25,7 @@ struct Arguments {
   bool json = false;
   bool validate = false;
   bool unattended = false;
+  bool allowProtected = false;
   bool verbose = false;
   bool quiet = false;
 

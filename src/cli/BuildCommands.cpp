@@ -158,6 +158,7 @@ int Build(const Arguments& arguments, const Load& load) {
   BuildLog log(session, arguments);
   BuildContext context(session.GetPlatform(), session.GetCatalogue(), log.Events(),
                        IsUnattended(session, arguments));
+  if (arguments.allowProtected) context.AllowProtected();
   log.OnFailure([&context] { context.Stop().RequestStop(); });
 
   Project project = load(session, context);

@@ -65,6 +65,7 @@ TVekAction::~TVekAction() = default;
 
 std::string TCustomVekAction::GetActionName() const { return std::string(ClassType().ActionName()); }
 int32_t TCustomVekAction::GetHelpTopicID() const { return ClassType().HelpTopicID(); }
+int32_t TCustomVekAction::GetFlags() const { return ClassType().Flags(); }
 std::string TCustomVekAction::GetQuickHelpFilename() const {
   return std::string(ClassType().QuickHelpFilename());
 }

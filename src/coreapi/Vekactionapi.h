@@ -94,6 +94,7 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   virtual const ActionClass& ClassType() const = 0;
   std::string GetActionName() const;
   virtual int32_t GetHelpTopicID() const;
+  virtual int32_t GetFlags() const;  // bits whose meaning is the host's
   virtual std::string GetQuickHelpFilename() const;
   std::string GetCopyRight() const;
   virtual void GetPropertyHelp(StringList& lines) const;
@@ -231,11 +232,18 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   /// Reports an error for which the action has no words of its own.
   void ReportError(std::string_view text) const;
 
+  /// What a step asks before it removes or moves away a folder with all that it holds, or the entries that
+  /// match a spec. When the host protects the folder this says so, and the step fails with nothing touched.
+  bool MayRemoveTree(std::string_view folder) const;
+  bool MayRemoveMatches(std::string_view spec) const;
+
   /// Reports a folder that a search could not look into, and which it leaves out.
   void ReportUnreadable(std::string_view folder, Win32Error code) const;
 
  private:
   friend class VekRuntimeBrowser;
+
+  void SendRefusal(std::string_view folder) const;
 
   struct ScriptEvent {
     std::unique_ptr<IVekActionScript> script;

@@ -19,6 +19,7 @@ std::string_view ActionClass::QuickHelpFilename() const {
   return Inherited(this, &ActionClass::quickHelpFilename);
 }
 std::string_view ActionClass::CopyRight() const { return Inherited(this, &ActionClass::copyRight); }
+int32_t ActionClass::Flags() const { return Inherited(this, &ActionClass::flags); }
 bool ActionClass::Raises() const { return Inherited(this, &ActionClass::raises); }
 
 bool ActionClass::InheritsFrom(const ActionClass& other) const {

@@ -27,12 +27,14 @@ struct VEK_API ActionClass {
   std::span<const std::string_view> readOnlyProperties = {};
   std::span<const PropertyRow> properties = {};
   std::unique_ptr<TCustomVekAction> (*create)(IVekActionHost&) = nullptr;
+  int32_t flags = 0;    // as GetFlags answers them
   bool raises = false;  // Execute may let exceptions pass to the host
 
   std::string_view ActionName() const;
   int32_t HelpTopicID() const;
   std::string_view QuickHelpFilename() const;
   std::string_view CopyRight() const;
+  int32_t Flags() const;
   bool Raises() const;
   bool InheritsFrom(const ActionClass& other) const;
   std::vector<const PropertyRow*> AllProperties() const;

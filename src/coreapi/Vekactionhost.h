@@ -60,6 +60,11 @@ class IVekActionHost {
   /// Runs `method` on the user-interface thread and waits for it. [build thread]
   virtual void Synchronize(const std::function<void()>& method) = 0;
 
+  /// Whether a step may remove or move away a folder with all that it holds, or the entries that match a
+  /// spec. [build thread]
+  virtual bool MayRemoveTree(std::string_view folder) = 0;
+  virtual bool MayRemoveMatches(std::string_view spec) = 0;
+
   /// The project's named objects. [build thread]
   virtual IVekProjectObjectAPI& GetProjectObjectAPI() = 0;
 

@@ -1,3 +1,4 @@
+#include "base/WindowsPath.h"
 #include "coreapi/Vekactionapi.h"
 #include "coreapi/Vekactionhost.h"
 #include "coreapi/Vekfolderwalk.h"
@@ -49,4 +50,21 @@ FolderLinks TCustomVekAction::GetFolderLinks() const { return host_.GetFolderLin
 
 void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
   host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));
+}
+
+bool TCustomVekAction::MayRemoveTree(std::string_view folder) const {
+  if (host_.MayRemoveTree(folder)) return true;
+  SendRefusal(folder);
+  return false;
+}
+
+bool TCustomVekAction::MayRemoveMatches(std::string_view spec) const {
+  if (host_.MayRemoveMatches(spec)) return true;
+  const std::string_view folder = DirectoryPart(spec);
+  SendRefusal(folder.empty() ? "." : folder);
+  return false;
+}
+
+void TCustomVekAction::SendRefusal(std::string_view folder) const {
+  SendMessage("Refused : " + std::string(folder) + " is protected (--no-preserve-root allows it)");
 }

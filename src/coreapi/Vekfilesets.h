@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
 #include "coreapi/Vekprojectobjects.h"
 #include "vekcoreapi_export.h"
 
@@ -19,6 +20,9 @@ class IVekFileSet : public IVekProjectObject {
 
   /// As declared; it may hold expressions.
   virtual std::string GetBaseDirectory() = 0;
+
+  /// The patterns that choose files below it, likewise.
+  virtual StringList GetIncludes() = 0;
 
   /// The names of all files with `separator` between them. Each begins with the expanded base directory.
   virtual std::string GetFileList(std::string_view separator) = 0;

@@ -13,6 +13,8 @@ struct PageClass;    // of the forms package; the host passes it through
 struct EditorClass;  // likewise
 struct OptionsClass;
 
+class TFrame;
+
 /// Makes action types, their property pages and their property editors known to the host.
 class IVekActionServices {
  public:
@@ -98,6 +100,9 @@ class IVekDesignApplicationServices {
 
   /// Adds the names of the defined variables, in the order in which a user is to see them.
   virtual void GetVariableNames(StringList& names) = 0;
+
+  /// Shows a form as a dialog; true when the user confirmed.
+  virtual bool ShowForm(TFrame& form) = 0;
 };
 
 /// The services of the one host of this process. A host installs its own before it loads a package and

@@ -7,10 +7,14 @@
 #include <optional>
 #include <string_view>
 
+#include "base/DateTime.h"
 #include "base/Win32Error.h"
 
 /// Told how far a copy or a move is, in bytes.
 using CopyProgress = std::function<void(uint64_t transferred, uint64_t total)>;
+
+/// Makes a last write from the one before; both are local dates and times.
+using LastWriteChange = std::function<TDateTime(TDateTime lastWrite)>;
 
 struct CopyOptions {
   bool failIfExists = false;                  // FileExists instead of replacing the target
@@ -58,6 +62,10 @@ class Entries {
   /// error where the file system cannot store a bit that is to be set. A link stores none of its own (a
   /// change is NotSupported), and what it leads to is not touched.
   virtual SysResult SetAttributes(std::string_view path, uint32_t attributes) = 0;
+
+  /// Changes when a file was last written. Refused as opening it for writing beside others would be:
+  /// AccessDenied for a folder and a read-only file, SharingViolation where another open stands against it.
+  virtual SysResult ChangeLastWrite(std::string_view path, const LastWriteChange& change) = 0;
 
   /// Deletes a file or a link. A read-only one and a folder are refused with AccessDenied.
   virtual SysResult Delete(std::string_view path) = 0;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
 #include "base/Win32Error.h"
 
 /// The process's surroundings. Folders are answered as full paths without a trailing delimiter.
@@ -35,6 +36,11 @@ class Environment {
 
   /// Where the operating system keeps its programs.
   virtual std::string SystemFolder() = 0;
+
+  virtual std::string HomeFolder() = 0;
+
+  /// The folders directly below a root that are the system's own; they need not all exist.
+  virtual StringList ReservedFolders() = 0;
 
   /// Where this user's host data lies (option store, registry store); it need not exist yet.
   virtual std::string DataFolder() = 0;

@@ -38,10 +38,9 @@ const Exceptions kIdleLines = {
 
 /// Stored properties that can be written and are on no page of the type.
 const Exceptions kUnedited = {
-    {"TCopyFilesAction", "FilesAffected"},
-    {"TMoveFilesAction", "FilesAffected"},
-    {"TMoveFilesAction", "Recurse"},
-    {"TVekQuestionAction", "DefaultIsCancel"},
+    {"TCopyFilesAction", "FilesAffected"}, {"TMoveFilesAction", "FilesAffected"},
+    {"TMoveFilesAction", "Recurse"},       {"TVekQuestionAction", "DefaultIsCancel"},
+    {"TFileExistsAction", "Force"},
 };
 
 struct Rows : testing::Test {

@@ -3,10 +3,15 @@
 #include "gtest/gtest.h"
 
 #include "checksum/VekFileCRCAction.h"
+#include "fileops/BActions1.h"
 #include "fileops/VekConcatFilesAction.h"
 #include "fileops/VekCopyMove.h"
+#include "fileops/VekFileAttrib.h"
 #include "fileops/VekFileCompare.h"
 #include "fileops/VekFileSetCopyMove.h"
+#include "fileops/VekMoveDirectoryAction.h"
+#include "fileops/VekRenameDirectoryAction.h"
+#include "fileops/VekTouchFile.h"
 #include "interaction/VekBeepAction.h"
 #include "interaction/VekDateTimeAction.h"
 #include "interaction/VekDiskInfoAction.h"
@@ -54,6 +59,24 @@ void ExpectProblems(const StringList& wanted, const std::function<void(Action&)>
 const WideString kBlank(" ");
 
 TEST(Validation, ReportsEverySettingThatIsMissing) {
+  const auto nameIt = [](auto& action) { action.SetFileOrDirectory(kBlank); };
+  ExpectProblems<TFileExistsAction>({"FileOrDirectory: Field is empty!"}, nameIt);
+  ExpectProblems<TCreateDirectoryAction>({"Directory: The directory to create has not been set"}, nameIt);
+  ExpectProblems<TDeleteDirectoryAction>({"Directory: The directory to delete has not been set"}, nameIt);
+  ExpectProblems<TVekMoveDirectoryAction>(
+      {"Source directory: A source directory has not been specified",
+       "Destination directory: A destination directory has not been specified"},
+      [](auto& action) { action.Directory = action.DestinationDirectory = " "; });
+  ExpectProblems<TRenameDirAction>({"Directory: The existing directory has not been set",
+                                    "New name: The new name of the directory or file has not been set"},
+                                   [](auto& action) {
+                                     action.RenameDir = false;
+                                     action.SourceFile = action.NewDirName = " ";
+                                   });
+  ExpectProblems<TTouchFilesAction>({"File Spec: File spec has not been set"},
+                                    [](auto& action) { action.FileSpec = kBlank; });
+  ExpectProblems<TSetFileAttributesAction>({"File Spec: The file spec has not been set"},
+                                           [](auto& action) { action.FileSpec = kBlank; });
   ExpectProblems<TVekCreateTextFileAction>({"New File Name: New filename has not been set"},
                                            [](auto& action) { action.NewFileName = kBlank; });
   ExpectProblems<TVekWriteToTextFileAction>({"File Name: New filename has not been set"},

@@ -245,6 +245,7 @@ struct ListedFiles final : IVekFileSet {
 
   void Refresh() override {}
   uint64_t GetTotalSize() override { return 0; }
+  StringList GetIncludes() override { return {}; }
   std::string GetBaseDirectory() override { return base; }
   std::string GetFileList(std::string_view separator) override { return JoinLines(files, separator); }
 };

@@ -87,11 +87,17 @@ class FailingFiles final : public Entries, public Folders, public Contents {
     const Answer planned = settingAttributes ? settingAttributes(NamePart(path), attributes) : std::nullopt;
     return planned ? *planned : real_.entries->SetAttributes(path, attributes);
   }
+  SysResult ChangeLastWrite(std::string_view path, const LastWriteChange& change) override {
+    return real_.entries->ChangeLastWrite(path, change);
+  }
   SysResult Create(std::string_view path) override { return real_.folders->Create(path); }
   SysResult CreateWithParents(std::string_view path) override {
     return makesNoFolders ? SysResult() : real_.folders->CreateWithParents(path);
   }
   SysResult Remove(std::string_view path) override { return real_.folders->Remove(path); }
+  SysResult Empty(std::string_view path, const EmptyingOptions& options) override {
+    return real_.folders->Empty(path, options);
+  }
   SysResult ReadWhole(std::string_view path, std::string& contents) override {
     return real_.contents->ReadWhole(path, contents);
   }

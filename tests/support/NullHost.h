@@ -4,12 +4,16 @@
 #include <string>
 
 #include "coreapi/Vekactionhost.h"
+#include "platform/CreatePlatform.h"
 
 /// A host for actions that are only loaded, edited and saved: it raises when it is asked for anything that
 /// belongs to a build.
 class NullHost : public IVekActionHost {
  public:
-  const Platform& GetPlatform() override { Refuse("GetPlatform"); }
+  const Platform& GetPlatform() override {  // constructors ask for the time
+    static const auto owner = CreatePlatform({});
+    return owner->Get();
+  }
   std::string ExpandExpression(std::string_view) override { Refuse("ExpandExpression"); }
   std::string ExpandCounting(std::string_view, int32_t&) override { Refuse("ExpandCounting"); }
   Variant GetVariableValue(std::string_view) override { Refuse("GetVariableValue"); }
@@ -26,6 +30,8 @@ class NullHost : public IVekActionHost {
   FolderLinks GetFolderLinks() override { Refuse("GetFolderLinks"); }
   IVekProjectObjectAPI& GetProjectObjectAPI() override { Refuse("GetProjectObjectAPI"); }
   void MarkVariableSecret(std::string_view) override { Refuse("MarkVariableSecret"); }
+  bool MayRemoveTree(std::string_view) override { Refuse("MayRemoveTree"); }
+  bool MayRemoveMatches(std::string_view) override { Refuse("MayRemoveMatches"); }
   void SetProjectModified() override {}  // key values of any action that is loaded
 
  private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -22,8 +23,9 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
   StringList typed;                   // what is typed where a text is prompted for, in turn; then a cancel
   StringList asked;                   // title, text, filter, default extension of the last chooser
   std::map<std::pair<std::string, std::string>, std::string> options;
-  StringList variables;  // what the designer knows
-  Catalogue catalogue;   // what was registered
+  std::function<void(TFrame& form)> fillIn;  // nothing: the user cancels dialogs
+  StringList variables;                      // what the designer knows
+  Catalogue catalogue;                       // what was registered
 
   /// From now on this is a host without a designer.
   void RemoveDesigner() { services_.design = nullptr; }
@@ -74,6 +76,8 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
   void GetVariableNames(StringList& names) override {
     names.insert(names.end(), variables.begin(), variables.end());
   }
+
+  bool ShowForm(TFrame& form) override { return fillIn && (fillIn(form), true); }
 
   VekHostServices services_{catalogue, catalogue, *this, *this, this};
 };

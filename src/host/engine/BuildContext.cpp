@@ -9,6 +9,7 @@
 #include "host/project/Project.h"
 #include "platform/Environment.h"
 #include "platform/Platform.h"
+#include "platform/ProtectedFolders.h"
 
 BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
                            bool unattended)
@@ -121,6 +122,13 @@ std::string BuildContext::NativePath(std::string_view path) {
 
 FolderLinks BuildContext::GetFolderLinks() {
   return project_ && project_->followLinks ? FolderLinks::Follow : FolderLinks::Leave;
+}
+
+bool BuildContext::MayRemoveTree(std::string_view folder) {
+  return allowsProtected_ || !IsProtectedTree(platform_, folder, project_ ? project_->fileName : "");
+}
+bool BuildContext::MayRemoveMatches(std::string_view spec) {
+  return allowsProtected_ || !IsProtectedSelection(platform_, spec);
 }
 
 IVekScriptObject* BuildContext::ActionByName(std::string_view name) {

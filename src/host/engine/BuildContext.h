@@ -38,6 +38,9 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   /// The project that is being built: its actions by name and its file sets; null for none.
   void SetProject(Project* project);
 
+  /// Has steps remove what is protected, too.
+  void AllowProtected() { allowsProtected_ = true; }
+
   /// What log lines are reported under. The engine moves it as it walks the tree.
   void SetCurrentPath(std::string path) { path_ = std::move(path); }
 
@@ -67,6 +70,8 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   bool StopSignalled() override { return stop_.Stopped(); }
   bool IsUnattended() override { return unattended_; }
   void Synchronize(const std::function<void()>& method) override;
+  bool MayRemoveTree(std::string_view folder) override;
+  bool MayRemoveMatches(std::string_view spec) override;
   IVekProjectObjectAPI& GetProjectObjectAPI() override { return fileSets_; }
   FolderLinks GetFolderLinks() override;
   void SetProjectModified() override {}
@@ -90,6 +95,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   const Catalogue& catalogue_;
   const bool unattended_;
   Project* project_ = nullptr;
+  bool allowsProtected_ = false;
   std::string path_;
   Variables variables_;
   SecretMask events_;

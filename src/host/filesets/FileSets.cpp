@@ -135,6 +135,7 @@ class ProjectFileSet final : public IVekFileSet {
   }
 
   std::string GetBaseDirectory() override { return declaration_.baseDirectory; }
+  StringList GetIncludes() override { return declaration_.includes; }
   std::string GetFileList(std::string_view separator) override { return JoinLines(Files(), separator); }
 
  private:

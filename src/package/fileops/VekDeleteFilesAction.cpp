@@ -61,6 +61,7 @@ bool TCustomDeleteFilesAction::Execute() {
   const auto expand = [&] { spec = Trim(ExpandExpression(fileSpec_, true)); };
   if (!AttemptOrReport("Unable to Delete file : ", spec, "--> ", expand)) return false;
   if (spec.empty()) return !FailIfNoFile;
+  if (!MayRemoveMatches(spec)) return false;
 
   const auto message = CreateStatusMessage();
   message->AddLine("Deleting files : " + spec);

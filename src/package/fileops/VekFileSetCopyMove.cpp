@@ -94,11 +94,25 @@ bool TCustomVekFileSetCopyMoveAction::ExecuteFileSet(IVekFileSet& fileSet) {
   // As the files are spelt.
   baseFolder = WithDelimiters(baseFolder, GetPlatform().environment->PathDelimiter(baseFolder));
 
+  if (Move && !MayMoveFrom(baseFolder, fileSet)) return false;
   const StringList files = SplitAt(fileSet.GetFileList(kSeparator), kSeparator);
   SendMessage((Move ? "Moving " : "Copying ") + std::to_string(files.size()) + " files...");
   for (const std::string& file : files) {
     if (cancel_) return false;
     if (IsThere(file)) CopyOrMove(file, DestinationOf(file, baseFolder, destinationFolder));
+  }
+  return true;
+}
+
+/// Asks for what the patterns select directly in the base folder.
+bool TCustomVekFileSetCopyMoveAction::MayMoveFrom(const std::string& baseFolder, IVekFileSet& fileSet) const {
+  for (const std::string& include : fileSet.GetIncludes()) {
+    std::string pattern = ExpandExpression(include, true);
+    while (pattern.size() > 2 && pattern.starts_with("**") && IsPathDelimiter(pattern[2]))
+      pattern.erase(0, 3);
+    const std::string name = pattern.substr(0, pattern.find_first_of("\\/"));
+    const bool goesDeeper = name.size() < pattern.size();
+    if (!goesDeeper && !MayRemoveMatches(AsFolder(GetPlatform(), baseFolder) + name)) return false;
   }
   return true;
 }

@@ -48,6 +48,7 @@ class TCustomVekFileSetCopyMoveAction : public TFileSetBaseAction {
 
  private:
   void StartRun();
+  bool MayMoveFrom(const std::string& baseFolder, IVekFileSet& fileSet) const;
   bool IsThere(const std::string& file) const;
   std::string DestinationOf(const std::string& file, const std::string& baseFolder,
                             const std::string& destinationFolder) const;

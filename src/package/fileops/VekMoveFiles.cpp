@@ -80,6 +80,7 @@ bool TCustomMoveFilesAction::Execute() {
   };
   if (!AttemptOrReport(" --> Unable to Move files : ", source, " --> ", expand)) return false;
   if (source.empty() || target.empty()) return true;
+  if (!MayRemoveMatches(source)) return false;
 
   const auto message = CreateStatusMessage();
   message->AddLine("Moving files : " + source + " -> " + target);

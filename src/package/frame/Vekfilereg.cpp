@@ -3,11 +3,16 @@
 #include "checksum/VekFileCRCAction.h"
 #include "checksum/VekFileMD5Action.h"
 #include "coreapi/Vekservices.h"
+#include "fileops/BActions1.h"
 #include "fileops/VekConcatFilesAction.h"
 #include "fileops/VekCopyMove.h"
 #include "fileops/VekDeleteFilesAction.h"
+#include "fileops/VekFileAttrib.h"
 #include "fileops/VekFileCompare.h"
 #include "fileops/VekFileSetCopyMove.h"
+#include "fileops/VekMoveDirectoryAction.h"
+#include "fileops/VekRenameDirectoryAction.h"
+#include "fileops/VekTouchFile.h"
 #include "frame/Vekcatalogue.h"
 #include "frame/Vekregistryreg.h"
 #include "interaction/VekBeepAction.h"
@@ -26,10 +31,15 @@
 #include "pages/FCopyMoveEditFrame.h"
 #include "pages/FRunProgFrame.h"
 #include "pages/VekBeepFrame.h"
+#include "pages/VekCheckFileFrame.h"
 #include "pages/VekConcatFilesFrame.h"
+#include "pages/VekCreateDirectoryFrame.h"
 #include "pages/VekCreateFileFrame.h"
+#include "pages/VekDeleteDirFrame.h"
 #include "pages/VekDiskFreeSpaceFrame.h"
 #include "pages/VekExtractFileVersionInfoFrame.h"
+#include "pages/VekFileAttributeEditor.h"
+#include "pages/VekFileAttributeFrame.h"
 #include "pages/VekFileCRCFrame.h"
 #include "pages/VekFileCompareFrame.h"
 #include "pages/VekFileIteratorFrame.h"
@@ -40,13 +50,17 @@
 #include "pages/VekIniFileIteratorFrame.h"
 #include "pages/VekListIteratorFrame.h"
 #include "pages/VekLogVarFrame.h"
+#include "pages/VekMoveDirectoryFrame.h"
 #include "pages/VekMultiQuestionFrame.h"
 #include "pages/VekPromptForFileOrDirFrame.h"
 #include "pages/VekQuestionFrame.h"
 #include "pages/VekReadFileFrame.h"
 #include "pages/VekReadTextFileIteratorFrame.h"
+#include "pages/VekRenameDirFrame.h"
 #include "pages/VekTextFindFrame.h"
 #include "pages/VekTextReplaceFrame.h"
+#include "pages/VekTouchFilesDateEditor.h"
+#include "pages/VekTouchFrame.h"
 #include "pages/VekVariablePromptFrame.h"
 #include "pages/VekVariablesLoadOptionsFrame.h"
 #include "pages/VekVariablesSaveLoadForm.h"
@@ -111,11 +125,16 @@ void RegisterMoveEditors() { RegisterEditors(kMoveEditors); }
 // In registration order; a host lists the types of a category in it.
 // clang-format off
 constexpr CatalogueRow kCatalogue[] = {
+    ActionRow<TFileExistsAction, TCheckFileFrame>("HCHECKFILE", kOwnName, kFiles),
+    ActionRow<TCreateDirectoryAction, TCreateDirectoryFrame>("HCREATE_DIR", kOwnName, kFiles),
+    ActionRow<TDeleteDirectoryAction, TDeleteDirFrame>("HDELETE_DIR", kOwnName, kFiles),
     PageRoutineRow(RegisterMoveEditors),  // behind the pages of Delete Directory
+    ActionRow<TVekMoveDirectoryAction, TMoveDirectoryFrame>("HMOVEDIR", kOwnName, kFiles),
     ActionRow<TVekQuestionAction, TQuestionFrame>("HASKQUESTION", kOwnName, kInteractive),
     ActionRow<TDeleteFilesAction, TDeleteFilesFrame>("HDELETE_FILE", "Delete File(s)", kFiles),
     ActionRow<TCopyFilesAction, TCopyFrame>("HCOPYFILES", "Copy File(s)", kFiles),
     ActionRow<TMoveFilesAction, TMoveFrame>("HMOVEFILES", "Move File(s)", kFiles),
+    ActionRow<TSetFileAttributesAction, TFileAttributeFrame>("HSETFILEATTRIB", kOwnName, kFiles),
     ActionRow<TFileIterator, TFileIteratorFrame>("HFILEITERATOR", "File Iterator", kIterators),
     RoutineRow(RegisterReset<TFileIterator>),
     ActionRow<TFolderIterator, TFolderIteratorFrame>("FOLDERITERATOR", "Folder Iterator", kIterators),
@@ -123,6 +142,7 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TReadIniFileAction, TReadIniFrame>("HREADINI", kOwnName, kRegistryAndIni),
     ActionRow<TWriteIniFileAction, TWriteIniFrame>("HWRITEINI", kOwnName, kRegistryAndIni),
     ActionRow<TVekScriptAction>("SCRIPTACTION", kOwnName, kMisc),
+    ActionRow<TTouchFilesAction, TTouchFrame>("HTOUCHFILES", kOwnName, kFiles),
     ActionRow<TVekVariablePromptAction, TVekVariablePromptFrame>("HPROMPTFORVAR", kOwnName, kInteractive),
     ActionRow<TRunProgramAction, TRunProgramFrame>("HEXECUTEPROG", "Execute Program", kWindowsOS),
     ActionRow<TRunDosCMDAction, TRunDosCmdFrame>("HRUNDOS", "Run DOS Command", kWindowsOS),
@@ -130,6 +150,7 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TDiskInfoAction, TDiskFreeSpaceFrame>("HDISKSPACE", kOwnName, kWindowsOS),
     ActionRow<TDateTimeAction, TGetDateTimeFrame>("HDATETIME", "Get Date/Time", kMisc),
     RoutineRow(RegisterRegistryUnit),
+    ActionRow<TRenameDirAction, TRenameDirFrame>("HRENAMEFILE", kOwnName, kFiles),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
     ActionRow<TVekMultiQuestionAction, TFrameMultiQuestion>("HMULTIQUESTION", kOwnName, kInteractive),
@@ -158,13 +179,20 @@ static_assert(HasUniqueTypeIds(kCatalogue), "two rows have one type id");
 
 // The two rows of Delete File(s) apply to nothing: it has no Target, and its FileSpec is a byte string.
 constexpr EditorRow kEditors[] = {
+    PropertyEditor<TFileExistsAction>("WideString", "FileOrDirectory", kFileNameEdit),
+    PropertyEditor<TCreateDirectoryAction>("WideString", "FileOrDirectory", kSelectDirectoryEditor),
+    PropertyEditor<TDeleteDirectoryAction>("WideString", "FileOrDirectory", kSelectDirectoryEditor),
     IdlePropertyEditor<TDeleteFilesAction>("WideString", "FileSpec", kFileNameEditEx),
     IdlePropertyEditor<TDeleteFilesAction>("WideString", "Target", kFileNameEditEx),
     PropertyEditor<TCopyFilesAction>("WideString", "FileSpec", kFileNameEditEx),
     PropertyEditor<TCopyFilesAction>("WideString", "Target", kFileNameEditEx),
+    PropertyEditor<TSetFileAttributesAction>("WideString", "FileSpec", kFileNameEdit),
+    PropertyEditor<TSetFileAttributesAction>("TAttributeSetting", "", kFileAttributeEditor),
     PropertyEditor<TReadIniFileAction>("WideString", "IniFile", kIniFileNameEdit),
     PropertyEditor<TWriteIniFileAction>("WideString", "IniFile", kIniFileNameEdit),
     PropertyEditor<TReadIniFileAction>("WideString", "VariableName", kIniVariableEditor),
+    PropertyEditor<TTouchFilesAction>("ByteString", "DateTimeString", kTouchFilesDateEditor),
+    PropertyEditor<TTouchFilesAction>("WideString", "FileSpec", kFileNameEdit),
     PropertyEditor<TRunProgramAction>("WideString", "ProgramName", kRunProgEditor),
     PropertyEditor<TRunProgramAction>("WideString", "StartInDir", kStartDirectoryEditor),
 };

@@ -24,8 +24,8 @@ class Win32Platform final : public PlatformOwner {
 
  private:
   Win32Folders folders_;
-  Win32Entries entries_{folders_};
   Win32Contents contents_;
+  Win32Entries entries_{folders_, contents_};
   Win32Finder finder_;
   Win32Environment environment_;
   Win32Clock clock_;

@@ -9,6 +9,7 @@
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FileCopy.h"
 #include "platform/posix/files/FileMove.h"
+#include "platform/posix/files/PosixOpenFile.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -113,6 +114,10 @@ SysResult PosixEntries::SetAttributes(std::string_view path, uint32_t attributes
     paths_.Recent().Forget();
     return WriteAttributes(place, *present, attributes);
   });
+}
+
+SysResult PosixEntries::ChangeLastWrite(std::string_view path, const LastWriteChange& change) {
+  return paths_.OnEntry(path, [&](const Place& place) { return ChangeLastWriteAt(place, change); });
 }
 
 SysResult PosixEntries::Delete(std::string_view path) {

@@ -15,6 +15,7 @@ class PosixEntries final : public Entries {
   SysResult GetSize(std::string_view path, uint64_t& size) override;
   SysResult GetAttributes(std::string_view path, uint32_t& attributes) override;
   SysResult SetAttributes(std::string_view path, uint32_t attributes) override;
+  SysResult ChangeLastWrite(std::string_view path, const LastWriteChange& change) override;
   SysResult Delete(std::string_view path) override;
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override;
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags,

@@ -4,6 +4,7 @@
 
 #include "base/WindowsPath.h"
 #include "platform/posix/files/EntryStatus.h"
+#include "platform/posix/files/FolderEmptying.h"
 #include "platform/posix/system/PosixErrors.h"
 
 bool PosixFolders::Exists(std::string_view path) {
@@ -37,6 +38,13 @@ SysResult PosixFolders::Remove(std::string_view path) {
   const SysResult removed = paths_.OnEntry(path, [this](const Place& place) { return RemoveAt(place); });
   paths_.ForgetFolders();
   return removed;
+}
+
+SysResult PosixFolders::Empty(std::string_view path, const EmptyingOptions& options) {
+  const SysResult emptied =
+      paths_.OnEntry(path, [&options](const Place& place) { return EmptyFolder(place, options); });
+  paths_.Forget();
+  return emptied;
 }
 
 SysResult PosixFolders::RemoveAt(const Place& place) {

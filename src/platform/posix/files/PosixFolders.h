@@ -11,6 +11,7 @@ class PosixFolders final : public Folders {
   SysResult Create(std::string_view path) override;
   SysResult CreateWithParents(std::string_view path) override;
   SysResult Remove(std::string_view path) override;
+  SysResult Empty(std::string_view path, const EmptyingOptions& options) override;
 
  private:
   SysResult RemoveAt(const Place& place);

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/Entries.h"
 #include "platform/OpenFile.h"
 #include "platform/posix/paths/PosixPaths.h"
 
@@ -12,3 +13,5 @@ SysResult CreateAndOpen(const Place& place, ShareMode share, std::unique_ptr<Ope
 
 /// A file that is open already.
 std::unique_ptr<OpenFile> TakeOpen(UniqueFd fd);
+/// Entries::ChangeLastWrite for a file that was located.
+SysResult ChangeLastWriteAt(const Place& place, const LastWriteChange& change);

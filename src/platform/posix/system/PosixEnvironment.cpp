@@ -15,12 +15,6 @@
 
 namespace {
 
-std::string HomeFolder() {
-  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
-  const passwd* user = getpwuid(getuid());
-  return user != nullptr ? user->pw_dir : "/";
-}
-
 /// Takes "." and ".." out of an absolute native path, as text.
 std::string Resolved(std::string_view path) {
   std::vector<std::string_view> names;
@@ -98,6 +92,18 @@ std::string PosixEnvironment::TempFolder() {
 }
 
 uint32_t PosixEnvironment::RandomNumber() { return std::random_device()(); }
+
+std::string PosixEnvironment::HomeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr ? user->pw_dir : "/";
+}
+
+StringList PosixEnvironment::ReservedFolders() {
+  return {"/bin",    "/boot",       "/dev",   "/etc", "/home", "/lib",  "/lib32", "/lib64",
+          "/libx32", "/lost+found", "/media", "/mnt", "/opt",  "/proc", "/root",  "/run",
+          "/sbin",   "/snap",       "/srv",   "/sys", "/tmp",  "/usr",  "/var"};
+}
 
 std::string PosixEnvironment::DataFolder() {
   // A relative XDG folder is to be ignored.

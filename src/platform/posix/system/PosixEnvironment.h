@@ -16,6 +16,8 @@ class PosixEnvironment final : public Environment {
   std::string TempFolder() override;
   uint32_t RandomNumber() override;
   std::string SystemFolder() override { return "/usr/bin"; }
+  std::string HomeFolder() override;
+  StringList ReservedFolders() override;
   std::string DataFolder() override;
   std::string ProgramFolder() override;
   std::string CommandInterpreter() override { return "/bin/sh"; }

@@ -1,6 +1,7 @@
 #include "platform/win32/files/Win32Entries.h"
 
 #include "base/WindowsPath.h"
+#include "platform/Contents.h"
 #include "platform/Folders.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -81,6 +82,14 @@ SysResult Win32Entries::SetAttributes(std::string_view path, uint32_t attributes
   std::wstring native;
   if (const SysResult result = NativePath(path, native); !result) return result;
   return ResultOf(SetFileAttributesW(native.c_str(), attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes));
+}
+
+SysResult Win32Entries::ChangeLastWrite(std::string_view path, const LastWriteChange& change) {
+  std::unique_ptr<class OpenFile> file;  // the system has a function of the name
+  TDateTime lastWrite;
+  SysResult result = contents_.Open(path, OpenMode::Modify, ShareMode::DenyNone, file);
+  if (result) result = file->GetLastWrite(lastWrite);
+  return result ? file->SetLastWrite(change(lastWrite)) : result;
 }
 
 SysResult Win32Entries::Delete(std::string_view path) {

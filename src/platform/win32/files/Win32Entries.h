@@ -2,11 +2,12 @@
 
 #include "platform/Entries.h"
 
+class Contents;
 class Folders;
 
 class Win32Entries final : public Entries {
  public:
-  explicit Win32Entries(Folders& folders) : folders_(folders) {}
+  Win32Entries(Folders& folders, Contents& contents) : folders_(folders), contents_(contents) {}
 
   bool FileExists(std::string_view path) override;
   bool EntryExists(std::string_view path) override;
@@ -14,6 +15,7 @@ class Win32Entries final : public Entries {
   SysResult GetSize(std::string_view path, uint64_t& size) override;
   SysResult GetAttributes(std::string_view path, uint32_t& attributes) override;
   SysResult SetAttributes(std::string_view path, uint32_t attributes) override;
+  SysResult ChangeLastWrite(std::string_view path, const LastWriteChange& change) override;
   SysResult Delete(std::string_view path) override;
   SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) override;
   SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
@@ -21,4 +23,5 @@ class Win32Entries final : public Entries {
 
  private:
   Folders& folders_;
+  Contents& contents_;
 };

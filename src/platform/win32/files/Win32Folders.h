@@ -8,4 +8,5 @@ class Win32Folders final : public Folders {
   SysResult Create(std::string_view path) override;
   SysResult CreateWithParents(std::string_view path) override;
   SysResult Remove(std::string_view path) override;
+  SysResult Empty(std::string_view path, const EmptyingOptions& options) override;
 };

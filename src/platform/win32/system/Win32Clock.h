@@ -9,4 +9,7 @@ class Win32Clock final : public Clock {
   std::string ShortDate(TDateTime local) override;
   TDateTime UtcNow() override;
   TDateTime ToUtc(TDateTime local) override;
+  std::string ShortTime(TDateTime local) override;
+  std::string LongTime(TDateTime local) override;
+  std::optional<TDateTime> ParseDateTime(std::string_view text) override;
 };

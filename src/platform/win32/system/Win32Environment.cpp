@@ -85,6 +85,19 @@ std::string Win32Environment::SystemFolder() {
 
 uint32_t Win32Environment::RandomNumber() { return std::random_device()(); }
 
+std::string Win32Environment::HomeFolder() { return Variable("USERPROFILE").value_or(""); }
+
+StringList Win32Environment::ReservedFolders() {
+  const std::string windows =
+      Folder(Answer([](wchar_t* buffer, DWORD size) { return GetSystemWindowsDirectoryW(buffer, size); }));
+  StringList folders{windows};
+  for (const char* name : {"Program Files", "Program Files (x86)", "ProgramData", "Users",
+                           "Documents and Settings", "Recovery", "System Volume Information"}) {
+    folders.push_back(windows.substr(0, 3) + name);
+  }
+  return folders;
+}
+
 std::string Win32Environment::DataFolder() {
   const auto local = Variable("LOCALAPPDATA");
   return WithTrailingDelimiter(local ? *local : TempFolder(), '\\') + "vekrun";

@@ -13,6 +13,8 @@ class Win32Environment final : public Environment {
   std::string TempFolder() override;
   uint32_t RandomNumber() override;
   std::string SystemFolder() override;
+  std::string HomeFolder() override;
+  StringList ReservedFolders() override;
   std::string DataFolder() override;
   std::string ProgramFolder() override;
   std::string CommandInterpreter() override;
