@@ -40,6 +40,7 @@ enum class Win32Error : uint32_t {
   FilenameExcedRange = 206,
   Directory = 267,
   BadRegistry = 1009,
+  NoAssociation = 1155,
   Cancelled = 1223,
   RequestAborted = 1235,
   CantResolveFilename = 1921,

@@ -13,6 +13,8 @@ class Modules;
 class Processes;
 class Registry;
 class Sounds;
+class ProcessWindows;
+class Shell;
 
 /// The operating system, one narrow interface per capability; none of them is ever null. In a copy any of
 /// them can be exchanged, for a platform that fails on purpose.
@@ -30,4 +32,6 @@ struct Platform {
   Processes* processes;
   Disk* disk;
   Sounds* sounds;
+  Shell* shell;
+  ProcessWindows* windows;
 };

@@ -7,6 +7,7 @@
 #include "platform/posix/paths/PosixPaths.h"
 #include "platform/posix/processes/PosixProcesses.h"
 #include "platform/posix/registry/PosixRegistry.h"
+#include "platform/posix/shell/PosixShell.h"
 #include "platform/posix/system/PosixClock.h"
 #include "platform/posix/system/PosixConsole.h"
 #include "platform/posix/system/PosixDisk.h"
@@ -14,6 +15,7 @@
 #include "platform/posix/system/PosixErrors.h"
 #include "platform/posix/system/PosixModules.h"
 #include "platform/posix/system/PosixSounds.h"
+#include "platform/posix/windows/PosixProcessWindows.h"
 
 namespace {
 
@@ -46,6 +48,8 @@ class PosixPlatform final : public PlatformOwner {
   PosixProcesses processes_{paths_};
   PosixDisk disk_{paths_};
   PosixSounds sounds_{paths_, processes_};
+  PosixShell shell_{paths_, processes_};
+  PosixProcessWindows windows_;
   PosixConsole console_{paths_};
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -59,7 +63,9 @@ class PosixPlatform final : public PlatformOwner {
                      .registry = &registry_,
                      .processes = &processes_,
                      .disk = &disk_,
-                     .sounds = &sounds_};
+                     .sounds = &sounds_,
+                     .shell = &shell_,
+                     .windows = &windows_};
 };
 
 }  // namespace

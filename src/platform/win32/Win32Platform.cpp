@@ -7,6 +7,7 @@
 #include "platform/win32/ini/Win32IniFiles.h"
 #include "platform/win32/processes/Win32Processes.h"
 #include "platform/win32/registry/Win32Registry.h"
+#include "platform/win32/shell/Win32Shell.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32Console.h"
 #include "platform/win32/system/Win32Disk.h"
@@ -14,6 +15,7 @@
 #include "platform/win32/system/Win32ErrorTexts.h"
 #include "platform/win32/system/Win32Modules.h"
 #include "platform/win32/system/Win32Sounds.h"
+#include "platform/win32/windows/Win32ProcessWindows.h"
 
 namespace {
 
@@ -36,6 +38,8 @@ class Win32Platform final : public PlatformOwner {
   Win32Processes processes_;
   Win32Disk disk_;
   Win32Sounds sounds_;
+  Win32Shell shell_;
+  Win32ProcessWindows windows_;
   Win32Console console_;
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -49,7 +53,9 @@ class Win32Platform final : public PlatformOwner {
                      .registry = &registry_,
                      .processes = &processes_,
                      .disk = &disk_,
-                     .sounds = &sounds_};
+                     .sounds = &sounds_,
+                     .shell = &shell_,
+                     .windows = &windows_};
 };
 
 }  // namespace

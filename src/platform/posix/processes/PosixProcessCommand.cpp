@@ -58,11 +58,6 @@ void MakeAbsolute(std::string& file) {
   if (folder) file.insert(0, 1, '/').insert(0, folder.get());
 }
 
-std::string FileAt(const Place& place) {
-  const std::string& folder = place.folder->path;
-  return folder + (folder.ends_with('/') ? "" : "/") + place.name;
-}
-
 SysResult FindFile(PosixPaths& paths, const std::string& program, std::string& file) {
   if (program.empty()) return SysResult::Failure(Win32Error::FileNotFound);
   if (program.find('\0') != std::string::npos) return SysResult::Failure(Win32Error::InvalidName);
@@ -113,6 +108,13 @@ std::string NextArgument(std::string_view text, size_t& position) {
 }
 
 }  // namespace
+
+std::string FileAt(const Place& place) {
+  const std::string& folder = place.folder->path;
+  std::string file = folder + (folder.ends_with('/') ? "" : "/") + place.name;
+  MakeAbsolute(file);
+  return file;
+}
 
 StringList SplitParameters(std::string_view parameters) {
   StringList arguments;

@@ -12,6 +12,9 @@ struct ProcessCommand {
   StringList arguments;
 };
 
+/// The full native name of an entry.
+std::string FileAt(const Place& place);
+
 /// Finds the program and splits its parameters. A shell that is given "/c COMMAND" gets the command as it
 /// stands.
 SysResult FindCommand(PosixPaths& paths, const std::string& program, const std::string& parameters,

@@ -6,6 +6,7 @@
 #include "platform/posix/processes/PosixProcessCommand.h"
 #include "platform/posix/processes/PosixProcessLaunch.h"
 #include "platform/posix/processes/PosixProcessRun.h"
+#include "platform/posix/processes/PosixRunningProcess.h"
 #include "platform/posix/system/PosixErrors.h"
 
 SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, StopEvent& stop,
@@ -35,10 +36,25 @@ SysResult PosixProcesses::Start(const ProcessSetup& setup) {
   ReapLeftRunning();
   pid_t child = -1;
   if (const SysResult result = Launch(setup, {}, ChildLife::OnItsOwn, child); !result) return result;
+  LeaveRunning(child);
+  return {};
+}
+
+SysResult PosixProcesses::StartWatched(ProcessCommand command, const std::string& startDirectory,
+                                       std::unique_ptr<RunningProcess>& process) {
+  ReapLeftRunning();
+  pid_t child = -1;
+  const SysResult result = Launch(std::move(command), startDirectory, {}, ChildLife::OnItsOwn, child);
+  if (!result) return result;
+  process = PosixRunningProcess::Open(child);
+  LeaveRunning(child);
+  return {};
+}
+
+void PosixProcesses::LeaveRunning(pid_t child) {
   paths_.Forget();
   const std::lock_guard lock(mutex_);
   leftRunning_.push_back(child);
-  return {};
 }
 
 std::string PosixProcesses::StartAdvice(Win32Error code) {
@@ -48,15 +64,18 @@ std::string PosixProcesses::StartAdvice(Win32Error code) {
 
 SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life,
                                  pid_t& child) {
+  ProcessCommand command;
+  const SysResult found = FindCommand(paths_, setup.program, setup.parameters, command);
+  return found ? Launch(std::move(command), setup.startDirectory, streams, life, child) : found;
+}
+
+SysResult PosixProcesses::Launch(ProcessCommand command, const std::string& startDirectory,
+                                 const ChildStreams& streams, ChildLife life, pid_t& child) {
   std::string folder;
-  if (!setup.startDirectory.empty()) {
-    const Place place = paths_.LocateFolder(setup.startDirectory);
+  if (!startDirectory.empty()) {
+    const Place place = paths_.LocateFolder(startDirectory);
     if (!place.folder) return SysResult::Failure(Win32Error::Directory);
     folder = place.folder->path;
-  }
-  ProcessCommand command;
-  if (const SysResult result = FindCommand(paths_, setup.program, setup.parameters, command); !result) {
-    return result;
   }
   return LaunchProcess(std::move(command), folder, streams, life, child);
 }

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <memory>
 #include <mutex>
 #include <sys/types.h>
 #include <vector>
 
 #include "platform/Processes.h"
+#include "platform/RunningProcess.h"
 #include "platform/posix/paths/PosixPaths.h"
 #include "platform/posix/processes/PosixProcessLaunch.h"
 
 struct ChildStreams;
+struct ProcessCommand;
 
 class PosixProcesses final : public Processes {
  public:
@@ -19,8 +22,15 @@ class PosixProcesses final : public Processes {
   SysResult Start(const ProcessSetup& setup) override;
   std::string StartAdvice(Win32Error code) override;
 
+  /// Starts a command that was found already, leaves it running, and answers what it became.
+  SysResult StartWatched(ProcessCommand command, const std::string& startDirectory,
+                         std::unique_ptr<RunningProcess>& process);
+
  private:
   SysResult Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life, pid_t& child);
+  SysResult Launch(ProcessCommand command, const std::string& startDirectory, const ChildStreams& streams,
+                   ChildLife life, pid_t& child);
+  void LeaveRunning(pid_t child);
   void ReapLeftRunning();
 
   PosixPaths& paths_;

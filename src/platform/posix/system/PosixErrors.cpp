@@ -91,6 +91,7 @@ constexpr TextRow kTexts[] = {
     {Win32Error::FilenameExcedRange, "The filename or extension is too long."},
     {Win32Error::Directory, "The directory name is invalid."},
     {Win32Error::BadRegistry, "The configuration registry database is corrupt."},
+    {Win32Error::NoAssociation, "No application is associated with the specified file for this operation."},
     {Win32Error::Cancelled, "The operation was canceled by the user."},
     {Win32Error::RequestAborted, "The request was aborted."},
     {Win32Error::CantResolveFilename, "The name of the file cannot be resolved by the system."},
