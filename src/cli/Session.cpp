@@ -22,7 +22,10 @@ Session::Session(const Arguments& arguments, bool designTime)
   RegisterHostActions(catalogue_);
 }
 
-Session::~Session() { InstallVekServices(nullptr); }
+Session::~Session() {
+  InstallVekServices(nullptr);
+  options_.Unregister();
+}
 
 const CatalogueEntry& Session::FindType(const std::string& typeId) const {
   if (const CatalogueEntry* entry = catalogue_.Find(typeId)) return *entry;

@@ -304,9 +304,9 @@ consteval PropertyRow PublishedTruth(std::string_view name) {
 }
 
 /// The rows that several classes publish, and behind them those of one of these classes.
-template <size_t N, class... Rows>
-consteval std::array<PropertyRow, N + sizeof...(Rows)> Extended(const PropertyRow (&shared)[N], Rows... own) {
-  std::array<PropertyRow, N + sizeof...(Rows)> rows;
+template <class Shared, class... Rows>
+consteval auto Extended(const Shared& shared, Rows... own) {
+  std::array<PropertyRow, sizeof(Shared) / sizeof(PropertyRow) + sizeof...(Rows)> rows;
   auto next = std::ranges::copy(shared, rows.begin()).out;
   ((*next++ = own), ...);
   return rows;

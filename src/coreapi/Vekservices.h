@@ -12,6 +12,7 @@
 struct PageClass;    // of the forms package; the host passes it through
 struct EditorClass;  // likewise
 struct OptionsClass;
+class TVekOptionsObject;
 
 class TFrame;
 
@@ -50,7 +51,10 @@ class IVekOptionsServices {
   virtual ~IVekOptionsServices() = default;
   virtual void RegisterOptionsPage(const OptionsClass& optionsClass, std::string_view bitmapName) = 0;
 
-  /// The stored text of an option, or empty.
+  /// The object of the registered class of that category and name, with what is stored; null for none.
+  virtual TVekOptionsObject* FindOptions(std::string_view category, std::string_view name) = 0;
+
+  /// The stored text of an option, or what the host has in its place, or empty.
   virtual std::string ReadOption(std::string_view name, std::string_view key) = 0;
 };
 
@@ -91,6 +95,9 @@ class IVekDialogServices {
 
   /// `number` counts the choices from 1; the one it names is offered, none for any other number.
   virtual bool ChooseFromList(std::string_view text, const StringList& choices, int32_t& number) = 0;
+
+  /// Tells the user something that asks for no answer.
+  virtual void ShowMessage(std::string_view text) = 0;
 };
 
 /// What a host with a designer knows of the project that is being edited. [user-interface thread]

@@ -20,6 +20,8 @@ bool VekBrowseForDirectory(std::string_view title, std::string& folder, TMustExi
   return VekDialogServices().BrowseForDirectory(title, folder, mustExist);
 }
 
+void VekShowMessage(std::string_view text) { VekDialogServices().ShowMessage(text); }
+
 /// Shows a dialog for an action that runs.
 class VekRuntimeBrowser {
  public:

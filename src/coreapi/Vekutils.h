@@ -16,6 +16,9 @@ VEK_API bool VekBrowseForFile(std::string_view title, std::string& fileName, std
 VEK_API bool VekBrowseForDirectory(std::string_view title, std::string& folder,
                                    TMustExist mustExist = TMustExist::No);
 
+/// Tells the user something; nothing is asked. [user-interface thread]
+VEK_API void VekShowMessage(std::string_view text);
+
 /// The same for an action that runs: shown on the user-interface thread, and not at all while the build runs
 /// unattended, which counts as cancelled. [build thread]
 VEK_API bool VekBrowseForFileRuntime(TCustomVekAction& action, std::string_view title, std::string& fileName,

@@ -20,16 +20,24 @@ void TFrame::OnPageDeActivate() {}
 
 void TFrame::ReadActionData(TVekAction& action) {
   CheckClass(action);
-  for (const auto& control : controls_) {
-    if (control->Property()) control->ReadFrom(action);
-  }
+  ReadControls(action);
 }
 
 void TFrame::WriteActionData(TVekAction& action) {
   CheckClass(action);
+  WriteControls(action);
+}
+
+void TFrame::ReadControls(const TLumXMLObject& object) {
+  for (const auto& control : controls_) {
+    if (control->Property()) control->ReadFrom(object);
+  }
+}
+
+void TFrame::WriteControls(TLumXMLObject& object) const {
   for (const auto& control : controls_) control->CheckValue();
   for (const auto& control : controls_) {
-    if (control->Property()) control->WriteTo(action);
+    if (control->Property()) control->WriteTo(object);
   }
 }
 
@@ -49,3 +57,15 @@ void TFrame::CheckClass(const TVekAction& action) const {
   throw EVekError("the page \"" + pageName_ + "\" edits a " + std::string(edits_.className) + ", not a " +
                   std::string(action.ClassType().className));
 }
+
+namespace {
+
+// Of no action's class, so that every action is refused.
+const ActionClass kOptions{.className = "(set of options)"};
+
+}  // namespace
+
+TOptionsPage::TOptionsPage(std::string_view pageName) : TFrame(pageName, kOptions) {}
+TOptionsPage::~TOptionsPage() = default;
+void TOptionsPage::ReadOptions(const TVekOptionsObject& options) { ReadControls(options); }
+void TOptionsPage::WriteOptions(TVekOptionsObject& options) const { WriteControls(options); }

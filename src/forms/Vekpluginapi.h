@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "coreapi/Vekactionapi.h"
+#include "coreapi/Vekoptions.h"
 #include "forms/Vekcontrols.h"
 #include "forms/Vekedits.h"
 #include "forms/Vekpropertyof.h"
@@ -57,7 +58,7 @@ class VEK_FORMS_API TFrame {
 
  protected:
   template <class Control, class... Arguments>
-  Control& Add(Arguments&&... arguments) {
+  Control& AddControl(Arguments&&... arguments) {
     auto control = std::make_unique<Control>(*this, std::forward<Arguments>(arguments)...);
     Control& added = *control;
     controls_.push_back(std::move(control));
@@ -65,6 +66,8 @@ class VEK_FORMS_API TFrame {
   }
 
   void CheckClass(const TVekAction& action) const;
+  void ReadControls(const TLumXMLObject& object);
+  void WriteControls(TLumXMLObject& object) const;
 
  private:
   std::string pageName_;
@@ -73,18 +76,26 @@ class VEK_FORMS_API TFrame {
   std::vector<std::unique_ptr<TControl>> controls_;
 };
 
-/// Base of the pages of one class of actions; a page that several classes share names the one that they have
-/// in common. The page's constructor adds its controls, one line each; a control is bound by naming the
-/// property, and one without a property is for the page itself to read and write.
-template <class Action>
-class TActionFrame : public TFrame {
+/// Base of the pages of the host's options dialog. It edits no action; the host hands it the options object.
+class VEK_FORMS_API TOptionsPage : public TFrame {
  public:
-  using EditedAction = Action;
-  explicit TActionFrame(std::string_view pageName) : TFrame(pageName, EditedClass()) {}
+  explicit TOptionsPage(std::string_view pageName);
+  ~TOptionsPage() override;
+  void ReadOptions(const TVekOptionsObject& options);
+  void WriteOptions(TVekOptionsObject& options) const;  // as WriteActionData
+};
+
+/// What the pages of one class of objects have in common. A page's constructor adds its controls, one line
+/// each; a control is bound by naming the property, and one without a property is for the page itself to read
+/// and write.
+template <class Object, class Base>
+class TBoundFrame : public Base {
+ public:
+  using Base::Base;
 
  protected:
   template <class Demand>
-  using Property = PropertyOf<Action, std::type_identity_t<Demand>>;
+  using Property = PropertyOf<Object, std::type_identity_t<Demand>>;
 
   THeading& Heading(std::string_view caption) { return Add<THeading>("", nullptr).Caption(caption); }
 
@@ -127,9 +138,25 @@ class TActionFrame : public TFrame {
     return Add<TRadioButton>(name, property.Row(), choice).Caption(caption);
   }
 
+ private:
+  template <class Control, class... Arguments>
+  Control& Add(Arguments&&... arguments) {
+    return this->template AddControl<Control>(std::forward<Arguments>(arguments)...);
+  }
+};
+
+/// Base of the pages of one class of actions; a page that several classes share names the one that they have
+/// in common.
+template <class Action>
+class TActionFrame : public TBoundFrame<Action, TFrame> {
+ public:
+  using EditedAction = Action;
+  explicit TActionFrame(std::string_view pageName) : TBoundFrame<Action, TFrame>(pageName, EditedClass()) {}
+
+ protected:
   /// The action under its own class, for pages that do more than carry values.
   Action& Edited(TVekAction& action) const {
-    CheckClass(action);
+    this->CheckClass(action);
     return static_cast<Action&>(action);
   }
 
@@ -142,6 +169,10 @@ class TActionFrame : public TFrame {
     }
   }
 };
+
+/// Base of the page of one class of options.
+template <class Options>
+using TOptionsFrame = TBoundFrame<Options, TOptionsPage>;
 
 /// A class of pages as the host knows it.
 struct PageClass {

@@ -46,11 +46,13 @@ consteval const PropertyRow& FirstRow(Matches matches) {
   if constexpr (requires { typename Action::PublishedBase; }) {
     return FirstRow<typename Action::PublishedBase>(matches);
   } else {
-    for (const PropertyRow& row : BaseRows(static_cast<const Action*>(nullptr))) {
-      if (matches(row)) return row;
-    }
-    for (const PropertyRow& row : kVekActionProperties) {
-      if (matches(row)) return row;
+    if constexpr (std::is_base_of_v<TCustomVekAction, Action>) {
+      for (const PropertyRow& row : BaseRows(static_cast<const Action*>(nullptr))) {
+        if (matches(row)) return row;
+      }
+      for (const PropertyRow& row : kVekActionProperties) {
+        if (matches(row)) return row;
+      }
     }
     return kNoRow;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -7,13 +8,10 @@
 #include "platform/CreatePlatform.h"
 
 /// A host for actions that are only loaded, edited and saved: it raises when it is asked for anything that
-/// belongs to a build.
+/// belongs to a build. The platform is there, for defaults that depend on the day.
 class NullHost : public IVekActionHost {
  public:
-  const Platform& GetPlatform() override {  // constructors ask for the time
-    static const auto owner = CreatePlatform({});
-    return owner->Get();
-  }
+  const Platform& GetPlatform() override { return owner_->Get(); }
   std::string ExpandExpression(std::string_view) override { Refuse("ExpandExpression"); }
   std::string ExpandCounting(std::string_view, int32_t&) override { Refuse("ExpandCounting"); }
   Variant GetVariableValue(std::string_view) override { Refuse("GetVariableValue"); }
@@ -35,6 +33,8 @@ class NullHost : public IVekActionHost {
   void SetProjectModified() override {}  // key values of any action that is loaded
 
  private:
+  const std::unique_ptr<PlatformOwner> owner_ = CreatePlatform([](char) { return std::nullopt; });
+
   [[noreturn]] static void Refuse(const char* operation) {
     throw std::logic_error(std::string("no build is running: ") + operation);
   }

@@ -2,10 +2,12 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "coreapi/Vekoptions.h"
 #include "coreapi/Vekservices.h"
 #include "host/catalogue/Catalogue.h"
 
@@ -22,10 +24,12 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
   int32_t pressed = 0;                // the button of every message box
   StringList typed;                   // what is typed where a text is prompted for, in turn; then a cancel
   StringList asked;                   // title, text, filter, default extension of the last chooser
+  StringList shown;                   // messages
   std::map<std::pair<std::string, std::string>, std::string> options;
-  std::function<void(TFrame& form)> fillIn;  // nothing: the user cancels dialogs
-  StringList variables;                      // what the designer knows
-  Catalogue catalogue;                       // what was registered
+  std::function<void(TFrame& form)> fillIn;          // nothing: the user cancels dialogs
+  StringList variables;                              // what the designer knows
+  Catalogue catalogue;                               // what was registered
+  std::unique_ptr<TVekOptionsObject> optionsObject;  // answered for every category and name
 
   /// From now on this is a host without a designer.
   void RemoveDesigner() { services_.design = nullptr; }
@@ -61,11 +65,13 @@ class ScriptedServices final : IVekOptionsServices, IVekDialogServices, IVekDesi
     if (answer) number = std::stoi(*answer);
     return answer.has_value();
   }
+  void ShowMessage(std::string_view text) override { shown.emplace_back(text); }
   bool Answer(std::string& text) const {
     if (answer) text = *answer;
     return answer.has_value();
   }
 
+  TVekOptionsObject* FindOptions(std::string_view, std::string_view) override { return optionsObject.get(); }
   std::string ReadOption(std::string_view name, std::string_view key) override {
     const auto option = options.find({std::string(name), std::string(key)});
     return option == options.end() ? "" : option->second;

@@ -55,6 +55,11 @@ void ConsoleDialogs::SetBuild(BuildContext* build) {
   if (build_) build_->Stop().OnTerminate([this] { prompt_.Stop(); });
 }
 
+void ConsoleDialogs::ShowMessage(std::string_view text) {
+  if (build_) return build_->ReportError(text);
+  console_.StandardError().Write("vekrun: " + std::string(text) + '\n');
+}
+
 bool ConsoleDialogs::MayShow() {
   if (!build_) return false;
   if (build_->IsUnattended()) {

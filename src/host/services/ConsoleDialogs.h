@@ -23,6 +23,9 @@ class ConsoleDialogs final : public IVekDialogServices {
   bool PromptForText(const TTextPrompt& prompt, std::string& answer) override;
   bool ChooseFromList(std::string_view text, const StringList& choices, int32_t& number) override;
 
+  /// A line on standard error, or in a build an error of the step that runs.
+  void ShowMessage(std::string_view text) override;
+
  private:
   bool MayShow();
   bool AskForPath(std::string_view title, std::string& path, const ConsolePrompt::Take& check);

@@ -1,0 +1,5 @@
+#include "coreapi/Vekoptions.h"
+
+TVekOptionsObject::~TVekOptionsObject() = default;
+void TVekOptionsObject::LoadOptions(const IVekOptionsReader& /*reader*/) {}
+void TVekOptionsObject::SaveOptions(IVekOptionsWriter& /*writer*/) const {}
