@@ -58,8 +58,15 @@ consteval const PropertyRow& FirstRow(Matches matches) {
   }
 }
 
+/// The row of that name. Of a logic class that has several published ones, pages find the rows that all of
+/// them publish under `kSharedRows`.
 template <class Action>
 consteval const PropertyRow& FindRow(std::string_view name) {
+  if constexpr (requires { Action::kSharedRows; }) {
+    for (const PropertyRow& row : Action::kSharedRows) {
+      if (row.name == name) return row;
+    }
+  }
   return FirstRow<Action>([name](const PropertyRow& row) { return row.name == name; });
 }
 

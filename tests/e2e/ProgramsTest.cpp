@@ -55,6 +55,25 @@ TEST(Programs, ACommandGoesThroughTheInterpreter) {
                           "end /1 failure", "build-end failure"));
 }
 
+TEST(Programs, RobocopyIsTheProgramThatTheOptionsName) {
+  const VekrunResult result = RunJsonl({"exec", "ROBOCOPYMIRROR", "SourceDir=exit", "DestDir=1", "--option",
+                                        "Robocopy.Location=" + TestChild()});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.Short(),
+              ElementsAre("build-start", "start /1",
+                          R"(message /1 Calling Robocopy with command line: "exit" "1" /NP /R:10 /W:30 /MIR)",
+                          "message /1 Done - Copy successful", "end /1 success", "build-end success"));
+}
+
+TEST(Programs, APropertyThatRefusesItsValueSaysSo) {
+  const VekrunResult result = RunJsonl({"exec", "HSHELLEXECUTE", "FileSpec=*.txt"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.err,
+            "vekrun: Wildcards are not allowed.  Use with the FileIterator action to perform action on "
+            "multiple files.\n");
+  EXPECT_THAT(result.Short(), Contains("message /1 File does not exist: "));
+}
+
 TEST(IniFiles, AValueIsWrittenAndRead) {
   const TempFolder folder;
   folder.Write("a.ini", "; kept\n[One]\n  Key = old ; too\n");

@@ -1,6 +1,8 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "pages/VekRobocopyOptionsFrame.h"
+#include "pages/VekRobocopySelectionFrames.h"
 #include "pages/VekTextReplaceFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
 #include "pages/Vekdeletefilesframe.h"
@@ -88,6 +90,39 @@ TEST(TextReplacePage, EnablesWhatHasAnEffect) {
   Find<TCheckBox>(page, "chkRegularExpression").Click();
   EXPECT_TRUE(Find<TMemo>(page, "memSearchText").Enabled());
   EXPECT_FALSE(Find<TCheckBox>(page, "chkWholeWords").Enabled());
+}
+
+TEST(RobocopyExcludePage, AnAgeIsDaysOrADate) {
+  NullHost host;
+  TVekRobocopyMirrorAction action(host);
+  TRobocopyExcludeFrame page;
+  page.ReadActionData(action);
+  EXPECT_TRUE(Find<TRadioButton>(page, "rbMinLADDate").Checked());
+  Find<TRadioButton>(page, "rbMinLADDays").Click();
+  Find<TEdit>(page, "txtMinLADDays").Enter("12");
+  Find<TEdit>(page, "txtMaxAgeDate").Enter("2007-03-05");
+  Find<TCheckBox>(page, "chkExcludeOffline").Click();
+  page.WriteActionData(action);
+  EXPECT_TRUE(action.UseMinLADDays && !action.UseMinAgeDays);
+  EXPECT_EQ(action.MinLADDays, 12u);
+  EXPECT_EQ(action.MaxAgeDate, ParseIso8601("2007-03-05"));
+  EXPECT_EQ(action.ExcludeFilesAttrib, TRobocopyAttribFullSet{TRobocopyAttribs::aOffline});
+}
+
+TEST(RobocopyOptionsPage, EditsTheOptionsAndNoAction) {
+  ScriptedServices services;
+  services.answer = "C:\\Robocopy.exe";
+  NullHost host;
+  TVekRobocopyOptions options(host.GetPlatform());
+  TRobocopyOptionsFrame page;
+  page.ReadOptions(options);
+  auto& location = Find<TButtonEdit>(page, "txtRobocopyLocation");
+  location.ClickButton();
+  EXPECT_THAT(services.asked, ElementsAre("Select File", "", "Robocopy.exe|Robocopy.exe", ""));
+  page.WriteOptions(options);
+  EXPECT_EQ(options.RobocopyPath(), "C:\\Robocopy.exe");
+  TVekRobocopyMirrorAction action(host);
+  EXPECT_THROW(page.ReadActionData(action), EVekError);
 }
 
 }  // namespace

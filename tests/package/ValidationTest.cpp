@@ -25,6 +25,9 @@
 #include "iterators/VekReadTextFileIteratorAction.h"
 #include "iterators/Vekfileiterator.h"
 #include "process/FRunProg.h"
+#include "process/VekCloseProcessAction.h"
+#include "process/VekShellExecute.h"
+#include "process/VekXcopyAction.h"
 #include "support/NullHost.h"
 #include "textini/VekCreateTextFileAction.h"
 #include "textini/VekReadTextFileAction.h"
@@ -126,6 +129,12 @@ TEST(Validation, ReportsEverySettingThatIsMissing) {
                                     [](auto& action) { action.SetProgramName(kBlank); });
   ExpectProblems<TRunDosCMDAction>({"DOS Command: The DOS command has not been set"},
                                    [](auto& action) { action.SetCommand(kBlank); });
+  ExpectProblems<TVekXCopyAction>(
+      {"Source: A source must be specified", "Destination: A destination must be specified"},
+      [](auto& action) { action.Source = action.Destination = " "; });
+  ExpectProblems<TVekShellExecute>({"Filename: A filename has not been specified"},
+                                   [](auto& action) { action.SetFileSpec(" "); });
+  ExpectProblems<TVekCloseProcessAction>({}, [](auto&) {});
 }
 
 TEST(Validation, AnIniFileIteratorAsksForWhatItsModeNeeds) {

@@ -32,6 +32,7 @@
 #include "pages/FRunProgFrame.h"
 #include "pages/VekBeepFrame.h"
 #include "pages/VekCheckFileFrame.h"
+#include "pages/VekCloseProcessFrame.h"
 #include "pages/VekConcatFilesFrame.h"
 #include "pages/VekCreateDirectoryFrame.h"
 #include "pages/VekCreateFileFrame.h"
@@ -57,6 +58,10 @@
 #include "pages/VekReadFileFrame.h"
 #include "pages/VekReadTextFileIteratorFrame.h"
 #include "pages/VekRenameDirFrame.h"
+#include "pages/VekRobocopyFrames.h"
+#include "pages/VekRobocopyOptionsFrame.h"
+#include "pages/VekRobocopySelectionFrames.h"
+#include "pages/VekShellExecuteFrame.h"
 #include "pages/VekTextFindFrame.h"
 #include "pages/VekTextReplaceFrame.h"
 #include "pages/VekTouchFilesDateEditor.h"
@@ -66,11 +71,17 @@
 #include "pages/VekVariablesSaveLoadForm.h"
 #include "pages/VekVariablesSaveOptionsFrame.h"
 #include "pages/VekWriteToTextFileFrame.h"
+#include "pages/VekXcopyFrames.h"
 #include "pages/Vekdeletefilesframe.h"
 #include "pages/Vekeditors.h"
 #include "pages/Vekreadiniframe.h"
 #include "pages/Vekwriteiniframe.h"
 #include "process/FRunProg.h"
+#include "process/VekCloseProcessAction.h"
+#include "process/VekRobocopyMainAction.h"
+#include "process/VekRobocopyOptions.h"
+#include "process/VekShellExecute.h"
+#include "process/VekXcopyAction.h"
 #include "process/Vekrunscriptaction.h"
 #include "textini/VekCreateTextFileAction.h"
 #include "textini/VekLogVariableValues.h"
@@ -106,6 +117,13 @@ void RegisterReset(bool /*designTime*/) {
 /// Scripts know the names of the sounds.
 void RegisterBeepTypes(bool /*designTime*/) {
   VekScriptingServices().RegisterScriptEnumType(property_detail::EnumTypeOf<TBeepTypes>());
+}
+
+constexpr OptionsClass kRobocopyOptions =
+    OptionsClassOf<TVekRobocopyOptions>(&kPageClass<TRobocopyOptionsFrame>);
+
+void RegisterRobocopyOptions(bool /*designTime*/) {
+  VekOptionsServices().RegisterOptionsPage(kRobocopyOptions, "ROBOCOPYICON");
 }
 
 void RegisterEditors(std::span<const EditorRow> editors) {
@@ -154,6 +172,12 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
     ActionRow<TVekMultiQuestionAction, TFrameMultiQuestion>("HMULTIQUESTION", kOwnName, kInteractive),
+    ActionRow<TVekXCopyAction, TXCopyMainFrame, TXCopyOptionsFrame, TXCopyAttribFrame, TVekXcopyExcludeFilesFrame>("HXCOPY", kOwnName, kFiles),
+    RoutineRow(RegisterRobocopyOptions),
+    ActionRow<TVekRobocopyCopyAction, TRobocopyMainFrame, TRobocopyCopyOptionsFrame, TRobocopyIncludeFrame, TRobocopyExcludeFrame, TVekRobocopyExcludeFilesFrame, TVekRobocopyExcludeDirFrame, TRobocopyLogOptionsFrame>("ROBOCOPYICON", kOwnName, kFiles),
+    ActionRow<TVekRobocopyJobAction, TRobocopyMainFrame, TRobocopyJobsFrame, TRobocopyLogOptionsFrame>("ROBOCOPYJOB", kOwnName, kFiles),
+    ActionRow<TVekRobocopyMoveAction, TRobocopyMainFrame, TRobocopyMoveOptionsFrame, TRobocopyIncludeFrame, TRobocopyExcludeFrame, TVekRobocopyExcludeFilesFrame, TVekRobocopyExcludeDirFrame, TRobocopyLogOptionsFrame>("ROBOCOPYMOVE", kOwnName, kFiles),
+    ActionRow<TVekRobocopyMirrorAction, TRobocopyMainFrame, TRobocopyIncludeFrame, TRobocopyExcludeFrame, TVekRobocopyExcludeFilesFrame, TVekRobocopyExcludeDirFrame, TRobocopyLogOptionsFrame>("ROBOCOPYMIRROR", kOwnName, kFiles),
     ActionRow<TVekpromptForFileOrDirAction, TPromptForFileOrDirFrame>("PROMPTFORDIRORFILE", kOwnName, kInteractive),
     ActionRow<TVekReadTextFileAction, TReadFileFrame>("READTEXTFILE", kOwnName, kFiles),
     ActionRow<TReadTextFileIterator, TReadTextFileIteratorFrame>("READTEXTFILEITERATOR", kOwnName, kIterators),
@@ -165,12 +189,14 @@ constexpr CatalogueRow kCatalogue[] = {
     RoutineRow(RegisterReset<TVekListIterator>),
     ActionRow<TVekFileCRCAction, TFileCRCFrame>("CRC32", kOwnName, kFiles),
     ActionRow<TVekFileMD5Action, TFileMD5Frame>("MD5", kOwnName, kFiles),
+    ActionRow<TVekShellExecute, TVekShellExecuteFrame>("HSHELLEXECUTE", kOwnName, kWindowsOS),
     ActionRow<TTextReplaceAction, TfrmTextReplace>("TEXTREPLACE", kOwnName, kFiles),
     ActionRow<TVekVariablesSaveAction, TVariablesSaveLoadForm, TVariablesSaveOptionsFrame>("SAVEVARTOINI", kOwnName, kVariables),
     ActionRow<TVekVariablesLoadAction, TVariablesSaveLoadForm, TVariablesLoadOptionsFrame>("LOADVARFROMINI", kOwnName, kVariables),
     ActionRow<TVekTextFindAction, TTextFindFrame>("TEXTFIND", kOwnName, kMisc),
     ActionRow<TVekFileCompareAction, TFileCompareFrame>("FILECOMPARE", kOwnName, kFiles),
     ActionRow<TVekLogVariablesAction, TLogVarFrame>("LOGVARIABLEVALS", kOwnName, kMisc),
+    ActionRow<TVekCloseProcessAction, TCloseProcessFrame>("CLOSEPROCESS", kOwnName, kWindowsOS),
     ActionRow<TBeepAction, TfrmBeep>("BEEP", kOwnName, kInteractive),
     RoutineRow(RegisterBeepTypes),
     ActionRow<TVekFileSetCopyMoveAction, TFileSetCopyMoveFrame>("FILESETCOPY", "FileSet Copy/Move", "File Sets"),

@@ -1,6 +1,7 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "support/OsFixture.h"
 #include "support/Vekrun.h"
 
 namespace {
@@ -29,6 +30,17 @@ TEST_F(PosixRun, DrivesAreMappedByOptionAndByTheOptionStore) {
   EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=q:\\*.tmp"}, withStore).exitCode, 0);
   EXPECT_EQ(RunVekrun({"exec", "HDELETE_FILE", "FileSpec=Q:\\*.tmp"}).exitCode, 1);
   EXPECT_THAT(folder.Names("d"), testing::IsEmpty());
+}
+
+TEST_F(PosixRun, XCopyStartsInTheFolderOfItsSource) {
+  folder.Write("tools/xcopy.exe", "#!/bin/sh\nprintf '%s|%s' \"$PWD\" \"$*\"\n");
+  SetMode(folder.Path("tools/xcopy.exe"), 0755);
+  folder.MakeFolder("a b");
+  const auto result = RunJsonl({"exec", "HXCOPY", "Source=" + folder.Path("a b/*.txt"), "Destination=C:\\b",
+                                "--option", "System.Directory=" + folder.Path("tools")});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  EXPECT_THAT(result.Short(), testing::Contains("message /1 " + folder.Path("a b") + "|" +
+                                                folder.Path("a b/*.txt") + " C:\\b\\ /Y /I"));
 }
 
 }  // namespace

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "coreapi/Vekactionapi.h"
+
+class RunningProcess;
+
+/// "Shell Execute": opens, prints or otherwise acts on a document as the desktop does, and may wait for the
+/// program that does it.
+class TCustomVekShellExecute : public TVekAction {
+ public:
+  static const ActionClass kClass;
+  using TVekAction::TVekAction;
+
+  const std::string& FileSpec() const { return fileSpec_; }
+  void SetFileSpec(const std::string& value);  // refuses wildcards, and tells the user
+  std::string Action = "print";                // the verb, never expanded
+  std::string Parameters, WorkingDir;
+  bool WaitForCompletion = false;
+
+  bool Validate(IVekActionValidationError& errors) override;
+
+ protected:
+  bool Execute() override;
+
+ private:
+  bool WaitFor(RunningProcess& process, const std::string& file);
+
+  std::string fileSpec_;
+};
+
+class TVekShellExecute final : public PublishedAction<TVekShellExecute, TCustomVekShellExecute> {
+ public:
+  using PublishedAction::PublishedAction;
+  static constexpr std::string_view kClassName = "TVekShellExecute";
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TCustomVekShellExecute::FileSpec, &TCustomVekShellExecute::SetFileSpec>("FileSpec",
+                                                                                         TextRole::File),
+      Published<&TCustomVekShellExecute::Action>("Action"),
+      Published<&TCustomVekShellExecute::Parameters>("Parameters"),
+      Published<&TCustomVekShellExecute::WorkingDir>("WorkingDir", TextRole::Folder),
+      Published<&TCustomVekShellExecute::WaitForCompletion>("WaitForCompletion"),
+  };
+};
