@@ -23,6 +23,8 @@ class MovedEnvironment final : public Environment {
   uint32_t RandomNumber() override { return real_.RandomNumber(); }
   std::string TempFolder() override { return real_.TempFolder(); }
   std::string SystemFolder() override { return real_.SystemFolder(); }
+  std::string HomeFolder() override { return real_.HomeFolder(); }
+  StringList ReservedFolders() override { return real_.ReservedFolders(); }
   std::string CommandInterpreter() override { return real_.CommandInterpreter(); }
 
  private:

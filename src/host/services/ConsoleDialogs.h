@@ -11,7 +11,7 @@ class BuildContext;
 /// that is a breach of contract and is reported.
 class ConsoleDialogs final : public IVekDialogServices {
  public:
-  explicit ConsoleDialogs(Console& console) : prompt_(console) {}
+  explicit ConsoleDialogs(Console& console) : console_(console), prompt_(console) {}
 
   /// The build that dialogs belong to; null for none.
   void SetBuild(BuildContext* build);
@@ -30,6 +30,7 @@ class ConsoleDialogs final : public IVekDialogServices {
   bool MayShow();
   bool AskForPath(std::string_view title, std::string& path, const ConsolePrompt::Take& check);
 
+  Console& console_;
   ConsolePrompt prompt_;
   BuildContext* build_ = nullptr;
 };
