@@ -37,6 +37,16 @@ inline constexpr uint32_t Users = 0x80000003;
 inline constexpr uint32_t CurrentConfig = 0x80000005;
 }  // namespace RegistryRoot
 
+struct RegistryRootRow {
+  uint32_t root;
+  std::string_view name;
+};
+inline constexpr RegistryRootRow kRegistryRoots[] = {
+    {RegistryRoot::ClassesRoot, "HKEY_CLASSES_ROOT"},     {RegistryRoot::CurrentUser, "HKEY_CURRENT_USER"},
+    {RegistryRoot::LocalMachine, "HKEY_LOCAL_MACHINE"},   {RegistryRoot::Users, "HKEY_USERS"},
+    {RegistryRoot::CurrentConfig, "HKEY_CURRENT_CONFIG"},
+};
+
 /// Access masks as Windows defines them.
 namespace RegistryAccess {
 inline constexpr uint32_t SetValue = 0x0002;

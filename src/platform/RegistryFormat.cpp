@@ -7,17 +7,6 @@
 
 namespace {
 
-struct RootRow {
-  uint32_t root;
-  std::string_view name;
-};
-
-constexpr RootRow kRoots[] = {
-    {RegistryRoot::ClassesRoot, "HKEY_CLASSES_ROOT"},     {RegistryRoot::CurrentUser, "HKEY_CURRENT_USER"},
-    {RegistryRoot::LocalMachine, "HKEY_LOCAL_MACHINE"},   {RegistryRoot::Users, "HKEY_USERS"},
-    {RegistryRoot::CurrentConfig, "HKEY_CURRENT_CONFIG"},
-};
-
 constexpr bool IsText(RegistryType type) {
   return type == RegistryType::String || type == RegistryType::ExpandString;
 }
@@ -95,8 +84,8 @@ bool TakePrefix(std::string_view& text, std::string_view prefix) {
 }  // namespace
 
 std::string_view RegistryRootName(uint32_t root) {
-  const auto* row = std::ranges::find(kRoots, root, &RootRow::root);
-  return row == std::end(kRoots) ? std::string_view() : row->name;
+  const auto* row = std::ranges::find(kRegistryRoots, root, &RegistryRootRow::root);
+  return row == std::end(kRegistryRoots) ? std::string_view() : row->name;
 }
 
 std::string RegistryPath(std::string_view path) {

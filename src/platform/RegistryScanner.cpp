@@ -69,11 +69,7 @@ bool IsValue(std::string_view text) {
 
 bool HasKnownRoot(std::string_view path) {
   const std::string_view root = path.substr(0, path.find('\\'));
-  for (uint32_t number = RegistryRoot::ClassesRoot; number <= RegistryRoot::CurrentConfig; ++number) {
-    const std::string_view name = RegistryRootName(number);
-    if (!name.empty() && SameText(root, name)) return true;
-  }
-  return false;
+  return std::ranges::any_of(kRegistryRoots, [&](const auto& row) { return SameText(root, row.name); });
 }
 
 }  // namespace

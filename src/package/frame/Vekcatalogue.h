@@ -98,3 +98,8 @@ consteval EditorRow IdlePropertyEditor(std::string_view propertyType, std::strin
   if (HasProperty<Action>(propertyType, propertyName)) throw "this row applies: it is no idle one";
   return {propertyType, &ClassOf<Action>, propertyName, &editor};
 }
+
+/// What stands in the tables, made known to the host in their order.
+void RegisterActions(std::span<const CatalogueRow> rows, bool designTime);
+void RegisterPages(std::span<const CatalogueRow> rows);
+void RegisterEditors(std::span<const EditorRow> rows);

@@ -126,13 +126,6 @@ void RegisterRobocopyOptions(bool /*designTime*/) {
   VekOptionsServices().RegisterOptionsPage(kRobocopyOptions, "ROBOCOPYICON");
 }
 
-void RegisterEditors(std::span<const EditorRow> editors) {
-  for (const EditorRow& row : editors) {
-    VekActionServices().RegisterPropertyEditor(row.propertyType, row.actionClass(), *row.editor,
-                                               row.propertyName);
-  }
-}
-
 constexpr EditorRow kMoveEditors[] = {
     PropertyEditor<TMoveFilesAction>("WideString", "FileSpec", kFileNameEditEx),
     PropertyEditor<TMoveFilesAction>("WideString", "Target", kFileNameEditEx),
@@ -224,28 +217,13 @@ constexpr EditorRow kEditors[] = {
 };
 // clang-format on
 
-void Register(const CatalogueRow& row, bool designTime) {
-  if (row.routine) return row.routine(designTime);
-  if (!row.actionClass) return;
-  const ActionClass& actionClass = row.actionClass();
-  const std::string_view name = row.displayName.empty() ? actionClass.ActionName() : row.displayName;
-  VekActionServices().RegisterAction(name, row.category, actionClass, row.typeId);
-}
-
-void RegisterPages() {
-  for (const CatalogueRow& row : kCatalogue) {
-    if (row.pageRoutine) row.pageRoutine();
-    if (!row.pages.empty()) VekActionServices().RegisterPropertyPages(row.actionClass(), row.pages);
-  }
-}
-
 }  // namespace
 
 bool VekRegister(bool designTime) {
-  for (const CatalogueRow& row : kCatalogue) Register(row, designTime);
+  RegisterActions(kCatalogue, designTime);
   if (designTime) {
     RegisterEditors(kEditors);
-    RegisterPages();
+    RegisterPages(kCatalogue);
   }
   return true;
 }

@@ -3,8 +3,26 @@
 #include <cstdint>
 
 #include "coreapi/Vekservices.h"
+#include "frame/Vekcatalogue.h"
+#include "pages/Vekeditors.h"
+#include "pages/Vekreadregistryframe.h"
+#include "pages/Vekregeditors.h"
+#include "textini/Vekregaction.h"
 
 namespace {
+
+constexpr std::string_view kRegistryAndIni = "Registry & Ini";
+
+constexpr CatalogueRow kActions[] = {
+    ActionRow<TReadRegValueAction, TReadRegistryFrame>("VEKREADREG", kOwnName, kRegistryAndIni),
+    ActionRow<TSetRegValueAction, TReadRegistryFrame>("VEKSETREG", kOwnName, kRegistryAndIni),
+    ActionRow<TDeleteRegValueAction, TReadRegistryFrame>("VEKDELREG", kOwnName, kRegistryAndIni),
+};
+
+constexpr EditorRow kEditors[] = {
+    PropertyEditor<TReadRegValueAction>("ByteString", "VekVariable", kVariablesListEditor),
+    PropertyEditor<TCustomRegAction>("Cardinal", "RegRoot", kRegRootEditor),
+};
 
 struct Constant {
   std::string_view name;
@@ -24,8 +42,12 @@ constexpr Constant kConstants[] = {
 
 }  // namespace
 
-void RegisterRegistryUnit(bool /*designTime*/) {
+void RegisterRegistryUnit(bool designTime) {
+  RegisterActions(kActions, designTime);
   for (const Constant& constant : kConstants) {
     VekScriptingServices().RegisterScriptConstant(constant.name, constant.value);
   }
+  if (!designTime) return;
+  RegisterEditors(kEditors);
+  RegisterPages(kActions);
 }

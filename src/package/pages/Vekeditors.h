@@ -12,6 +12,9 @@ inline constexpr EditorClass kIniFileNameEdit = EditorClassOf<TFileNameEdit>(
     "TIniFileNameEdit", {"Select Ini File", "Configuration files(*.ini)|*.ini", "*.ini"});
 inline constexpr EditorClass kIniVariableEditor = EditorClassOf<TVariableNameEditor>("TIniVariableEditor");
 
+inline constexpr EditorClass kVariablesListEditor =
+    EditorClassOf<TVariableNameEditor>("TVariablesListPropertyEditor");
+
 inline constexpr EditorClass kRunProgEditor = EditorClassOf<TFileNameEdit>(
     "TRunProgEditor", {"Select Program File", "Program Files (*.exe)|*.exe|All Files (*.*)|*.*", ".exe"});
 inline constexpr EditorClass kStartDirectoryEditor =

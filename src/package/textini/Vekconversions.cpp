@@ -1,6 +1,8 @@
 #include "textini/Vekconversions.h"
 
 #include <charconv>
+#include <limits>
+#include <type_traits>
 
 #include "base/Text.h"
 
@@ -14,22 +16,28 @@ bool TakePrefix(std::string_view& text, std::string_view prefix) {
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-}  // namespace
-
-std::optional<int32_t> StringToInteger(std::string_view text) {
+/// `Unsigned` has as many bits as the number.
+template <class Unsigned>
+std::optional<std::make_signed_t<Unsigned>> ToInteger(std::string_view text) {
+  using Number = std::make_signed_t<Unsigned>;
   text = Trim(text);
   const bool isNegative = TakePrefix(text, "-");
   if (!isNegative) TakePrefix(text, "+");
   const bool isHex = TakePrefix(text, "0x") || TakePrefix(text, "$");
-  uint32_t magnitude = 0;
+  Unsigned magnitude = 0;
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, magnitude, isHex ? 16 : 10);
   if (error != std::errc() || stop != end) return {};
   // Hexadecimal stands for the bits, so that 0xFFFFFFFF is -1.
-  const uint32_t most = isHex ? UINT32_MAX : uint32_t{INT32_MAX} + (isNegative ? 1 : 0);
-  if (magnitude > most) return {};
-  return static_cast<int32_t>(isNegative ? 0 - magnitude : magnitude);
+  constexpr auto kMost = static_cast<Unsigned>(std::numeric_limits<Number>::max());
+  if (!isHex && magnitude > kMost + (isNegative ? 1 : 0)) return {};
+  return static_cast<Number>(isNegative ? 0 - magnitude : magnitude);
 }
+
+}  // namespace
+
+std::optional<int32_t> StringToInteger(std::string_view text) { return ToInteger<uint32_t>(text); }
+std::optional<int64_t> StringToInteger64(std::string_view text) { return ToInteger<uint64_t>(text); }
 
 std::optional<bool> StringToBoolean(std::string_view text) {
   if (SameText(text, "true")) return true;
