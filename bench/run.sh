@@ -292,7 +292,25 @@ concatenate() {
   rm -f "$work"/half* "$work"/whole-*
 }
 
+registry() {
+  local store="--option Registry.File=$work/registry.reg"
+  loop 2000 <<XML | project registry
+<Action Type="VEKSETREG"><Properties><RegRoot>2147483649</RegRoot><RegKey>Software\\Bench</RegKey>
+<RegValType>rtInteger</RegValType><RegValueName>%F%</RegValueName><RegValue>1</RegValue>
+<AllowCreateKey>True</AllowCreateKey></Properties></Action>
+XML
+  echo "2,000 registry values set by one run:"
+  stopwatch 5 -- vekrun "$bin/vekrun" run -q $store "$work/registry.vekproj" \
+    -- 'a file replaced for each' "$bin/vek_file_replacer" "$work/replaced" 2000
+  echo "500 registry values set, by a run each:"
+  rm -f "$work/registry.reg"
+  stopwatch 3 -- vekrun sh -c 'for i in $(seq 500); do "$@" "RegValueName=v$i"; done' sh "$bin/vekrun" exec -q \
+    $store VEKSETREG RegRoot=2147483649 'RegKey=Software\Bench' RegValue=1 AllowCreateKey=True \
+    -- 'a file replaced by a shell' sh -c 'for i in $(seq 500); do sh -c "echo v$i=1 >\"$1.new\"; mv \"$1.new\" \"$1\""; done' \
+    sh "$work/replaced"
+}
+
 for part in startup delete_files delete_tree touch_files copy_files list_files list_folders run_loop run_programs \
-  capture_output ini_files keep_variables texts text_lines checksums concatenate; do
+  capture_output ini_files keep_variables texts text_lines checksums concatenate registry; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done

@@ -11,7 +11,7 @@
 Session::Session(const Arguments& arguments, bool designTime)
     : drives_(arguments.drives),
       owner_(CreatePlatform([this](char letter) { return DriveFolder(letter); },
-                            [this] { return options_.ReadOption("Registry", "File"); })),
+                            [this] { return registryFile_; })),
       dialogs_(owner_->GetConsole()),
       services_{catalogue_, catalogue_, options_, dialogs_},
       packages_(owner_->Get()) {
@@ -44,6 +44,9 @@ std::string Session::ReadFile(const std::string& path) const {
 void Session::SetOptions(const Arguments& arguments) {
   options_.Load(GetPlatform());
   for (const auto& [name, key, value] : arguments.options) options_.Override(name, key, value);
+  registryFile_ = options_.ReadOption("Registry", "File");
+  // Steps of a build may change the current folder.
+  if (!registryFile_.empty()) registryFile_ = GetPlatform().environment->FullPath(registryFile_);
 }
 
 std::optional<std::string> Session::DriveFolder(char letter) {

@@ -38,6 +38,7 @@ class Session {
 
   const std::map<char, std::string> drives_;
   OptionStore options_;
+  std::string registryFile_;  // empty: the one in the data folder
   std::unique_ptr<PlatformOwner> owner_;
   Catalogue catalogue_;
   ConsoleDialogs dialogs_;

@@ -26,6 +26,10 @@ std::optional<RegistryFault> RegistryText::Load(const std::string& contents) {
   const TextEncoding encoding = EncodingOf(contents);
   const std::string decoded = encoding == TextEncoding::Plain ? "" : DecodeUtf16(contents, encoding);
   const std::string_view text = encoding == TextEncoding::Plain ? contents : decoded;
+  if (encoding != TextEncoding::Plain && contents.size() % 2 != 0) {
+    const auto line = static_cast<size_t>(std::ranges::count(text, '\n')) + 1;
+    return RegistryFault{line, "half a character stands at the end"};
+  }
   if (text.empty()) return {};
   const size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
   std::string_view title = text.substr(0, end);

@@ -36,6 +36,7 @@
 #include "textini/VekVariablesSaveLoadAction.h"
 #include "textini/VekWriteToTextFileAction.h"
 #include "textini/Vekinifile.h"
+#include "textini/Vekregaction.h"
 
 namespace {
 
@@ -109,6 +110,11 @@ TEST(Validation, ReportsEverySettingThatIsMissing) {
                                 [](auto& action) { action.SourceFile1 = action.DestinationFile = " "; });
   ExpectProblems<TVekFileCompareAction>({"File Name: Missing file name."},
                                         [](auto& action) { action.FileA = action.FileB = " "; });
+  ExpectProblems<TSetRegValueAction>({"Registry Key: Registry Key has not been set"},
+                                     [](auto& action) { action.RegKey = " "; });
+  ExpectProblems<TDeleteRegValueAction>(
+      {"Registry Key: Registry Key has not been set", "Registry Value: Registry Value name has not been set"},
+      [](auto& action) { action.RegKey = action.RegValueName = " "; });
   ExpectProblems<TFileIterator>({"File Spec: File Spec has not been set"},
                                 [](auto& action) { action.SetFileSpec(kBlank); });
   ExpectProblems<TFolderIterator>({"Starting Folder: A starting folder has not been set"},

@@ -33,7 +33,8 @@ class PlatformTest : public testing::Test {
 
   TempFolder folder;
   std::unique_ptr<PlatformOwner> owner = CreatePlatform(
-      [this](char letter) { return letter == 'Q' ? std::optional(folder.Path()) : std::nullopt; });
+      [this](char letter) { return letter == 'Q' ? std::optional(folder.Path()) : std::nullopt; },
+      [this] { return Path("registry.reg"); });
   Entries& entries = *owner->Get().entries;
   Folders& folders = *owner->Get().folders;
   Contents& data = *owner->Get().contents;

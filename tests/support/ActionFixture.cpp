@@ -39,7 +39,8 @@ void RecordingEvents::BuildEnd(const BuildSummary& summary) {
 }
 
 ActionFixture::ActionFixture(const Wrap& wrap, bool unattended)
-    : owner_(CreatePlatform([](char) { return std::nullopt; })),
+    : owner_(
+          CreatePlatform([](char) { return std::nullopt; }, [this] { return folder.Path("registry.reg"); })),
       platform_(wrap ? wrap(owner_->Get()) : owner_->Get()),
       context_(platform_, catalogue_, events_, unattended) {}
 

@@ -40,6 +40,10 @@ class ExclusiveOpen {
   int handle_;
 };
 
+/// Removes a key of the current user and all below it; elsewhere than on Windows a test has a store of its
+/// own.
+void RemoveRegistryKey(const std::string& path);
+
 /// Asks this process to stop, as Ctrl-C does.
 void SendInterrupt();
 

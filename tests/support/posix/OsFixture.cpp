@@ -64,6 +64,8 @@ ExclusiveOpen::ExclusiveOpen(const std::string& path) : handle_(open(path.c_str(
 
 ExclusiveOpen::~ExclusiveOpen() { close(handle_); }
 
+void RemoveRegistryKey(const std::string& /*path*/) {}
+
 void SendInterrupt() { kill(getpid(), SIGINT); }
 
 void SetVariable(const std::string& name, const std::optional<std::string>& value) {

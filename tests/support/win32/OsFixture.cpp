@@ -50,6 +50,8 @@ ExclusiveOpen::ExclusiveOpen(const std::string& path) : handle_(-1) {
 
 ExclusiveOpen::~ExclusiveOpen() { _close(handle_); }
 
+void RemoveRegistryKey(const std::string& path) { RegDeleteTreeW(HKEY_CURRENT_USER, Wide(path).c_str()); }
+
 void SendInterrupt() {
   // A console of the test's own: whoever runs the tests must not be interrupted too.
   [[maybe_unused]] static const BOOL kOwnConsole = FreeConsole() && AllocConsole();
