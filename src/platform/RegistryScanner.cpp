@@ -33,15 +33,15 @@ size_t QuoteEnd(std::string_view text, size_t from) {
 }
 
 /// The end of a value that is not quoted, without blanks and a comment at its end. A backslash at the end of
-/// a line continues it.
+/// a line continues it; npos where there is no further line.
 size_t PlainEnd(std::string_view text, size_t from) {
   for (size_t begin = from;;) {
     const size_t end = LineEnd(text, begin);
     const std::string_view line = text.substr(begin, end - begin);
     const size_t size = TrimEnd(line.substr(0, line.find(';'))).size();
-    const bool goesOn = size > 0 && line[size - 1] == '\\' && end < text.size();
-    if (!goesOn) return begin + size;
+    if (size == 0 || line[size - 1] != '\\') return begin + size;
     begin = end + 1;
+    if (begin >= text.size()) return std::string_view::npos;
   }
 }
 
@@ -116,7 +116,9 @@ bool RegistryScanner::Value(RegistryPiece& piece, size_t start) {
   piece.value = SkipBlanks(rest_, position + 1);
   const bool isQuoted = rest_.substr(piece.value, 1) == "\"";
   const size_t end = isQuoted ? QuoteEnd(rest_, piece.value) : PlainEnd(rest_, piece.value);
-  if (end == std::string_view::npos) return Fail("a text is not closed by a quote");
+  if (end == std::string_view::npos) {
+    return Fail(isQuoted ? "a text is not closed by a quote" : "the end of a value is missing");
+  }
   piece.valueSize = end - piece.value;
   if (!IsValue(rest_.substr(piece.value, piece.valueSize)))
     return Fail("the value has none of the known forms");

@@ -118,8 +118,8 @@ FuzzFormat TargetFormat() {
       "d|S|a\x1F"
       "e|T";
   return {.seeds = {file + changes, "\xEF\xBB\xBFx=0\n[S]\n\n  a=1\n;g=2\n" + changes,
-                    Utf16(file, TextEncoding::Utf16Le) + changes, Utf16(file, TextEncoding::Utf16Be) + changes,
-                    changes},
+                    Utf16(file, TextEncoding::Utf16Le) + changes,
+                    Utf16(file, TextEncoding::Utf16Be) + changes, changes},
           .words = {"[",
                     "]",
                     "=",

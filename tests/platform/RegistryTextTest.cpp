@@ -137,6 +137,7 @@ TEST(RegistryText, RefusesWhatIsDamagedWithItsLine) {
       {"HK\"v\"=\"1\"2\n", 4, "there is more behind the value"},
       {"HK\"v\"=hex:01,\\\n  0g\n", 4, "the value has none of the known forms"},
       {"HK\"v\"=dword:123456789\n", 4, "the value has none of the known forms"},
+      {"HK\"v\"=hex:01,\\\n", 4, "the end of a value is missing"},
       {"HK\"v\"=\n", 4, "the value has none of the known forms"},
   };
   RegistryText half;
