@@ -36,10 +36,14 @@ const Exceptions kIdleLines = {
     {"TCustomRunDosCMDAction", "Params"},
 };
 
-/// Stored properties that can be written and are on no page of the type.
+/// Stored properties that can be written and that no control of the type's pages is bound to. The page of the
+/// registry carries its own: not each of its types has them all, and the root is shown by name.
 const Exceptions kUnedited = {
-    {"TCopyFilesAction", "FilesAffected"}, {"TMoveFilesAction", "FilesAffected"},
-    {"TMoveFilesAction", "Recurse"},       {"TVekQuestionAction", "DefaultIsCancel"},
+    {"TCopyFilesAction", "FilesAffected"},  {"TMoveFilesAction", "FilesAffected"},
+    {"TMoveFilesAction", "Recurse"},        {"TReadRegValueAction", "RegRoot"},
+    {"TReadRegValueAction", "VekVariable"}, {"TSetRegValueAction", "RegRoot"},
+    {"TSetRegValueAction", "RegValue"},     {"TSetRegValueAction", "AllowCreateKey"},
+    {"TDeleteRegValueAction", "RegRoot"},   {"TVekQuestionAction", "DefaultIsCancel"},
     {"TFileExistsAction", "Force"},
 };
 

@@ -223,13 +223,18 @@ TEST_F(RefusedActions, TheSystemsWordIsPassedOn) {
 }
 
 TEST(RegRootEditor, ShowsTheRootsByName) {
-  const TRegRootPropertyEditor editor;
-  EXPECT_THAT(editor.GetValues(), ElementsAre("HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE",
-                                              "HKEY_USERS", "HKEY_CURRENT_CONFIG"));
-  EXPECT_EQ(editor.DisplayText("2147483653"), "HKEY_CURRENT_CONFIG");
-  EXPECT_EQ(editor.DisplayText("2147483652"), "");
-  EXPECT_EQ(editor.ValueOf("HKEY_CLASSES_ROOT"), "2147483648");
-  EXPECT_FALSE(editor.ValueOf("HKEY_NONE"));
+  NullHost host;
+  TDeleteRegValueAction action(host);
+  const auto editor = kRegRootEditor.Create(action, *action.FindProperty("RegRoot"));
+  EXPECT_THAT(editor->GetValues(), ElementsAre("HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE",
+                                               "HKEY_USERS", "HKEY_CURRENT_CONFIG"));
+  EXPECT_EQ(editor->GetValue(), "HKEY_LOCAL_MACHINE");
+  editor->SetValue("HKEY_CURRENT_CONFIG");
+  EXPECT_EQ(action.RegRoot, RegistryRoot::CurrentConfig);
+  editor->SetValue("HKEY_NONE");
+  EXPECT_EQ(action.RegRoot, RegistryRoot::CurrentConfig);
+  action.RegRoot = 0x80000004;
+  EXPECT_EQ(editor->GetValue(), "");
 }
 
 struct RegistryPage : testing::Test {

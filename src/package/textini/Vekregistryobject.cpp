@@ -46,8 +46,7 @@ uint32_t TVekRegistry::ReadDWord(std::string_view name) const {
   Check(key_->Read(name, value), "Failed to get data", name);
   if (value.type != RegistryType::DWord || value.data.size() != 4) throw InvalidType(name);
   uint32_t number = 0;
-  for (int i = 3; i >= 0; --i)
-    number = number << 8 | static_cast<unsigned char>(value.data[static_cast<size_t>(i)]);
+  for (size_t i = 4; i-- > 0;) number = number << 8 | static_cast<unsigned char>(value.data[i]);
   return number;
 }
 
