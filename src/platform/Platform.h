@@ -1,6 +1,7 @@
 #pragma once
 
 class Clock;
+class ComClasses;
 class Contents;
 class Disk;
 class Entries;
@@ -34,4 +35,5 @@ struct Platform {
   Sounds* sounds;
   Shell* shell;
   ProcessWindows* windows;
+  ComClasses* comClasses;
 };

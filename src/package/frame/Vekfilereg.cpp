@@ -48,6 +48,7 @@
 #include "pages/VekFileSetCopyMoveFrame.h"
 #include "pages/VekFolderIteratorFrame.h"
 #include "pages/VekGetDateTimeFrame.h"
+#include "pages/VekIfCOMClassRegFrame.h"
 #include "pages/VekIniFileIteratorFrame.h"
 #include "pages/VekListIteratorFrame.h"
 #include "pages/VekLogVarFrame.h"
@@ -78,6 +79,7 @@
 #include "pages/Vekwriteiniframe.h"
 #include "process/FRunProg.h"
 #include "process/VekCloseProcessAction.h"
+#include "process/VekIFCOMClassRegistered.h"
 #include "process/VekRobocopyMainAction.h"
 #include "process/VekRobocopyOptions.h"
 #include "process/VekShellExecute.h"
@@ -164,6 +166,7 @@ constexpr CatalogueRow kCatalogue[] = {
     ActionRow<TRenameDirAction, TRenameDirFrame>("HRENAMEFILE", kOwnName, kFiles),
     ActionRow<TVekCreateTextFileAction, TCreateFileFrame>("HCREATEFILE", kOwnName, kFiles),
     ActionRow<TVekWriteToTextFileAction, TWriteToTextFileFrame>("WRITETOTEXTFILE", kOwnName, kFiles),
+    ActionRow<TVekIfCOMClassRegistered, TVekIfCOMClassRegFrame>("HIFCOMREG", kOwnName, kWindowsOS),
     ActionRow<TVekMultiQuestionAction, TFrameMultiQuestion>("HMULTIQUESTION", kOwnName, kInteractive),
     ActionRow<TVekXCopyAction, TXCopyMainFrame, TXCopyOptionsFrame, TXCopyAttribFrame, TVekXcopyExcludeFilesFrame>("HXCOPY", kOwnName, kFiles),
     RoutineRow(RegisterRobocopyOptions),

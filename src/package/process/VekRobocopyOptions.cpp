@@ -1,10 +1,16 @@
 #include "process/VekRobocopyOptions.h"
 
 #include "coreapi/Vekservices.h"
+#include "coreapi/Vekutils.h"
+#include "platform/Platform.h"
+#include "platform/Registry.h"
 
 namespace {
 
 constexpr std::string_view kLocation = "Location";
+
+// The question mark is part of the key's name.
+constexpr std::string_view kSearchedKey = "software\\?";
 
 }  // namespace
 
@@ -26,7 +32,14 @@ void TVekRobocopyOptions::SaveOptions(IVekOptionsWriter& writer) const {
   writer.WriteString(kLocation, robocopyPath_);
 }
 
-std::string TVekRobocopyOptions::TryToFindRobocopyPath() const { return {}; }
+std::string TVekRobocopyOptions::TryToFindRobocopyPath() const {
+  std::unique_ptr<RegistryKey> key;
+  RegistryValue path;
+  const SysResult opened = platform_.registry->Open(RegistryRoot::LocalMachine, kSearchedKey,
+                                                    RegistryAccess::Read, RegistryOpen::Existing, key);
+  if (!opened || !key->Read("path", path)) return {};
+  return AsFolder(platform_, path.data) + "robocopy.exe";
+}
 
 std::string StoredRobocopyPath() {
   const auto* options = dynamic_cast<const IVekRobocopyOptions*>(

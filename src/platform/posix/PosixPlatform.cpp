@@ -1,4 +1,5 @@
 #include "platform/CreatePlatform.h"
+#include "platform/posix/com/PosixComClasses.h"
 #include "platform/posix/files/PosixContents.h"
 #include "platform/posix/files/PosixEntries.h"
 #include "platform/posix/files/PosixFolders.h"
@@ -50,6 +51,7 @@ class PosixPlatform final : public PlatformOwner {
   PosixSounds sounds_{paths_, processes_};
   PosixShell shell_{paths_, processes_};
   PosixProcessWindows windows_;
+  PosixComClasses comClasses_{registry_, entries_};
   PosixConsole console_{paths_};
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -65,7 +67,8 @@ class PosixPlatform final : public PlatformOwner {
                      .disk = &disk_,
                      .sounds = &sounds_,
                      .shell = &shell_,
-                     .windows = &windows_};
+                     .windows = &windows_,
+                     .comClasses = &comClasses_};
 };
 
 }  // namespace

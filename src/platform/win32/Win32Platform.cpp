@@ -1,5 +1,6 @@
 #include "platform/CreatePlatform.h"
 #include "platform/Platform.h"
+#include "platform/win32/com/Win32ComClasses.h"
 #include "platform/win32/files/Win32Contents.h"
 #include "platform/win32/files/Win32Entries.h"
 #include "platform/win32/files/Win32Folders.h"
@@ -40,6 +41,7 @@ class Win32Platform final : public PlatformOwner {
   Win32Sounds sounds_;
   Win32Shell shell_;
   Win32ProcessWindows windows_;
+  Win32ComClasses comClasses_;
   Win32Console console_;
   Platform platform_{.entries = &entries_,
                      .folders = &folders_,
@@ -55,7 +57,8 @@ class Win32Platform final : public PlatformOwner {
                      .disk = &disk_,
                      .sounds = &sounds_,
                      .shell = &shell_,
-                     .windows = &windows_};
+                     .windows = &windows_,
+                     .comClasses = &comClasses_};
 };
 
 }  // namespace
