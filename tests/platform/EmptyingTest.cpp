@@ -10,14 +10,14 @@ namespace {
 using EmptyingTest = PlatformTest;
 
 TEST_F(EmptyingTest, GoesAsDeepAsThereAreFolders) {
-  constexpr int kLevels = 2500;
+  constexpr int kLevels = 300;  // more than are held open at a time
   const std::string before = environment.CurrentFolder();
   ASSERT_TRUE(folders.Create(Path("tree")));
   ASSERT_TRUE(environment.SetCurrentFolder(Path("tree")));
-  for (int level = 0; level < kLevels && folders.Create("inner"); ++level) {
-    if (!environment.SetCurrentFolder("inner")) break;
-  }
+  int level = 0;
+  while (level < kLevels && folders.Create("inner") && environment.SetCurrentFolder("inner")) ++level;
   environment.SetCurrentFolder(before);
+  EXPECT_GT(level, 20);  // some systems have current folders of short names only
   EXPECT_TRUE(folders.Empty(Path("tree"), {}));
   EXPECT_TRUE(folder.Names("tree").empty());
 }
