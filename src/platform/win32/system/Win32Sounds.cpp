@@ -2,11 +2,7 @@
 
 #include "platform/Processes.h"
 #include "platform/win32/paths/Win32Path.h"
-// clang-format off: the second of these cannot do without the first
-
 #include "platform/win32/system/Win32Api.h"
-// clang-format on
-
 // After the system's own header, which it needs.
 #include <mmsystem.h>
 
