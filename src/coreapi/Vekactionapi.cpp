@@ -1,5 +1,6 @@
 #include "coreapi/Vekactionapi.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "coreapi/Vekactionhost.h"
@@ -182,12 +183,31 @@ const Variant& TCustomVekAction::ScriptResult(std::string_view eventName, std::s
   return GetScriptByName(eventName)->Params().ParameterByName(parameter).Value();
 }
 
+/// Whether the text is that of a property which names a file or folder; only one that begins with a reference
+/// needs to be told apart.
+bool TCustomVekAction::IsPathProperty(std::string_view text) const {
+  const std::string_view start = Trim(text);
+  if (!start.starts_with('%') && !start.starts_with("$(")) return false;
+  return std::ranges::any_of(PropertyRows(), [&](const PropertyRow* row) {
+    if (!NamesPath(row->role)) return false;
+    const PropertyValue value = row->get(*this);
+    if (const auto* lines = std::get_if<StringList>(&value))
+      return std::ranges::find(*lines, text) != lines->end();
+    const auto* whole = std::get_if<std::string>(&value);
+    return whole && *whole == text;
+  });
+}
+
+std::string TCustomVekAction::ExpandProperty(std::string_view text) const {
+  return IsPathProperty(text) ? host_.ExpandPath(text) : host_.ExpandExpression(text);
+}
+
 std::string TCustomVekAction::ExpandExpression(std::string_view text, bool /*required*/) const {
-  return host_.ExpandExpression(text);
+  return ExpandProperty(text);
 }
 
 WideString TCustomVekAction::ExpandExpression(const WideString& text) const {
-  return WideString(host_.ExpandExpression(text));
+  return WideString(ExpandProperty(text));
 }
 
 std::string TCustomVekAction::ExpandExpression(std::string_view text, int32_t& replaced,
@@ -198,7 +218,7 @@ std::string TCustomVekAction::ExpandExpression(std::string_view text, int32_t& r
 bool TCustomVekAction::TryExpandExpression(std::string_view propertyTitle, std::string_view text,
                                            std::string& expanded, bool required) const {
   try {
-    expanded = host_.ExpandExpression(text);
+    expanded = ExpandProperty(text);
   } catch (const std::exception& error) {
     host_.ReportError(std::string(propertyTitle) + ": " + error.what());
     return false;

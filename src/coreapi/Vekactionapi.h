@@ -243,6 +243,9 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
  private:
   friend class VekRuntimeBrowser;
 
+  bool IsPathProperty(std::string_view text) const;
+  std::string ExpandProperty(std::string_view text) const;
+
   void SendRefusal(std::string_view folder) const;
 
   struct ScriptEvent {

@@ -27,6 +27,9 @@ class IVekActionHost {
   // Expressions and variables. [build thread]
   virtual std::string ExpandExpression(std::string_view text) = 0;  // raises EVekExpressionError
 
+  /// Likewise for the path of a file or folder: it must not begin at the root because a variable is empty.
+  virtual std::string ExpandPath(std::string_view text) = 0;
+
   /// Likewise; reports how many references the text held.
   virtual std::string ExpandCounting(std::string_view text, int32_t& replaced) = 0;
   virtual Variant GetVariableValue(std::string_view name) = 0;  // raises EVekError when undefined

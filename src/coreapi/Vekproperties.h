@@ -64,6 +64,11 @@ enum class TextRole {
 
 VEK_API std::string_view TextRoleName(TextRole role);
 
+/// Whether a text of that role names a place on the disk.
+constexpr bool NamesPath(TextRole role) {
+  return role == TextRole::File || role == TextRole::Folder || role == TextRole::Wildcard;
+}
+
 /// A property's value in flight. An enumeration travels as its ordinal, a set as its bits.
 using PropertyValue = std::variant<std::string, bool, int64_t, TDateTime, StringList>;
 

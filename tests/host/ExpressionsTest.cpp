@@ -54,6 +54,17 @@ TEST(Expressions, CountsReferences) {
   EXPECT_EQ(replaced, 3);
 }
 
+TEST(Expressions, APathDoesNotBeginAtTheRootBecauseAVariableIsEmpty) {
+  Source source;
+  for (const char* path : {"%EMPTY%\\*.tmp", " %EMPTY%/x", "$(null)/x"}) {
+    EXPECT_THROW(ExpandPath(path, source), EVekExpressionError) << path;
+    EXPECT_NO_THROW(ExpandText(path, source)) << path;
+  }
+  for (const char* path : {"%A%\\%EMPTY%\\x", "%EMPTY%x/y", "%EMPTY%", "/%EMPTY%/x", "%EMPTY%%A%/x"}) {
+    EXPECT_EQ(ExpandPath(path, source), ExpandText(path, source)) << path;
+  }
+}
+
 TEST(Expressions, TextsAndWhatTheyExpandTo) {
   const struct {
     std::string_view text, wanted;

@@ -13,6 +13,7 @@ class NullHost : public IVekActionHost {
  public:
   const Platform& GetPlatform() override { return owner_->Get(); }
   std::string ExpandExpression(std::string_view) override { Refuse("ExpandExpression"); }
+  std::string ExpandPath(std::string_view) override { Refuse("ExpandPath"); }
   std::string ExpandCounting(std::string_view, int32_t&) override { Refuse("ExpandCounting"); }
   Variant GetVariableValue(std::string_view) override { Refuse("GetVariableValue"); }
   void SetVariable(std::string_view, Variant) override { Refuse("SetVariable"); }

@@ -45,6 +45,8 @@ bool BuildContext::EvaluateCondition(std::string_view expression) {
 }
 
 std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
+std::string BuildContext::ExpandPath(std::string_view text) { return ::ExpandPath(text, *this); }
+
 std::string BuildContext::ExpandCounting(std::string_view text, int32_t& replaced) {
   return ExpandText(text, *this, &replaced);
 }

@@ -56,6 +56,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   // IVekActionHost
   const Platform& GetPlatform() override { return platform_; }
   std::string ExpandExpression(std::string_view text) override;
+  std::string ExpandPath(std::string_view text) override;
   std::string ExpandCounting(std::string_view text, int32_t& replaced) override;
   Variant GetVariableValue(std::string_view name) override;
   void SetVariable(std::string_view name, Variant value) override;

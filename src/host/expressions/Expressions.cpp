@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "base/WindowsPath.h"
 #include "coreapi/Vekerrors.h"
 #include "host/expressions/ExpressionEnd.h"
 #include "host/expressions/VariableName.h"
@@ -16,7 +17,8 @@ constexpr std::string_view kScriptStart = "$(";
 
 class Expansion {
  public:
-  Expansion(std::string_view text, ExpressionSource& source) : text_(text), source_(source) {}
+  Expansion(std::string_view text, ExpressionSource& source, bool isPath)
+      : text_(text), source_(source), isPath_(isPath) {}
 
   std::string Run() {
     while (position_ < text_.size()) {
@@ -39,6 +41,18 @@ class Expansion {
     position_ += length;
   }
 
+  void TakeReference(std::string_view value, size_t length) {
+    const size_t end = position_ + length;
+    const bool leadsToRoot = isPath_ && value.empty() && Trim(result_).empty() && end < text_.size() &&
+                             IsPathDelimiter(text_[end]);
+    if (leadsToRoot) {
+      throw EVekExpressionError(Quoted(text_.substr(position_, length)) +
+                                " is empty: the path would begin at the root");
+    }
+    ++references_;
+    TakeLiteral(value, length);
+  }
+
   void TakePercent() {
     if (At("%%")) return TakeLiteral("%", 2);
     const std::string_view rest = text_.substr(position_ + 1);
@@ -48,8 +62,7 @@ class Expansion {
 
     const auto value = source_.VariableText(name);
     if (!value) throw EVekExpressionError("unknown variable " + Quoted(name));
-    ++references_;
-    TakeLiteral(*value, end + 1 - position_);
+    TakeReference(*value, end + 1 - position_);
   }
 
   void TakeDollar() {
@@ -60,8 +73,7 @@ class Expansion {
     if (!end)
       throw EVekExpressionError("expression " + Quoted(text_.substr(position_)) +
                                 " has no closing parenthesis");
-    ++references_;
-    TakeLiteral(ScriptText(text_.substr(start, *end - start)), *end + 1 - position_);
+    TakeReference(ScriptText(text_.substr(start, *end - start)), *end + 1 - position_);
   }
 
   std::string ScriptText(std::string_view script) {
@@ -75,6 +87,7 @@ class Expansion {
 
   const std::string_view text_;
   ExpressionSource& source_;
+  const bool isPath_;
   size_t position_ = 0;
   int32_t references_ = 0;
   std::string result_;
@@ -83,8 +96,12 @@ class Expansion {
 }  // namespace
 
 std::string ExpandText(std::string_view text, ExpressionSource& source, int32_t* replaced) {
-  Expansion expansion(text, source);
+  Expansion expansion(text, source, false);
   std::string expanded = expansion.Run();
   if (replaced) *replaced = expansion.References();
   return expanded;
+}
+
+std::string ExpandPath(std::string_view text, ExpressionSource& source) {
+  return Expansion(text, source, true).Run();
 }

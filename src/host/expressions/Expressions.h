@@ -23,3 +23,7 @@ class ExpressionSource {
 /// stands for itself. Raises EVekExpressionError, which names the variable or expression at fault. `replaced`
 /// receives the number of references.
 std::string ExpandText(std::string_view text, ExpressionSource& source, int32_t* replaced = nullptr);
+
+/// The same for the path of a file or folder: a reference at its beginning that stands for nothing right
+/// before a delimiter is an error, because the rest would be taken from the root.
+std::string ExpandPath(std::string_view text, ExpressionSource& source);

@@ -120,7 +120,7 @@ class ProjectFileSet final : public IVekFileSet {
 
   void Refresh() override {
     const Platform& platform = host_.GetPlatform();
-    const std::string baseFolder = AsFolder(platform, host_.ExpandExpression(declaration_.baseDirectory));
+    const std::string baseFolder = AsFolder(platform, host_.ExpandPath(declaration_.baseDirectory));
     files_ = Evaluation(host_, declaration_).FilesBelow(SearchedFolder(platform, baseFolder));
     evaluated_ = true;
   }
