@@ -1,5 +1,8 @@
 #include "textini/VekReadTextFileAction.h"
 
+#include <algorithm>
+#include <new>
+
 #include "platform/Contents.h"
 #include "platform/Entries.h"
 #include "platform/OpenFile.h"
@@ -22,6 +25,8 @@ constexpr std::string_view kHelp[] = {
     "PutContentsInVar=Put the contents of the file into a variable",
 };
 
+size_t CountOf(std::string_view text, char c) { return static_cast<size_t>(std::ranges::count(text, c)); }
+
 SysResult ReadAll(OpenFile& file, std::string& contents) {
   uint64_t size = 0;
   if (const SysResult told = file.GetSize(size); !told) return told;
@@ -43,7 +48,13 @@ SysResult ReadAll(OpenFile& file, std::string& contents) {
 }  // namespace
 
 std::string EscapeReferences(std::string_view text) {
-  return ReplaceAll(ReplaceAll(text, "%", "%%"), "$(", "$$(");
+  std::string escaped;
+  escaped.reserve(text.size() + CountOf(text, '%') + CountOf(text, '$'));
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '%' || text.substr(i, 2) == "$(") escaped += text[i];
+    escaped += text[i];
+  }
+  return escaped;
 }
 
 const ActionClass TCustomVekReadTextFileAction::kClass{
@@ -86,20 +97,27 @@ bool TCustomVekReadTextFileAction::Execute() {
   std::string contents;
   SysResult read = GetPlatform().contents->Open(fileName, OpenMode::Read, ShareMode::DenyWrite, file);
   if (read) read = ReadAll(*file, contents);
+  if (read && !VekVariable.empty() && PutContentsInVar) read = StoreContents(contents);
   if (!read) {
     SendMessage("File read failed: " + fileName + ": " + SysErrorMessage(read.code));
     return false;
   }
-  if (!VekVariable.empty() && PutContentsInVar) StoreContents(contents);
   if (HasScript(kEvent) && !RunLines(contents)) return false;
   SendMessage("Done.");
   return true;
 }
 
-void TCustomVekReadTextFileAction::StoreContents(const std::string& contents) const {
-  if (!EscapeVariables) return SetVariable(VekVariable, contents);
-  SendMessage("Escaping variables...");
-  SetVariable(VekVariable, EscapeReferences(contents));
+/// Fails when there is no memory for the variable beside the contents.
+SysResult TCustomVekReadTextFileAction::StoreContents(const std::string& contents) const try {
+  if (EscapeVariables) {
+    SendMessage("Escaping variables...");
+    SetVariable(VekVariable, EscapeReferences(contents));
+  } else {
+    SetVariable(VekVariable, contents);
+  }
+  return {};
+} catch (const std::bad_alloc&) {
+  return SysResult::Failure(Win32Error::NotEnoughMemory);
 }
 
 /// What a script leaves behind, a failure too, does not matter; a stop ends the lines.

@@ -4,6 +4,8 @@
 
 #include "coreapi/Vekactionapi.h"
 
+struct SysResult;
+
 /// The text in the form that expands to it.
 std::string EscapeReferences(std::string_view text);
 
@@ -25,7 +27,7 @@ class TCustomVekReadTextFileAction : public TVekAction {
   bool Execute() override;
 
  private:
-  void StoreContents(const std::string& contents) const;
+  SysResult StoreContents(const std::string& contents) const;
   bool RunLines(std::string_view contents);
 };
 

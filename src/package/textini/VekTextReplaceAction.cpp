@@ -104,12 +104,15 @@ bool TCustomTextReplaceAction::Execute() {
 /// A regular expression has a pass of its own, which begins with the source file again: with a new file name
 /// it overwrites what the first pass has saved.
 bool TCustomTextReplaceAction::ReplaceInFile() {
+  return ReplaceReferencesAndLines() && (!DoReplaceText || !MatchRegularExpression || ReplaceByExpression());
+}
+
+bool TCustomTextReplaceAction::ReplaceReferencesAndLines() {
   std::string text = Load();
   if (DoReplaceVariables) text = ExpandExpression(text, replacements_, false);
   if (DoReplaceText && !MatchRegularExpression && !ReplaceByLines(text)) return false;
   Save(text);
-  text = {};
-  return !DoReplaceText || !MatchRegularExpression || ReplaceByExpression();
+  return true;
 }
 
 bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
@@ -161,7 +164,8 @@ std::optional<std::string> TCustomTextReplaceAction::ReplaceMatches(const std::s
     ++replacements_;
     if (remaining > 0) --remaining;
   }
-  return result.append(text, position);
+  result.append(text, position);
+  return result;
 } catch (const ERegExpr& error) {
   throw EVekError(std::string("An error occured matching the regular expression : \r\n") + error.what() +
                   " (SearchText)");

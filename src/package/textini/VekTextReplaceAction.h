@@ -36,6 +36,7 @@ class TCustomTextReplaceAction : public TVekAction {
 
  private:
   bool ReplaceInFile();
+  bool ReplaceReferencesAndLines();
   bool ReplaceByLines(std::string& text);
   bool ReplaceByExpression();
   std::optional<std::string> ReplaceMatches(const std::string& text);
