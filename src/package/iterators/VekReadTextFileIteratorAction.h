@@ -11,6 +11,8 @@ class TCustomReadTextFileIterator : public TVekBaseIterator {
   static const ActionClass kClass;
   using TVekBaseIterator::TVekBaseIterator;
 
+  WideString VariableName() const { return WideString(LoopVariable()); }
+  void SetVariableName(const WideString& value) { SetLoopVariable(value); }
   WideString TextFileName;
   int32_t LineCount() const { return GetIterationCount(); }
   int32_t LineIndex() const { return GetCurrentIteration(); }
@@ -34,8 +36,8 @@ class TReadTextFileIterator final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TReadTextFileIterator";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("VariableName",
-                                                                                     TextRole::Variable)
+      Published<&TCustomReadTextFileIterator::VariableName, &TCustomReadTextFileIterator::SetVariableName>(
+          "VariableName", TextRole::Variable)
           .NotStored(),
       Published<&TCustomReadTextFileIterator::TextFileName>("TextFileName", TextRole::File),
       Published<&TCustomReadTextFileIterator::LineCount>("LineCount"),
