@@ -104,12 +104,14 @@ TEST_F(Directories, DeletesATreeAndLogsItInOrder) {
 }
 
 TEST_F(Directories, ARelativeFolderIsFoundFromTheRootThatBecomesCurrent) {
-  disk.Write({"t/x=1"});
-  ASSERT_TRUE(GetPlatform().environment->SetCurrentFolder(folder.Path()));
-  EXPECT_TRUE(RunOn(*Make<TDeleteDirectoryAction>(), "t"));
-  EXPECT_THAT(disk.Read(), IsEmpty());
-  const std::string current = GetPlatform().environment->CurrentFolder();
-  EXPECT_EQ(GetPlatform().environment->FullPath(current + "/.."), current);
+  for (const char* name : {"t", "t\\."}) {
+    disk.Write({"t/x=1"});
+    ASSERT_TRUE(GetPlatform().environment->SetCurrentFolder(folder.Path()));
+    EXPECT_TRUE(RunOn(*Make<TDeleteDirectoryAction>(), name)) << name;
+    EXPECT_THAT(disk.Read(), IsEmpty());
+    const std::string current = GetPlatform().environment->CurrentFolder();
+    EXPECT_EQ(GetPlatform().environment->FullPath(current + "/.."), current);
+  }
 }
 
 /// What is on the disk, what is asked, and what comes of it.

@@ -1,6 +1,9 @@
 #include "platform/posix/files/PosixFolders.h"
 
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
+#include <unistd.h>
 
 #include "base/WindowsPath.h"
 #include "platform/posix/files/EntryStatus.h"
@@ -52,8 +55,17 @@ SysResult PosixFolders::RemoveAt(const Place& place) {
   if (const SysResult found = StatusAt(place, entry); !found) return found;
   if (!entry.IsFolder()) return SysResult::Failure(Win32Error::Directory);
   if (!entry.isLink && IsReadOnly(entry.status)) return SysResult::Failure(Win32Error::AccessDenied);
+  if (place.name == ".") return RemoveItself(place);
   NameIndex::Change change(paths_.Names(), place.Fd());
   if (unlinkat(place.Fd(), place.Name(), entry.isLink ? 0 : AT_REMOVEDIR) != 0) return LastFailure();
   change.Removed(place.name);
   return {};
+}
+
+/// A folder named by "." or ".." can only be removed by the name that it has in the folder above.
+SysResult PosixFolders::RemoveItself(const Place& place) {
+  const std::unique_ptr<char, decltype(&std::free)> path(realpath(place.folder->path.c_str(), nullptr),
+                                                         &std::free);
+  paths_.Forget();
+  return path && rmdir(path.get()) == 0 ? SysResult() : LastFailure();
 }

@@ -15,6 +15,7 @@ class PosixFolders final : public Folders {
 
  private:
   SysResult RemoveAt(const Place& place);
+  SysResult RemoveItself(const Place& place);
 
   PosixPaths& paths_;
 };
