@@ -71,6 +71,11 @@ TEST_F(ShellExecuteTest, WhatCannotBeDoneIsSaid) {
   action->SetFileSpec("%F%.not");
   EXPECT_FALSE(fixture.Run(*action));
   EXPECT_THAT(fixture.Lines(), ElementsAre("File does not exist: %F%.not"));
+  action->SetFileSpec("%F%");
+  action->Parameters = "%NONE%";
+  EXPECT_FALSE(fixture.Run(*action));
+  EXPECT_THAT(fixture.Lines(), ElementsAre("Unable to Execute file : " + fixture.folder.Path("a b.txt"),
+                                           "--> unknown variable \"NONE\""));
 }
 
 TEST_F(ShellExecuteTest, WaitsAMinuteAtMost) {

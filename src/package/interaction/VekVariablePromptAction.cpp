@@ -107,7 +107,8 @@ bool TCustomVekVariablePromptAction::AskFor(const std::string& title, std::vecto
 
 void TCustomVekVariablePromptAction::StoreAnswers(const std::vector<Entry>& entries) const {
   for (const Entry& entry : entries) {
-    Store(entry.name, *VariantFromText(entry.type, entry.text));
-    SendMessage(entry.name + " = " + (entry.secret ? std::string(kHidden) : entry.text));
+    const Variant value = *VariantFromText(entry.type, entry.text);
+    Store(entry.name, value);
+    SendMessage(entry.name + " = " + (entry.secret ? std::string(kHidden) : VariantToText(value)));
   }
 }

@@ -35,10 +35,8 @@ bool TCustomVekShellExecute::Validate(IVekActionValidationError& errors) {
 }
 
 bool TCustomVekShellExecute::Execute() {
-  const ShellRequest request{.verb = Action,
-                             .file = ExpandExpression(fileSpec_, true),
-                             .parameters = ExpandExpression(Parameters, true),
-                             .folder = ExpandExpression(WorkingDir, true)};
+  ShellRequest request{.verb = Action};
+  if (!ExpandRequest(request)) return false;
   if (!GetPlatform().entries->FileExists(request.file)) {
     SendMessage("File does not exist: " + fileSpec_);
     return false;
@@ -50,6 +48,14 @@ bool TCustomVekShellExecute::Execute() {
   }
   // A program that runs already may have taken the document over; then there is nothing to wait for.
   return !WaitForCompletion || !process || WaitFor(*process, request.file);
+}
+
+bool TCustomVekShellExecute::ExpandRequest(ShellRequest& request) const {
+  return AttemptOrReport("Unable to Execute file : ", request.file, "--> ", [&] {
+    request.file = ExpandExpression(fileSpec_, true);
+    request.parameters = ExpandExpression(Parameters, true);
+    request.folder = ExpandExpression(WorkingDir, true);
+  });
 }
 
 bool TCustomVekShellExecute::WaitFor(RunningProcess& process, const std::string& file) {

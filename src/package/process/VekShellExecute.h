@@ -5,6 +5,7 @@
 #include "coreapi/Vekactionapi.h"
 
 class RunningProcess;
+struct ShellRequest;
 
 /// "Shell Execute": opens, prints or otherwise acts on a document as the desktop does, and may wait for the
 /// program that does it.
@@ -25,6 +26,7 @@ class TCustomVekShellExecute : public TVekAction {
   bool Execute() override;
 
  private:
+  bool ExpandRequest(ShellRequest& request) const;
   bool WaitFor(RunningProcess& process, const std::string& file);
 
   std::string fileSpec_;
