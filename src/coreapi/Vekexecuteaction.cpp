@@ -39,7 +39,7 @@ bool TVekExecuteAbstractAction::Execute() {
   try {
     exitCode = RunExecutable(executable, builder->CommandLineText(), startingDir);
   } catch (const EVekError& error) {
-    GetActionContext().ReportError(std::string("Cannot start the program ") + error.what());
+    GetActionContext().ReportError(std::string("Cannot start the program: ") + error.what());
     return false;
   }
   const bool succeeded = InterpretResult(exitCode);
