@@ -1,0 +1,3 @@
+// %PRODUCT%, build %BUILD%
+#define PRODUCT_VERSION "0.0.0"
+#define OLDEST_FORMAT "%OLDEST%"
