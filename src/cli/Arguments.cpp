@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "cli/CommandWords.h"
 #include "host/expressions/VariableName.h"
 
 namespace {
@@ -15,13 +16,40 @@ constexpr std::pair<std::string_view, LogFormat> kLogFormats[] = {
 
 constexpr auto kExamples = R"(
 Examples:
-  vekrun run nightly.vekproj -D VERSION=1.4.2
+  vekrun nightly.vekproj -D VERSION=1.4.2    (short for vekrun run ...)
   vekrun exec HDELETE_FILE "FileSpec=out\*.tmp" FailIfNoFile=False
   vekrun describe HDELETE_FILE
 
 Exit codes: 0 success; 1 the build or action failed; 2 wrong usage, or a project that cannot be used (nothing
 was executed); 130 stopped by the user.
-Run "vekrun COMMAND --help" for the options of a command.)";
+Run "vekrun help COMMAND" for the options and examples of a command.)";
+
+constexpr auto kRunExamples = R"(
+Examples:
+  vekrun run nightly.vekproj -D VERSION=1.4.2 -D "TITLE=Night build"
+  vekrun run nightly.vekproj --log build.xml --log-format junit
+  vekrun run nightly.vekproj --validate -q)";
+
+constexpr auto kExecExamples = R"(
+Examples:
+  vekrun exec HCREATEFILE NewFileName=out/version.txt "FileContents=%VERSION%" -D VERSION=1.4.2
+  vekrun exec LISTITERATOR LoopVariable=NAME ListOfItems+=first ListOfItems+=second
+  vekrun exec READTEXTFILE FileName=notes.txt --script OnReadLine=line.js)";
+
+constexpr auto kValidateExamples = R"(
+Examples:
+  vekrun validate nightly.vekproj
+  vekrun validate nightly.vekproj --json)";
+
+constexpr auto kActionsExamples = R"(
+Examples:
+  vekrun actions
+  vekrun actions --json)";
+
+constexpr auto kDescribeExamples = R"(
+Examples:
+  vekrun describe HDELETE_FILE
+  vekrun describe HDELETE_FILE --json)";
 
 /// The texts as they come, before they are taken apart.
 struct RawArguments {
@@ -59,22 +87,24 @@ void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   AddCommonOptions(app, arguments, raw);
 }
 
-CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const char* help,
+CLI::App* AddCommand(CLI::App& app, Command command, const char* name, const char* help, const char* examples,
                      Arguments& arguments) {
   CLI::App* sub = app.add_subcommand(name, help);
+  sub->footer(examples);
   sub->callback([&arguments, command] { arguments.command = command; });
   return sub;
 }
 
 void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
-  CLI::App* run = AddCommand(app, Command::Run, "run", "Execute a project", arguments);
+  CLI::App* run = AddCommand(app, Command::Run, "run", "Execute a project", kRunExamples, arguments);
   run->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
   AddRepeatable(*run, "--secret", arguments.secrets, "NAME",
                 "Show the values of this variable in no log; may be repeated");
   run->add_flag("--validate", arguments.validate, "Refuse a project whose actions are not set up completely");
   AddBuildOptions(*run, arguments, raw);
 
-  CLI::App* exec = AddCommand(app, Command::Exec, "exec", "Execute one action without a project", arguments);
+  CLI::App* exec = AddCommand(app, Command::Exec, "exec", "Execute one action without a project",
+                              kExecExamples, arguments);
   exec->add_option("TYPEID", arguments.subject, "Type id of the action, such as HDELETE_FILE")
       ->required()
       ->type_name("");
@@ -84,17 +114,19 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
                 "Attach a script to an event of the action; may be repeated");
   AddBuildOptions(*exec, arguments, raw);
 
-  CLI::App* validate =
-      AddCommand(app, Command::Validate, "validate", "Check a project without executing it", arguments);
+  CLI::App* validate = AddCommand(app, Command::Validate, "validate", "Check a project without executing it",
+                                  kValidateExamples, arguments);
   validate->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
-  CLI::App* actions = AddCommand(app, Command::Actions, "actions", "List the action types", arguments);
-  CLI::App* describe =
-      AddCommand(app, Command::Describe, "describe", "Show an action type's properties and help", arguments);
+  CLI::App* actions =
+      AddCommand(app, Command::Actions, "actions", "List the action types", kActionsExamples, arguments);
+  CLI::App* describe = AddCommand(app, Command::Describe, "describe",
+                                  "Show an action type's properties and help", kDescribeExamples, arguments);
   describe->add_option("TYPEID", arguments.subject, "Type id of the action")->required()->type_name("");
   for (CLI::App* sub : {validate, actions, describe}) {
     sub->add_flag("--json", arguments.json, "Print JSON");
     AddCommonOptions(*sub, arguments, raw);
   }
+  app.add_subcommand("help", "Show the options and examples of a command")->add_option("COMMAND");
 }
 
 LogFormat FormatOf(const std::string& name) {
@@ -162,6 +194,7 @@ std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
   RawArguments raw;
   DeclareCommands(app, arguments, raw);
   try {
+    words = CommandFirst(std::move(words), app);
     std::reverse(words.begin(), words.end());  // the parser takes them from the back
     app.parse(std::move(words));
     TakeApart(raw, arguments);

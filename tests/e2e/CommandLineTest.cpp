@@ -21,6 +21,9 @@ TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
   folder.Write("not-a-package.so", "x");
   const WrongUsage cases[] = {
       {{}, "subcommand"},
+      {{"rnu", "p.vekproj"}, "unknown command \"rnu\"; did you mean \"run\"?"},
+      {{"help", "validat"}, "did you mean \"validate\"?"},
+      {{"--log-fromat", "junit", "run", "p.vekproj"}, "did you mean \"--log-format\"?"},
       {{"exec", "HDELETE_FIEL"}, "unknown action type \"HDELETE_FIEL\"; did you mean \"HDELETE_FILE\"?"},
       {{"describe", "NOPE"}, "unknown action type \"NOPE\""},
       {{"exec", "HDELETE_FILE", "FileSpek=x"}, "did you mean \"FileSpec\"?"},
@@ -54,10 +57,29 @@ TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
 
 TEST(CommandLine, HelpAndVersionSucceed) {
   for (const StringList& arguments :
-       {StringList{"--help"}, {"run", "--help"}, {"exec", "--help"}, {"--version"}}) {
+       {StringList{"--help"}, {"help"}, {"help", "run"}, {"exec", "--help"}, {"--version"}}) {
     const ProgramResult result = RunVekrun(arguments);
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.out, HasSubstr("vekrun"));
+  }
+}
+
+TEST(CommandLine, AProjectRunsWhereverItStandsAmongTheOptions) {
+  const TempFolder folder;
+  const std::string project = folder.Path("p.VekProj");
+  folder.Write("p.VekProj", ProjectOf(ActionOf("HCREATEFILE",
+                                               "<NewFileName>%PROJECTDIR%/o</NewFileName>"
+                                               "<OverwriteExisting>True</OverwriteExisting>"
+                                               "<FileContents>%A%</FileContents>")));
+  for (const StringList& arguments : {StringList{project, "-D", "A=run"},
+                                      {"-q", "-D", "A=run", project},
+                                      {"-DA=run", "run", project, "-v"},
+                                      {"-D", "A=run", "run", "--unattended", project},
+                                      {"--drive=X=/", "-D", "A=run", project}}) {
+    folder.Write("o", "");
+    const ProgramResult result = RunVekrun(arguments);
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(arguments) << result.err;
+    EXPECT_EQ(folder.Read("o"), "run") << testing::PrintToString(arguments);
   }
 }
 
