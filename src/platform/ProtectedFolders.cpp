@@ -16,6 +16,11 @@ using Identity = std::optional<EntryIdentity>;
 
 std::string Above(std::string_view folder) { return std::string(folder) + "/.."; }
 
+/// Not every system answers for the root of a drive who it is.
+bool IsSpeltAsRoot(std::string_view fullPath) {
+  return NamesDrive(fullPath) && fullPath.size() == 3 && IsPathDelimiter(fullPath[2]);
+}
+
 bool IsRoot(Entries& entries, std::string_view folder, const Identity& identity) {
   return entries.Identity(Above(folder)) == identity;
 }
@@ -47,6 +52,7 @@ bool IsProtectedTree(const Platform& platform, std::string_view folder, std::str
   Entries& entries = *platform.entries;
   Environment& environment = *platform.environment;
   const StringList reserved = environment.ReservedFolders();
+  if (IsSpeltAsRoot(environment.FullPath(folder))) return true;
   if (IsLink(entries, folder)) {
     const std::string path = environment.FullPath(folder);
     return std::ranges::any_of(reserved, [&](const std::string& own) { return SameText(own, path); });
@@ -63,6 +69,7 @@ bool IsProtectedSelection(const Platform& platform, std::string_view spec) {
   if (!HasWildcards(spec)) return false;
   Entries& entries = *platform.entries;
   const std::string_view folder = FolderPart(spec).empty() ? "." : FolderPart(spec);
+  if (IsSpeltAsRoot(platform.environment->FullPath(folder))) return true;
   const Identity identity = entries.Identity(folder);
   if (!identity) return false;
   return IsRoot(entries, folder, identity) ||

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
@@ -236,7 +238,10 @@ TEST_F(Directories, RenamesInPlace) {
     EXPECT_EQ(ActionFixture::Run(*action), c.result) << c.source;
     EXPECT_EQ(Lines(), Wanted(c.lines));
   }
-  EXPECT_EQ(disk.Read(), (StringList{"File.TXT=2", "New dir/x=1", "taken=3"}));
+  StringList wanted{WineLimits::NoRenameWithinOneFile() ? "file.txt=2" : "File.TXT=2", "New dir/x=1",
+                    "taken=3"};
+  std::ranges::sort(wanted);
+  EXPECT_EQ(disk.Read(), wanted);
 }
 
 TEST_F(Directories, WhatIsProtectedIsLeftUntouched) {

@@ -10,6 +10,7 @@ namespace {
 using EmptyingTest = PlatformTest;
 
 TEST_F(EmptyingTest, GoesAsDeepAsThereAreFolders) {
+  if (WineLimits::NoDeepTrees()) GTEST_SKIP() << "Wine leaves a program that went this deep with an error";
   constexpr int kLevels = 300;  // more than are held open at a time
   const std::string before = environment.CurrentFolder();
   ASSERT_TRUE(folders.Create(Path("tree")));

@@ -25,6 +25,7 @@ class DiskTable {
       if (mark == std::string::npos) {
         folder_.MakeFolder(name);
       } else {
+        if (isReadOnly) platform_.entries->SetAttributes(folder_.Path(name), FileAttribute::Normal);
         folder_.Write(name, line.substr(mark + 1));
         if (isReadOnly) platform_.entries->SetAttributes(folder_.Path(name), FileAttribute::ReadOnly);
       }

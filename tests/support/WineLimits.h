@@ -29,6 +29,8 @@ inline bool FixedAttributes() { return RunsOnWine(); }
 inline bool NoCopyProgress() { return RunsOnWine(); }
 
 /// A name cannot be given other letters, nor one of two names of a file be moved over the other.
+inline bool NoDeepTrees() { return RunsOnWine(); }
+inline bool NoShellItems() { return RunsOnWine(); }
 inline bool NoRenameWithinOneFile() { return RunsOnWine(); }
 
 /// A read-only file is not moved to another volume.
