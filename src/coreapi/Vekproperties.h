@@ -146,7 +146,10 @@ struct PropertyRow {
   }
 
   /// The type as property editors name it: an enumeration or set goes by its own name.
-  constexpr std::string_view TypeName() const { return enumType ? enumType().name : PropertyTypeName(type); }
+  constexpr std::string_view TypeName() const {
+    const bool hasOwn = type == PropertyType::Enumeration || type == PropertyType::Set;
+    return hasOwn ? enumType().name : PropertyTypeName(type);
+  }
 };
 
 /// The text of a value as the project file holds it. String lists have none of their own (they are lists of
