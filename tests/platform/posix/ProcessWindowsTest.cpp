@@ -1,7 +1,10 @@
 #include <chrono>
 #include <condition_variable>
+#include <fcntl.h>
 #include <mutex>
+#include <sys/file.h>
 #include <thread>
+#include <unistd.h>
 
 #include "platform/ProcessWindows.h"
 #include "platform/ProcessesTesting.h"
@@ -64,6 +67,9 @@ class ProcessWindowsTest : public ProcessesTest {
     if (Run("sh", "/c command -v Xvfb && command -v xclock") != 0) {
       GTEST_SKIP() << "Xvfb and xclock (packages xvfb and x11-apps) are not installed";
     }
+    // Of two servers that start together both may take one number, so the tests take turns.
+    turn = open((environment.TempFolder() + "/vektest-display").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    flock(turn, LOCK_EX);
     // Without -noreset it begins anew when a client leaves that was its only one.
     server = std::make_unique<Background>(
         processes, ProcessSetup{.program = "Xvfb", .parameters = "-displayfd 1 -nolisten tcp -noreset"});
@@ -76,6 +82,7 @@ class ProcessWindowsTest : public ProcessesTest {
     clock.reset();
     server.reset();
     SetVariable("DISPLAY", display);
+    if (turn >= 0) close(turn);
   }
 
   /// The program needs a moment to show its window.
@@ -92,6 +99,7 @@ class ProcessWindowsTest : public ProcessesTest {
   const std::optional<std::string> display = environment.Variable("DISPLAY");
   std::unique_ptr<Background> server, clock;
   uint32_t number = 0;
+  int turn = -1;
 };
 
 TEST_F(ProcessWindowsTest, ClosingAsksTheProgram) {
