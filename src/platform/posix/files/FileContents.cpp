@@ -54,7 +54,7 @@ SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_
   if (const SysResult found = FindRewriteTarget(paths, path, target); !found) return found;
   if (target.old && !S_ISREG(target.status.st_mode)) return WriteInto(target.old.Get(), contents);
   // The folder must be writable too, since only an exchange of files is one step.
-  NameIndex::Change change(paths.Names(), target.place.Fd());
+  DiskChange change(paths, target.place, DiskChange::File);
   NewFile file(target.place);
   if (!file.CreateBeside(target.ModeUntilDone()) || !WriteAll(file.Fd(), contents)) return LastFailure();
   return TakePlace(file, target, change);

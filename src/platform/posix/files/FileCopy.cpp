@@ -7,6 +7,7 @@
 #include "platform/posix/files/NewFile.h"
 #include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/files/Transfer.h"
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -69,7 +70,7 @@ class Copy {
     const mode_t mode = source_.status.st_mode & 0777;
     // The system stores attributes only in what may be written.
     const mode_t first = stores ? mode | kOwnerWrites : mode;
-    NameIndex::Change change(paths_.Names(), target.Fd());
+    DiskChange change(paths_, target, DiskChange::File);
     NewFile file(target);
     if (!Begin(file, target, first)) {
       exists = errno == EEXIST || errno == EISDIR;
@@ -95,7 +96,7 @@ class Copy {
     if (const SysResult allowed = CheckTarget(target, status); !allowed) return allowed;
     const UniqueFd old = OpenTarget(target);
     if (!old || !MayUse(old.Get())) return LastFailure();
-    NameIndex::Change change(paths_.Names(), target.Fd());
+    DiskChange change(paths_, target, DiskChange::File);
     NewFile file(target);
     if (!(IsLarge() ? file.CreateUnseen(0600) : file.CreateBeside(0600))) return LastFailure();
     if (const SysResult moved = Transfer(source_.fd.Get(), source_.status, file.Fd()).Run(options_); !moved) {
@@ -160,7 +161,5 @@ SysResult CopyFile(PosixPaths& paths, std::string_view source, std::string_view 
   if (!opened) return opened;
   Place to = paths.Locate(target);
   if (!to.folder) return SysResult::Failure(to.error);
-  const SysResult copied = Copy(paths, from, options).To(std::move(to));
-  paths.Recent().Forget();
-  return copied;
+  return Copy(paths, from, options).To(std::move(to));
 }

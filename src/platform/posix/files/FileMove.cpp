@@ -10,6 +10,7 @@
 #include "platform/posix/files/NewFile.h"
 #include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/files/Transfer.h"
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -72,21 +73,25 @@ class Move {
     return !file || MayUse(file.Get()) ? SysResult() : LastFailure();
   }
 
+  DiskChange::Kind Kind() const {
+    const bool areFiles = S_ISREG(source_.st_mode) && !(exists_ && target_.isLink);
+    return areFiles ? DiskChange::File : DiskChange::Folder;
+  }
+
   SysResult RemoveSource() {
-    NameIndex::Change change(paths_.Names(), from_.Fd());
+    DiskChange change(paths_, from_, Kind());
     if (unlinkat(from_.Fd(), from_.Name(), 0) != 0) return LastFailure();
     change.Removed(from_.name);
     return {};
   }
 
   SysResult Rename(const Place& target) {
-    NameIndex::Change left(paths_.Names(), from_.Fd()), entered(paths_.Names(), target.Fd());
+    DiskChange left(paths_, from_, Kind()), entered(paths_, target, Kind());
     if (!RenameTo(target)) {
       if (errno == EXDEV) return ToOtherVolume(target, entered);
       // The system's word for a folder that would have to go into itself.
       return errno == EINVAL ? SysResult::Failure(Win32Error::SharingViolation) : LastFailure();
     }
-    if (!S_ISREG(source_.st_mode)) paths_.ForgetFolders();
     left.Removed(from_.name);
     if (!exists_) entered.Added(target.name);
     return {};
@@ -101,7 +106,7 @@ class Move {
     return renameat(from_.Fd(), from_.Name(), target.Fd(), target.Name()) == 0;
   }
 
-  SysResult ToOtherVolume(const Place& target, NameIndex::Change& entered) {
+  SysResult ToOtherVolume(const Place& target, DiskChange& entered) {
     if (!Has(MoveFlag::CopyAllowed)) return SysResult::Failure(Win32Error::NotSameDevice);
     if (S_ISDIR(source_.st_mode)) return SysResult::Failure(Win32Error::AccessDenied);
     const SysResult made = S_ISLNK(source_.st_mode) ? RemakeLink(target) : CopyFileTo(target);
@@ -164,14 +169,11 @@ class Move {
 SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view target, uint32_t flags,
                     const CopyProgress& progress) {
   Place to = paths.Locate(target);
-  const SysResult moved = paths.OnEntry(source, [&](const Place& from) {
+  return paths.OnEntry(source, [&](const Place& from) {
     if (!to.folder) {
       EntryStatus ignored;
       return ReadStatus(from.Fd(), from.Name(), ignored) ? SysResult::Failure(to.error) : LastFailure();
     }
     return Move(paths, from, flags, progress).To(to);
   });
-  paths.Recent().Forget();
-  paths.Leaf().Forget();
-  return moved;
 }

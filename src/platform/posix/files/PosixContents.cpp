@@ -4,6 +4,7 @@
 #include "platform/posix/files/FileContents.h"
 #include "platform/posix/files/PosixOpenFile.h"
 #include "platform/posix/files/Rewrite.h"
+#include "platform/posix/paths/DiskChange.h"
 
 SysResult PosixContents::ReadWhole(std::string_view path, std::string& contents) {
   return paths_.OnEntry(path, [&](const Place& place) { return ReadContents(place, contents); });
@@ -27,7 +28,7 @@ SysResult PosixContents::Open(std::string_view path, OpenMode mode, ShareMode sh
   if (mode != OpenMode::Create || opened.code != Win32Error::FileNotFound) return opened;
   const Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
-  NameIndex::Change change(paths_.Names(), place.Fd());
+  DiskChange change(paths_, place, DiskChange::File);
   const SysResult created = CreateAndOpen(place, share, file);
   if (created) change.Added(place.name);
   return created;

@@ -10,6 +10,7 @@
 #include "platform/posix/files/FileCopy.h"
 #include "platform/posix/files/FileMove.h"
 #include "platform/posix/files/PosixOpenFile.h"
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -111,7 +112,7 @@ SysResult PosixEntries::SetAttributes(std::string_view path, uint32_t attributes
       present = {entry, ::AttributesOf(place.Fd(), place.Name(), entry)};
     }
     if (((present->attributes ^ attributes) & (kStored | FileAttribute::ReadOnly)) == 0) return SysResult();
-    paths_.Recent().Forget();
+    const DiskChange change(paths_, place, DiskChange::Attributes);
     return WriteAttributes(place, *present, attributes);
   });
 }
@@ -134,7 +135,7 @@ SysResult PosixEntries::DeleteAt(const Place& place) {
   if (!entry.isLink && (entry.IsFolder() || IsReadOnly(entry.status))) {
     return SysResult::Failure(Win32Error::AccessDenied);
   }
-  NameIndex::Change change(paths_.Names(), place.Fd());
+  DiskChange change(paths_, place, entry.isLink ? DiskChange::Folder : DiskChange::File);
   if (unlinkat(place.Fd(), place.Name(), 0) != 0) return LastFailure();
   change.Removed(place.name);
   return {};

@@ -8,6 +8,7 @@
 #include "base/WindowsPath.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FolderEmptying.h"
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
 
 bool PosixFolders::Exists(std::string_view path) {
@@ -20,8 +21,7 @@ SysResult PosixFolders::Create(std::string_view path) {
   Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
   if (paths_.OtherCase(place)) return SysResult::Failure(Win32Error::AlreadyExists);
-  NameIndex::Change change(paths_.Names(), place.Fd());
-  paths_.Leaf().Forget();
+  DiskChange change(paths_, place, DiskChange::NewFolder);
   if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
   change.Added(place.name);
   return {};
@@ -38,16 +38,12 @@ SysResult PosixFolders::CreateWithParents(std::string_view path) {
 }
 
 SysResult PosixFolders::Remove(std::string_view path) {
-  const SysResult removed = paths_.OnEntry(path, [this](const Place& place) { return RemoveAt(place); });
-  paths_.ForgetFolders();
-  return removed;
+  return paths_.OnEntry(path, [this](const Place& place) { return RemoveAt(place); });
 }
 
 SysResult PosixFolders::Empty(std::string_view path, const EmptyingOptions& options) {
-  const SysResult emptied =
-      paths_.OnEntry(path, [&options](const Place& place) { return EmptyFolder(place, options); });
-  paths_.Forget();
-  return emptied;
+  const DiskChange change(paths_);
+  return paths_.OnEntry(path, [&options](const Place& place) { return EmptyFolder(place, options); });
 }
 
 SysResult PosixFolders::RemoveAt(const Place& place) {
@@ -56,7 +52,7 @@ SysResult PosixFolders::RemoveAt(const Place& place) {
   if (!entry.IsFolder()) return SysResult::Failure(Win32Error::Directory);
   if (!entry.isLink && IsReadOnly(entry.status)) return SysResult::Failure(Win32Error::AccessDenied);
   if (place.name == ".") return RemoveItself(place);
-  NameIndex::Change change(paths_.Names(), place.Fd());
+  DiskChange change(paths_, place, DiskChange::Folder);
   if (unlinkat(place.Fd(), place.Name(), entry.isLink ? 0 : AT_REMOVEDIR) != 0) return LastFailure();
   change.Removed(place.name);
   return {};
@@ -66,6 +62,6 @@ SysResult PosixFolders::RemoveAt(const Place& place) {
 SysResult PosixFolders::RemoveItself(const Place& place) {
   const std::unique_ptr<char, decltype(&std::free)> path(realpath(place.folder->path.c_str(), nullptr),
                                                          &std::free);
-  paths_.Forget();
+  const DiskChange change(paths_);
   return path && rmdir(path.get()) == 0 ? SysResult() : LastFailure();
 }

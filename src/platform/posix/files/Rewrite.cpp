@@ -27,7 +27,7 @@ class PosixNewContents final : public NewContents {
 
   SysResult Commit() override {
     file_.reset();
-    NameIndex::Change change(paths_.Names(), target_.place.Fd());
+    DiskChange change(paths_, target_.place, DiskChange::File);
     return TakePlace(new_, target_, change);
   }
 
@@ -56,7 +56,7 @@ SysResult FindRewriteTarget(PosixPaths& paths, std::string_view path, RewriteTar
   return MayUse(old.Get()) ? SysResult() : LastFailure();
 }
 
-SysResult TakePlace(NewFile& file, const RewriteTarget& target, NameIndex::Change& change) {
+SysResult TakePlace(NewFile& file, const RewriteTarget& target, DiskChange& change) {
   if (target.old && !CopyProperties(target.old.Get(), target.status, file.Fd())) return LastFailure();
   if (!file.TakePlaceOf(target.place.name)) return LastFailure();
   if (!target.old) change.Added(target.place.name);

@@ -6,7 +6,7 @@
 
 #include "platform/Contents.h"
 #include "platform/posix/files/NewFile.h"
-#include "platform/posix/paths/PosixPaths.h"
+#include "platform/posix/paths/DiskChange.h"
 
 /// A file whose contents are to be exchanged, links followed.
 struct RewriteTarget {
@@ -22,7 +22,7 @@ struct RewriteTarget {
 SysResult FindRewriteTarget(PosixPaths& paths, std::string_view path, RewriteTarget& target);
 
 /// The new file gets the properties of the old one, and then its name.
-SysResult TakePlace(NewFile& file, const RewriteTarget& target, NameIndex::Change& change);
+SysResult TakePlace(NewFile& file, const RewriteTarget& target, DiskChange& change);
 
 /// What Contents::Rewrite does.
 SysResult BeginRewrite(PosixPaths& paths, std::string_view path, std::unique_ptr<NewContents>& contents);

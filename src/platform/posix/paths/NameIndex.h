@@ -17,30 +17,8 @@ class NameIndex {
   /// The name on the disk that differs from `name` in case at most, `name` itself where it stands there.
   std::optional<std::string> Find(int folder, std::string_view name);
 
-  /// Drops what is known: for when other programs have worked, as after a child process.
-  void Forget();
-
-  /// Brackets a change that this process makes in a folder. What was known and is told here stays known, so
-  /// that the folder need not be read anew after each of many changes.
-  class Change {
-   public:
-    Change(NameIndex& index, int folder) : index_(index), folder_(folder), known_(index.Knows(folder)) {}
-    ~Change() {
-      if (known_) index_.Refresh(folder_, added_, removed_);
-    }
-    Change(const Change&) = delete;
-    Change& operator=(const Change&) = delete;
-    void Added(std::string_view name) { added_ = name; }
-    void Removed(std::string_view name) { removed_ = name; }
-
-   private:
-    NameIndex& index_;
-    int folder_;
-    bool known_;
-    std::string_view added_, removed_;
-  };
-
  private:
+  friend class DiskChange;
   using Clock = std::chrono::steady_clock;
   struct Names {
     dev_t device;
@@ -50,6 +28,7 @@ class NameIndex {
     std::unordered_multimap<std::string, std::string> byUpperName;
   };
 
+  void Forget();
   bool Knows(int folder);
   void Refresh(int folder, std::string_view added, std::string_view removed);
   Names* Known(const struct stat& status);

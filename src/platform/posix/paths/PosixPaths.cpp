@@ -84,13 +84,6 @@ bool PosixPaths::OtherCase(Place& place) {
   return true;
 }
 
-void PosixPaths::Forget() {
-  names_.Forget();
-  recent_.Forget();
-  leaf_.Forget();
-  ForgetFolders();
-}
-
 void PosixPaths::ForgetFolders() {
   const std::lock_guard lock(mutex_);
   used_ = {};

@@ -61,17 +61,11 @@ class PosixPaths {
     return result;
   }
 
-  /// Drops what is known of the folders used last: when a folder was removed or moved.
-  void ForgetFolders();
-
-  /// Drops all that is known: when the current folder changed or other programs have worked.
-  void Forget();
-
-  NameIndex& Names() { return names_; }
   RecentEntry& Recent() { return recent_; }
   RecentLeaf& Leaf() { return leaf_; }
 
  private:
+  friend class DiskChange;
   using Clock = std::chrono::steady_clock;
 
   struct UsedFolder {
@@ -80,6 +74,7 @@ class PosixPaths {
     Clock::time_point seen;
   };
 
+  void ForgetFolders();
   std::optional<std::string> DriveRoot(char letter);
   std::shared_ptr<const Folder> UsedBefore(std::string_view folderText);
   std::shared_ptr<const Folder> OpenFolder(std::string_view folderText, Win32Error& error);

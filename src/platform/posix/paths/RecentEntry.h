@@ -16,16 +16,17 @@ struct SeenEntry {
 };
 
 /// The folder that was just listed, if it has no sub-folders: a walk that takes the files of a folder and
-/// then its sub-folders need not list it twice. Believed as briefly as a RecentEntry; whoever makes a folder
-/// calls Forget. [any thread]
+/// then its sub-folders need not list it twice. Believed as briefly as a RecentEntry. [any thread]
 class RecentLeaf {
  public:
   void Keep(const Folder& folder);
   bool Is(const Folder& folder);
-  void Forget();
 
  private:
+  friend class DiskChange;
   using Clock = std::chrono::steady_clock;
+
+  void Forget();
 
   std::mutex mutex_;
   dev_t device_ = 0;
@@ -34,16 +35,17 @@ class RecentLeaf {
 };
 
 /// What a search has just found, so that acting on it at once needs no second look: it is believed for less
-/// time than another program takes to start. Whoever changes an entry's mode or attributes calls Forget.
-/// [any thread]
+/// time than another program takes to start. [any thread]
 class RecentEntry {
  public:
   void Keep(const Folder& folder, const char* name, const SeenEntry& seen);
   std::optional<SeenEntry> Find(const Folder& folder, const std::string& name);
-  void Forget();
 
  private:
+  friend class DiskChange;
   using Clock = std::chrono::steady_clock;
+
+  void Forget();
 
   std::mutex mutex_;
   dev_t device_ = 0;

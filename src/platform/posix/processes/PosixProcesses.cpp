@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <utility>
 
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/processes/PosixProcessCommand.h"
 #include "platform/posix/processes/PosixProcessLaunch.h"
 #include "platform/posix/processes/PosixProcessRun.h"
@@ -23,10 +24,7 @@ SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, 
     return result;
   pipes.CloseChildEnds();
   // The program may have changed what is known of the disk, however its run ends here.
-  struct Forgetting {
-    PosixPaths& paths;
-    ~Forgetting() { paths.Forget(); }
-  } const forgetting{paths_};
+  const DiskChange change(paths_);
   PosixProcessRun run(child, pipes, output);
   exitCode = run.Wait(stop, setup.timeoutSeconds);
   return {};
@@ -52,7 +50,7 @@ SysResult PosixProcesses::StartWatched(ProcessCommand command, const std::string
 }
 
 void PosixProcesses::LeaveRunning(pid_t child) {
-  paths_.Forget();
+  const DiskChange change(paths_);
   const std::lock_guard lock(mutex_);
   leftRunning_.push_back(child);
 }

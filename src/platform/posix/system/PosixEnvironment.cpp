@@ -11,6 +11,7 @@
 
 #include "base/Text.h"
 #include "base/WindowsPath.h"
+#include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -57,7 +58,7 @@ SysResult PosixEnvironment::SetCurrentFolder(std::string_view path) {
   if (!place.folder) return SysResult::Failure(place.error);
   // Not by descriptor: one that only names the folder may lack the right to enter it.
   if (chdir(place.folder->path.c_str()) != 0) return LastFailure();
-  paths_.Forget();
+  const DiskChange change(paths_);
   return {};
 }
 
