@@ -1,10 +1,9 @@
 #include "pages/FCopyMoveEditFrame.h"
 
 #include "coreapi/Vekutils.h"
+#include "pages/Vekfilters.h"
 
 namespace {
-
-constexpr std::string_view kAllFiles = "All Files (*.*)|*.*";
 
 /// The button chooses what the target is to be.
 void BrowsesForTarget(TButtonEdit& target, const TCheckBox& isDir) {

@@ -1,10 +1,6 @@
 #include "pages/VekConcatFilesFrame.h"
 
-namespace {
-
-constexpr std::string_view kAllFiles = "All Files (*.*)|*.*";
-
-}  // namespace
+#include "pages/Vekfilters.h"
 
 TConcatFilesFrame::TConcatFilesFrame() : TActionFrame("Concatenate Files") {
   Heading("Source Files");

@@ -1,9 +1,11 @@
 #include "pages/VekFileCompareFrame.h"
 
+#include "pages/Vekfilters.h"
+
 TFileCompareFrame::TFileCompareFrame() : TActionFrame("File Compare") {
   Heading("Files");
-  ButtonEdit("txtFileA", "FileA").Hint("First file").BrowsesForFile("Select File", "All Files (*.*)|*.*");
-  ButtonEdit("txtFileB", "FileB").Hint("Second file").BrowsesForFile("Select File", "All Files (*.*)|*.*");
+  ButtonEdit("txtFileA", "FileA").Hint("First file").BrowsesForFile("Select File", kAllFiles);
+  ButtonEdit("txtFileB", "FileB").Hint("Second file").BrowsesForFile("Select File", kAllFiles);
   Heading("Compare By");
   CheckBox("chkCompareDate", "Date", "CompareDate");
   CheckBox("chkCompareSize", "Size", "CompareSize");

@@ -1,5 +1,7 @@
 #include "pages/VekFileIteratorFrame.h"
 
+#include "pages/Vekfilters.h"
+
 namespace {
 
 constexpr std::string_view kSpecControls[] = {"txtFileSpec", "chkRecurse", "chkIncludePath", "chkAnyFile"};
@@ -13,9 +15,7 @@ TFileIteratorFrame::TFileIteratorFrame()
           RadioButton("rbFileSet", "Use File Set", "UseFileSet", true).OnChange([this] { EnableMode(); })) {
   Edit("txtVariable", "VariableName").Hint("Variable that receives the file of each pass");
   RadioButton("rbFileSpec", "Use File Spec", "UseFileSet", false).OnChange([this] { EnableMode(); });
-  ButtonEdit("txtFileSpec", "FileSpec")
-      .Hint("Files to iterate")
-      .BrowsesForFile("Select File", "All Files (*.*)|*.*");
+  ButtonEdit("txtFileSpec", "FileSpec").Hint("Files to iterate").BrowsesForFile("Select File", kAllFiles);
   auto& recurse = CheckBox("chkRecurse", "Recurse Sub Directories", "Recurse");
   auto& includePath = CheckBox("chkIncludePath", "Include File Path", "IncludeFilePath");
   recurse.OnChange([&recurse, &includePath] {

@@ -1,11 +1,11 @@
 #include "pages/VekTextFindFrame.h"
 
+#include "pages/Vekfilters.h"
+
 TTextFindFrame::TTextFindFrame() : TActionFrame("Text Find") {
   Heading("Search In");
   RadioButton("rbFile", "File", "UseVariable", false).OnChange([this] { EnableControls(); });
-  ButtonEdit("txtSourcePath", "SourcePath")
-      .Hint("File to search")
-      .BrowsesForFile("Select File", "All Files (*.*)|*.*");
+  ButtonEdit("txtSourcePath", "SourcePath").Hint("File to search").BrowsesForFile("Select File", kAllFiles);
   useVariable_ =
       &RadioButton("rbVariable", "Variable", "UseVariable", true).OnChange([this] { EnableControls(); });
   Edit("txtVariable", "VekVariable").Hint("Variable whose value is searched");

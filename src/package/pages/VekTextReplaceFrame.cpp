@@ -1,14 +1,14 @@
 #include "pages/VekTextReplaceFrame.h"
 
+#include "pages/Vekfilters.h"
+
 TfrmTextReplace::TfrmTextReplace() : TActionFrame("Text Replace") {
   const auto enable = [this] { EnableControls(); };
   Heading("File");
-  ButtonEdit("txtFilename", "Filename")
-      .Hint("File to process")
-      .BrowsesForFile("Select File", "All Files (*.*)|*.*");
+  ButtonEdit("txtFilename", "Filename").Hint("File to process").BrowsesForFile("Select File", kAllFiles);
   ButtonEdit("txtNewFileName", "NewFileName")
       .Hint("File for the result; blank to change the file itself")
-      .BrowsesForFile("Select File", "All Files (*.*)|*.*");
+      .BrowsesForFile("Select File", kAllFiles);
   CheckBox("chkReplaceVariables", "Replace Variables", "DoReplaceVariables");
   replaceText_ = &CheckBox("chkReplaceText", "Replace Text", "DoReplaceText").OnChange(enable);
   Memo("memSearchText", "SearchText").Hint("Text or regular expression to find");
