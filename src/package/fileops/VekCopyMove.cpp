@@ -140,6 +140,13 @@ void TCustomCopyFilesAction::MakeFolderOf(const std::string& target) {
   if (GetPlatform().folders->CreateWithParents(folder)) madeFolder_ = folder;
 }
 
+/// The file has arrived, so that attributes that stay do not fail the step.
+void TCustomCopyFilesAction::ClearAttributesOf(const std::string& target) const {
+  const SysResult cleared = GetPlatform().entries->SetAttributes(target, FileAttribute::Normal);
+  if (!cleared)
+    ReportError("Cannot clear the attributes of " + target + ": " + SysErrorMessage(cleared.code));
+}
+
 void TCustomCopyFilesAction::StartProgress(std::string_view what, const std::string& source,
                                            const std::string& target) {
   lastPercent_ = 0;
@@ -251,6 +258,6 @@ bool TCustomCopyFilesAction::CopyFile(const std::string& source, const std::stri
   StartProgress("Copying File : ", source, target);
   const SysResult copied = entries.Copy(source, target, copyOptions_);
   if (!copied) return refuse("Win32 Error : " + SysErrorMessage(copied.code));
-  if (ClearAttributes) entries.SetAttributes(target, FileAttribute::Normal);
+  if (ClearAttributes) ClearAttributesOf(target);
   return true;
 }

@@ -139,7 +139,7 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
     return !StopOnAnyErrors;
   }
   displaced.Delete();
-  if (ClearAttributes) entries.SetAttributes(target, FileAttribute::Normal);
+  if (ClearAttributes) ClearAttributesOf(target);
   ++FilesAffected;
   return true;
 }

@@ -36,23 +36,6 @@ constexpr std::string_view kHelp[] = {
     "UseNow=Use Now for Date Time",
 };
 
-/// Gives a file that was made writable its attributes back.
-class ReadOnlyLifted {
- public:
-  ReadOnlyLifted(Entries& entries, const std::string& path, uint32_t attributes)
-      : entries_(entries), path_(path), attributes_(attributes) {
-    entries_.SetAttributes(path_, attributes_ & ~FileAttribute::ReadOnly);
-  }
-  ~ReadOnlyLifted() { entries_.SetAttributes(path_, attributes_); }
-  ReadOnlyLifted(const ReadOnlyLifted&) = delete;
-  ReadOnlyLifted& operator=(const ReadOnlyLifted&) = delete;
-
- private:
-  Entries& entries_;
-  const std::string& path_;
-  const uint32_t attributes_;
-};
-
 }  // namespace
 
 const ActionClass TCustomTouchFilesAction::kClass{
@@ -147,8 +130,11 @@ bool TCustomTouchFilesAction::TouchFile(const std::string& path) {
     if (!isReadOnly) return false;
     if (!TouchReadOnly) return true;
     if (known) {
-      const ReadOnlyLifted lifted(entries, path, attributes);
+      entries.SetAttributes(path, attributes & ~FileAttribute::ReadOnly);
       touched = entries.ChangeLastWrite(path, change);
+      const SysResult restored = entries.SetAttributes(path, attributes);
+      if (!restored)
+        ReportError("Cannot make read-only again " + path + ": " + SysErrorMessage(restored.code));
     }
   }
   if (touched) ++fileCount_;

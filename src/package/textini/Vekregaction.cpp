@@ -95,8 +95,13 @@ bool TCustomRegAction::Execute() {
     return false;
   }
   TVekRegistry registry(GetPlatform(), RegRoot, GetRegAccess());
-  if (registry.OpenKey(key, AllowCreateKey)) return InternalDoRegAction(registry, valueName);
+  const SysResult opened = registry.OpenKey(key, AllowCreateKey);
+  if (opened) return InternalDoRegAction(registry, valueName);
   SendStatusMessage({"Key does not exist : " + RegKey});
+  // The line is the same whatever kept the key from being opened.
+  if (opened.code != Win32Error::FileNotFound) {
+    ReportError("Cannot open the key " + key + ": " + SysErrorMessage(opened.code));
+  }
   return false;
 }
 

@@ -20,11 +20,11 @@ TVekRegistry::TVekRegistry(const Platform& platform, uint32_t rootKey, uint32_t 
 
 TVekRegistry::~TVekRegistry() = default;
 
-bool TVekRegistry::OpenKey(std::string_view path, bool canCreate) {
+SysResult TVekRegistry::OpenKey(std::string_view path, bool canCreate) {
   const RegistryOpen mode = canCreate ? RegistryOpen::CreateMissing : RegistryOpen::Existing;
   const SysResult opened = platform_.registry->Open(rootKey_, path, access_, mode, key_);
   if (opened.code == Win32Error::BadRegistry) throw EVekError(platform_.registry->Damage());
-  return opened.ok;
+  return opened;
 }
 
 bool TVekRegistry::ValueExists(std::string_view name) const {

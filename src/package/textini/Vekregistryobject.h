@@ -20,9 +20,9 @@ class TVekRegistry {
   TVekRegistry(const TVekRegistry&) = delete;
   TVekRegistry& operator=(const TVekRegistry&) = delete;
 
-  /// False when the key is missing and not to be created, or the access is refused; raises when the registry
-  /// itself is damaged. The rest needs an open key.
-  bool OpenKey(std::string_view path, bool canCreate);
+  /// FileNotFound when the key is missing and not to be created; raises when the registry itself is damaged.
+  /// The rest needs an open key.
+  SysResult OpenKey(std::string_view path, bool canCreate);
 
   bool ValueExists(std::string_view name) const;
   SysResult DeleteValue(std::string_view name) const;
