@@ -19,7 +19,6 @@ using testing::IsEmpty;
 namespace {
 
 struct Directories : ActionFixture, testing::Test {
-  explicit Directories(const Wrap& wrap = {}) : ActionFixture(wrap) {}
   ~Directories() override { GetPlatform().environment->SetCurrentFolder(before_); }
 
   template <class Action>

@@ -4,7 +4,6 @@
 #include "fileops/VekConcatFilesAction.h"
 #include "support/ActionFixture.h"
 #include "support/DiskTable.h"
-#include "support/FailingFiles.h"
 #include "support/OsFixture.h"
 
 namespace {
@@ -14,8 +13,6 @@ constexpr auto kAppend = TDestExistsAct::AppendIfExists;
 constexpr auto kOverwrite = TDestExistsAct::OverwriteIfExists;
 
 struct Concat : ActionFixture, testing::Test {
-  explicit Concat(const Wrap& wrap = {}) : ActionFixture(wrap) {}
-
   /// A name that begins with '=' is taken as it stands, the others are files of the folder.
   std::string Name(const std::string& name) const {
     return name.empty() || name[0] == '=' ? name.substr(!name.empty()) : folder.WindowsPath() + "\\" + name;
@@ -124,55 +121,13 @@ TEST_F(Concat, ASourceThatAnotherProgramHoldsLeavesTheDestination) {
   }
 }
 
-/// Reads a part of a file and then fails, calling `atPart` before.
-class BrokenFile final : public OpenFile {
- public:
-  BrokenFile(std::unique_ptr<OpenFile> real, std::function<void()> atPart)
-      : real_(std::move(real)), atPart_(std::move(atPart)) {}
-
-  SysResult Read(std::span<char> buffer, size_t& count) override {
-    if (reads_++ == 0) return real_->Read(buffer.first(1), count);
-    if (!atPart_) return SysResult::Failure(Win32Error::GeneralFailure);
-    atPart_();
-    return real_->Read(buffer, count);
-  }
-  SysResult Write(std::string_view bytes) override { return real_->Write(bytes); }
-  SysResult CopyFrom(OpenFile& source, uint64_t most, uint64_t& count) override {
-    return real_->CopyFrom(source, most, count);
-  }
-  SysResult Seek(uint64_t position) override { return real_->Seek(position); }
-  SysResult GetSize(uint64_t& size) override { return real_->GetSize(size); }
-  SysResult SetSize(uint64_t size) override { return real_->SetSize(size); }
-  SysResult GetLastWrite(TDateTime& local) override { return real_->GetLastWrite(local); }
-  SysResult SetLastWrite(TDateTime local) override { return real_->SetLastWrite(local); }
-
- private:
-  std::unique_ptr<OpenFile> real_;
-  std::function<void()> atPart_;
-  int reads_ = 0;
-};
-
-/// Files of which "b" is a broken one.
-struct BrokenSource {
-  Platform In(const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real);
-    failing->opened = [this](std::string_view name, std::unique_ptr<OpenFile>& file) {
-      if (name == "b") file = std::make_unique<BrokenFile>(std::move(file), atPart);
-    };
-    return failing->In(real);
-  }
-
-  std::function<void()> atPart;
-  std::unique_ptr<FailingFiles> failing;
-};
-
-struct ConcatFailing : BrokenSource, Concat {
-  ConcatFailing() : Concat([this](const Platform& real) { return In(real); }) {}
-};
-
-TEST_F(ConcatFailing, WhatFailsOnTheWayLeavesEverythingAsItWas) {
+TEST_F(Concat, WhatFailsOnTheWayLeavesEverythingAsItWas) {
   disk.Write(kDisk);
   const StringList before = disk.Read();
+  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (call.operation != "file.Read" || NamePart(call.path) != "b") return {};
+    return SysResult::Failure(Win32Error::GeneralFailure);
+  };
   for (const char* destination : {"old", "new"}) {
     for (const TDestExistsAct mode : {kAppend, kOverwrite}) {
       EXPECT_FALSE(Run({"a", "b", destination}, mode));
@@ -184,10 +139,13 @@ TEST_F(ConcatFailing, WhatFailsOnTheWayLeavesEverythingAsItWas) {
   }
 }
 
-TEST_F(ConcatFailing, AStoppedBuildLeavesEverythingAsItWas) {
+TEST_F(Concat, AStoppedBuildLeavesEverythingAsItWas) {
   disk.Write(kDisk);
   const StringList before = disk.Read();
-  atPart = [this] { Context().Stop().RequestStop(); };
+  fault = [this](const PlatformCall& call) -> std::optional<SysResult> {
+    if (call.operation == "file.Read" && NamePart(call.path) == "b") Context().Stop().RequestStop();
+    return {};
+  };
   EXPECT_FALSE(Run({"a", "b", "old"}, kAppend));
   EXPECT_EQ(Lines(), StringList{"Copied 2 bytes from source file 1"});
   EXPECT_EQ(disk.Read(), before);

@@ -5,7 +5,6 @@
 #include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "support/ActionFixture.h"
-#include "support/FailingFiles.h"
 #include "textini/VekCreateTextFileAction.h"
 
 using testing::ElementsAre;
@@ -90,22 +89,6 @@ TEST_F(CreateTextFile, AFileThatCannotBeWrittenIsReported) {
     EXPECT_THAT(Lines(), ElementsAre("File creation failed: " + SystemText(Win32Error::AccessDenied)));
   }
   EXPECT_EQ(folder.Read("locked.txt"), "kept");
-}
-
-TEST(CreateTextFileFailing, AFullDiskLeavesTheOldFile) {
-  std::unique_ptr<FailingFiles> failing;
-  ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real);
-    failing->replacement = SysResult::Failure(Win32Error::DiskFull);
-    return failing->In(real);
-  });
-  fixture.folder.Write("old.txt", "old");
-  const auto action = fixture.Make<TVekCreateTextFileAction>();
-  action->NewFileName = fixture.folder.Path("old.txt");
-  action->OverwriteExisting = true;
-  EXPECT_FALSE(fixture.Run(*action));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("File creation failed: " + SystemText(Win32Error::DiskFull)));
-  EXPECT_EQ(fixture.folder.Read("old.txt"), "old");
 }
 
 TEST_F(CreateTextFile, ExpansionFailuresAreTheHostsToReport) {

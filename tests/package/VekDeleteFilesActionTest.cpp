@@ -5,7 +5,6 @@
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
 #include "support/ActionFixture.h"
-#include "support/FailingFiles.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -13,8 +12,6 @@ using testing::IsEmpty;
 namespace {
 
 struct DeleteFiles : ActionFixture, testing::Test {
-  explicit DeleteFiles(const Wrap& wrap = {}) : ActionFixture(wrap) {}
-
   bool Delete(const std::string& spec) {
     action->SetFileSpec(spec);
     return ActionFixture::Run(*action);
@@ -107,60 +104,32 @@ TEST_F(DeleteFiles, ExpandsAndTrimsTheSpec) {
   EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
-/// What the system reports for the file "b.tmp", and what comes of it.
-struct FailureCase {
-  const char* name;
-  FailingFiles::Deletion deletion;
-  bool result;
-  std::optional<Win32Error> reported;
-  const char* summary;
-  size_t filesLeft;
-};
-
-void PrintTo(const FailureCase& testCase, std::ostream* stream) { *stream << testCase.name; }
-
-struct DeleteFilesFailing : testing::TestWithParam<FailureCase> {};
-
-TEST_P(DeleteFilesFailing, Reports) {
-  const FailureCase& wanted = GetParam();
-  std::unique_ptr<FailingFiles> failing;
-  ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real);
-    failing->deletions["b.tmp"] = wanted.deletion;
-    return failing->In(real);
-  });
-  for (const char* name : {"a.tmp", "b.tmp", "c.tmp"}) fixture.folder.Write(name, "x");
-  const auto action = fixture.Make<TDeleteFilesAction>();
-  const std::string here = fixture.folder.WindowsPath() + '\\';
-  action->SetFileSpec(here + "*.tmp");
-
-  EXPECT_EQ(fixture.Run(*action), wanted.result);
-  StringList lines{"Deleting files : " + here + "*.tmp"};
-  if (wanted.reported) {
-    lines.push_back(" --> Error Deleting File : " + here + "b.tmp");
-    lines.push_back(" --> " + SystemText(*wanted.reported));
+TEST_F(DeleteFiles, AnswersOfTheSystemThatAreOdd) {
+  const std::string here = folder.WindowsPath() + '\\';
+  const struct {
+    const char* name;
+    SysResult answer;
+    bool result;
+    StringList lines;
+  } cases[] = {
+      {"a refusal without a code", SysResult::Failure(Win32Error::Success), true, {"0 Files Deleted."}},
+      {"a success, and the file is still there",
+       SysResult(),
+       false,
+       {" --> Error Deleting File : " + here + "a.tmp", " --> " + SystemText(Win32Error::Success),
+        "0 Files Deleted."}},
+  };
+  Write({"a.tmp"});
+  action->FailIfNoFile = false;
+  for (const auto& wanted : cases) {
+    fault = [&](const PlatformCall& call) {
+      return call.operation == "entries.Delete" ? std::optional(wanted.answer) : std::nullopt;
+    };
+    EXPECT_EQ(Delete(here + "*.tmp"), wanted.result) << wanted.name;
+    StringList lines = wanted.lines;
+    lines.insert(lines.begin(), "Deleting files : " + here + "*.tmp");
+    EXPECT_EQ(Lines(), lines) << wanted.name;
   }
-  lines.emplace_back(wanted.summary);
-  EXPECT_EQ(fixture.Lines(), lines);
-  EXPECT_EQ(fixture.folder.Names().size(), wanted.filesLeft);
 }
-
-constexpr SysResult kDone;
-INSTANTIATE_TEST_SUITE_P(
-    Table, DeleteFilesFailing,
-    testing::Values(FailureCase{"DiskFails",
-                                {SysResult::Failure(Win32Error::WriteProtect)},
-                                false,
-                                Win32Error::WriteProtect,
-                                "1 Files Deleted.",
-                                2},
-                    FailureCase{"NoErrorCode",
-                                {SysResult::Failure(Win32Error::Success)},
-                                true,
-                                std::nullopt,
-                                "2 Files Deleted.",
-                                1},
-                    FailureCase{"FileSurvives", {kDone}, false, Win32Error::Success, "1 Files Deleted.", 2}),
-    [](const auto& info) { return info.param.name; });
 
 }  // namespace

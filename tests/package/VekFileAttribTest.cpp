@@ -6,7 +6,6 @@
 #include "platform/FileAttributes.h"
 #include "support/ActionFixture.h"
 #include "support/DiskTable.h"
-#include "support/FailingFiles.h"
 #include "support/OsFixture.h"
 #include "support/WineLimits.h"
 
@@ -20,6 +19,14 @@ using enum TAttributeSetting;
 
 /// Records the words that are written and lets `refused` fail.
 struct Attributes : testing::Test {
+  Attributes() {
+    fixture.fault = [this](const PlatformCall& call) -> std::optional<SysResult> {
+      if (call.operation != "entries.SetAttributes") return {};
+      written[std::string(NamePart(call.path))] = call.bits & FileAttribute::AnyFile;
+      if (NamePart(call.path) == refused) return SysResult::Failure(Win32Error::WriteProtect);
+      return {};
+    };
+  }
   bool SetOn(const std::string& name) {
     action->FileSpec = WideString(fixture.folder.WindowsPath() + '\\' + name);
     written.clear();
@@ -29,16 +36,7 @@ struct Attributes : testing::Test {
 
   std::map<std::string, uint32_t> written;
   std::string refused;
-  std::unique_ptr<FailingFiles> files;
-  ActionFixture fixture{[this](const Platform& real) {
-    files = std::make_unique<FailingFiles>(real);
-    files->settingAttributes = [this](std::string_view name, uint32_t attributes) -> FailingFiles::Answer {
-      written[std::string(name)] = attributes & FileAttribute::AnyFile;
-      if (name == refused) return SysResult::Failure(Win32Error::WriteProtect);
-      return {};
-    };
-    return files->In(real);
-  }};
+  ActionFixture fixture;
   DiskTable disk{fixture.folder, fixture.GetPlatform()};
   std::unique_ptr<TSetFileAttributesAction> action = fixture.Make<TSetFileAttributesAction>();
 };

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
@@ -7,9 +5,8 @@
 #include "host/project/Project.h"
 #include "pages/VekFileSetCopyMoveFrame.h"
 #include "support/ActionFixture.h"
-#include "support/DiskTable.h"
-#include "support/FailingFiles.h"
 #include "support/NullHost.h"
+#include "support/RunTable.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -22,7 +19,7 @@ using enum TCopyOverwriteMode;
 
 /// The action on the file set "Set": all that is below the folder "in", or whatever a test makes of it.
 struct FileSetRuns : ActionFixture {
-  explicit FileSetRuns(const Wrap& wrap = {}) : ActionFixture(wrap) {
+  FileSetRuns() {
     Context().SetVariable("D", folder.WindowsPath());
     action->SetFileSetName("Set");
     action->DestinationFolder = "%D%\\out";
@@ -39,11 +36,6 @@ struct FileSetRuns : ActionFixture {
 
   /// What is logged, with the system's texts and the folder put in.
   StringList Wanted(const StringList& lines) const { return disk.Lines(lines); }
-  StringList Progress() {
-    StringList events = Events().events;
-    std::erase_if(events, [](const std::string& event) { return !event.starts_with("progress"); });
-    return events;
-  }
 
   Project project;
   std::unique_ptr<TVekFileSetCopyMoveAction> action = Make<TVekFileSetCopyMoveAction>();
@@ -51,14 +43,6 @@ struct FileSetRuns : ActionFixture {
 };
 
 struct FileSetCopy : FileSetRuns, testing::Test {};
-
-struct FileSetCopyFailing : testing::Test {
-  std::unique_ptr<FailingFiles> files;
-  FileSetRuns runs{[this](const Platform& real) {
-    files = std::make_unique<FailingFiles>(real);
-    return files->In(real);
-  }};
-};
 
 TEST_F(FileSetCopy, PutsAllFilesIntoOneFolder) {
   disk.Write({"in/a=A", "in/sub/b=B"});
@@ -90,84 +74,36 @@ TEST_F(FileSetCopy, ABaseWithATrailingDelimiterIsTheSame) {
   }
 }
 
-/// What a destination that exists comes to; "old" is read-only where the line says so.
-struct ExistingCase {
-  const char* name;
-  TCopyOverwriteMode mode;
-  bool move;
-  const char* before;
-  StringList lines;  // after "... 1 files..." and the line of the file
-  const char* error;
-  StringList after;
+// What a destination that exists comes to.
+const std::string kCopy = "Copying 1 files...|Copying %D%\\in\\a to %D%\\out\\a...";
+const std::string kMove = "Moving 1 files...|Moving %D%\\in\\a to %D%\\out\\a...";
+const std::string kOverwriting = "|Overwriting destination file %D%\\out\\a";
+const std::string kExists = "Error : Destination file %D%\\out\\a already exists.";
+
+// clang-format off
+const RunCase kExisting[] = {
+    {"Fail", "OverwriteMode=owFail", "in/a=A out/a=old", false, kCopy, "in/a=A out/a=old", "", kExists},
+    {"MoveFail", "OverwriteMode=owFail|Move=True", "in/a=A out/a=old", false, kMove, "in/a=A out/a=old", "", kExists},
+    {"Ignore", "OverwriteMode=owIgnore", "in/a=A !out/a=old", true,
+     kCopy + "|(Destination file already exists. Skipping.)", "in/a=A !out/a=old"},
+    {"Overwrite", "OverwriteMode=owOverwrite", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"MoveOverwrite", "OverwriteMode=owOverwrite|Move=True", "in/a=A out/a=old", true, kMove + kOverwriting, "in/ out/a=A"},
+    {"OverwriteLeavesReadOnly", "OverwriteMode=owOverwrite", "in/a=A !out/a=old", false,
+     kCopy + kOverwriting, "in/a=A !out/a=old", "", "Error : Destination file %D%\\out\\a is read only."},
+    {"ReadOnly", "OverwriteMode=owReadOnly", "in/a=A !out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"ReadOnlyTakesWritableOnes", "OverwriteMode=owReadOnly", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"MoveReadOnlyMakesWritableAndFails", "OverwriteMode=owReadOnly|Move=True", "in/a=A !out/a=old", false,
+     kMove + kOverwriting, "in/a=A out/a=old", "", "Error : Unable to copy file. Received {183}"},
+    {"AFolderThatCannotBeMade", "OverwriteMode=owFail", "in/a=A out=file", false, kCopy, "in/a=A out=file", "",
+     "Error : Unable to copy file. Received {3}"},
 };
+// clang-format on
 
-void PrintTo(const ExistingCase& testCase, std::ostream* stream) { *stream << testCase.name; }
-
-const std::string kOverwriting = "Overwriting destination file %D%\\out\\a";
-
-const ExistingCase kExisting[] = {
-    {"Fail",
-     owFail,
-     false,
-     "out/a=old",
-     {},
-     "Error : Destination file %D%\\out\\a already exists.",
-     {"in/a=A", "out/a=old"}},
-    {"MoveFail",
-     owFail,
-     true,
-     "out/a=old",
-     {},
-     "Error : Destination file %D%\\out\\a already exists.",
-     {"in/a=A", "out/a=old"}},
-    {"Ignore",
-     owIgnore,
-     false,
-     "!out/a=old",
-     {"(Destination file already exists. Skipping.)"},
-     nullptr,
-     {"in/a=A", "!out/a=old"}},
-    {"Overwrite", owOverwrite, false, "out/a=old", {kOverwriting}, nullptr, {"in/a=A", "out/a=A"}},
-    {"MoveOverwrite", owOverwrite, true, "out/a=old", {kOverwriting}, nullptr, {"in/", "out/a=A"}},
-    {"OverwriteLeavesReadOnly",
-     owOverwrite,
-     false,
-     "!out/a=old",
-     {kOverwriting},
-     "Error : Destination file %D%\\out\\a is read only.",
-     {"in/a=A", "!out/a=old"}},
-    {"ReadOnly", owReadOnly, false, "!out/a=old", {kOverwriting}, nullptr, {"in/a=A", "out/a=A"}},
-    {"ReadOnlyTakesWritableOnes",
-     owReadOnly,
-     false,
-     "out/a=old",
-     {kOverwriting},
-     nullptr,
-     {"in/a=A", "out/a=A"}},
-    {"MoveReadOnlyMakesWritableAndFails",
-     owReadOnly,
-     true,
-     "!out/a=old",
-     {kOverwriting},
-     "Error : Unable to copy file. Received {183}",
-     {"in/a=A", "out/a=old"}},
-};
-
-struct FileSetExisting : testing::TestWithParam<ExistingCase> {};
+struct FileSetExisting : testing::TestWithParam<RunCase> {};
 
 TEST_P(FileSetExisting, Run) {
-  const ExistingCase& wanted = GetParam();
   FileSetRuns runs;
-  runs.disk.Write({"in/a=A", wanted.before});
-  runs.action->OverwriteMode = wanted.mode;
-  runs.action->Move = wanted.move;
-  EXPECT_EQ(runs.Perform(), !wanted.error);
-  const std::string verb = wanted.move ? "Moving " : "Copying ";
-  StringList lines{verb + "1 files...", verb + "%D%\\in\\a to %D%\\out\\a..."};
-  lines.insert(lines.end(), wanted.lines.begin(), wanted.lines.end());
-  EXPECT_EQ(runs.Lines(), runs.Wanted(lines));
-  EXPECT_EQ(runs.Errors(), wanted.error ? runs.Wanted({wanted.error}) : StringList());
-  EXPECT_EQ(runs.disk.Read(), wanted.after);
+  ExpectRun(runs, *runs.action, GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, FileSetExisting, testing::ValuesIn(kExisting),
@@ -231,13 +167,6 @@ TEST_F(FileSetCopy, WhatCannotBeExpandedIsReported) {
   }
 }
 
-TEST_F(FileSetCopy, AFolderThatCannotBeMadeEndsTheRun) {
-  disk.Write({"in/a=A", "in/b=B", "out=file"});
-  EXPECT_FALSE(Perform());
-  EXPECT_EQ(Errors(), Wanted({"Error : Unable to copy file. Received {3}"}));
-  EXPECT_EQ(Lines().size(), 2u);
-}
-
 /// A file set of any files at all.
 struct ListedFiles final : IVekFileSet {
   StringList files;
@@ -261,7 +190,7 @@ class TListedFilesAction final : public TCustomVekFileSetCopyMoveAction {
   bool Execute() override { return ExecuteFileSet(set); }
 };
 
-TEST_F(FileSetCopyFailing, TheFirstOccurrenceOfTheBaseIsExchanged) {
+TEST_F(FileSetCopy, TheFirstOccurrenceOfTheBaseIsExchanged) {
   const std::string outside =
       " not contained within FileSet base directory. Cannot recreate hierarchy. File "
       "will be copied to root of target directory.";
@@ -279,128 +208,124 @@ TEST_F(FileSetCopyFailing, TheFirstOccurrenceOfTheBaseIsExchanged) {
       {"C:\\srcs\\a", "C:\\src", "C:\\srcs\\a"},  // it occurs, but not as a folder
       {"C:\\\xC3\xA4\\a", "C:\\\xC3\xA4", "T\\a"},
   };
-  files->makesNoFolders = true;
-  const auto action = runs.Make<TListedFilesAction>();
+  std::string_view present;
+  fault = [&present](const PlatformCall& call) -> std::optional<SysResult> {
+    const bool isThere = call.isQuestion && NamePart(call.path) == present;
+    return isThere || call.operation == "folders.CreateWithParents" ? std::optional(SysResult())
+                                                                    : std::nullopt;
+  };
+  const auto action = Make<TListedFilesAction>();
   action->OverwriteMode = owIgnore;
   action->RecreateHierarchy = true;
   action->DestinationFolder = "T\\";
   for (const auto& wanted : cases) {
     action->set.files = {wanted.file};
     action->set.base = wanted.base;
-    files->present = NamePart(wanted.file);
-    static_cast<ActionFixture&>(runs).Run(*action);
-    EXPECT_THAT(runs.Lines(), Contains("Copying " + wanted.file + " to " + wanted.destination + "..."));
-    EXPECT_THAT(runs.Lines(), wanted.isOutside ? testing::Matcher<StringList>(Contains(wanted.file + outside))
-                                               : Not(Contains(wanted.file + outside)));
+    present = NamePart(wanted.file);
+    ActionFixture::Run(*action);
+    EXPECT_THAT(Lines(), Contains("Copying " + wanted.file + " to " + wanted.destination + "..."));
+    EXPECT_THAT(Lines(), wanted.isOutside ? testing::Matcher<StringList>(Contains(wanted.file + outside))
+                                          : Not(Contains(wanted.file + outside)));
   }
 }
 
-TEST_F(FileSetCopyFailing, NamesMayHoldLineBreaksOfOtherKinds) {
-  const auto action = runs.Make<TListedFilesAction>();
+TEST_F(FileSetCopy, NamesMayHoldLineBreaksOfOtherKinds) {
+  const auto action = Make<TListedFilesAction>();
   action->set.files = {"a\nb", "c\rd"};
   action->set.base = action->DestinationFolder = "T";
-  static_cast<ActionFixture&>(runs).Run(*action);
-  EXPECT_THAT(runs.Lines(), ElementsAre("Copying 2 files...", "Skipping file not found : a\nb",
-                                        "Skipping file not found : c\rd"));
+  ActionFixture::Run(*action);
+  EXPECT_THAT(Lines(), ElementsAre("Copying 2 files...", "Skipping file not found : a\nb",
+                                   "Skipping file not found : c\rd"));
 }
 
-TEST_F(FileSetCopyFailing, SystemErrorsEndTheRun) {
-  const struct {
-    bool move;
-    const char* error;
-  } cases[] = {{false, "Error : Unable to copy file. Received {112}"},
-               {true, "Error : Unable to copy file. Received {17}"}};
-  runs.disk.Write({"in/a=A", "in/b=B", "in/c=C"});
-  files->copying = [](std::string_view name, const CopyOptions&) -> FailingFiles::Answer {
-    if (name == "b") return SysResult::Failure(Win32Error::DiskFull);
-    return std::nullopt;
-  };
-  files->moving = [](std::string_view, uint32_t, const CopyProgress&) {
+TEST_F(FileSetCopy, AMoveThatFailsIsSaidToBeACopy) {
+  disk.Write({"in/a=A"});
+  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (!call.progress) return {};
     return SysResult::Failure(Win32Error::NotSameDevice);
   };
-  runs.action->OverwriteMode = owOverwrite;
-  for (const auto& wanted : cases) {
-    runs.action->Move = wanted.move;
-    EXPECT_FALSE(runs.Perform());
-    EXPECT_EQ(runs.Errors(), runs.Wanted({wanted.error}));
-  }
-  EXPECT_THAT(runs.folder.Names("out"), ElementsAre("a"));
+  action->Move = true;
+  EXPECT_FALSE(Perform());
+  EXPECT_EQ(Errors(), Wanted({"Error : Unable to copy file. Received {17}"}));
 }
 
-TEST_F(FileSetCopyFailing, AttributesThatCannotBeWrittenEndTheRun) {
-  runs.disk.Write({"in/a=A", "!out/a=old"});
-  files->settingAttributes = [](std::string_view, uint32_t) {
+TEST_F(FileSetCopy, AttributesThatCannotBeWrittenEndTheRun) {
+  disk.Write({"in/a=A", "!out/a=old"});
+  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (call.operation != "entries.SetAttributes") return {};
     return SysResult::Failure(Win32Error::WriteProtect);
   };
-  runs.action->OverwriteMode = owReadOnly;
-  EXPECT_FALSE(runs.Perform());
-  EXPECT_EQ(runs.Errors(), runs.Wanted({"Error : Unable to write to destination file %D%\\out\\a. {19}"}));
+  action->OverwriteMode = owReadOnly;
+  EXPECT_FALSE(Perform());
+  EXPECT_EQ(Errors(), Wanted({"Error : Unable to write to destination file %D%\\out\\a. {19}"}));
 
-  runs.action->DestinationFolder = "%D%\\new";
-  runs.action->ClearAttributes = true;
-  EXPECT_FALSE(runs.Perform());
-  EXPECT_EQ(runs.Errors(),
-            runs.Wanted({"Error : Could not clear attributes on destination file. Received {19}"}));
+  action->DestinationFolder = "%D%\\new";
+  action->ClearAttributes = true;
+  EXPECT_FALSE(Perform());
+  EXPECT_EQ(Errors(), Wanted({"Error : Could not clear attributes on destination file. Received {19}"}));
 }
 
-TEST_F(FileSetCopyFailing, MovesReplaceInOneModeOnly) {
-  runs.disk.Write({"in/a=A"});
-  runs.action->Move = true;
+TEST_F(FileSetCopy, MovesReplaceInOneModeOnly) {
+  disk.Write({"in/a=A"});
   for (const auto mode : {owFail, owOverwrite, owReadOnly, owIgnore}) {
-    files->moving = [&](std::string_view, uint32_t flags, const CopyProgress&) {
-      EXPECT_EQ(flags, mode == owOverwrite ? 11u : 10u);
+    int transfers = 0;
+    fault = [&](const PlatformCall& call) -> std::optional<SysResult> {
+      if (!call.copy && !call.progress) return {};
+      ++transfers;
+      EXPECT_TRUE(!call.copy || call.copy->failIfExists == (mode == owFail));
+      EXPECT_TRUE(!call.progress || call.bits == (mode == owOverwrite ? 11u : 10u));
       return SysResult();
     };
-    files->copying = [&](std::string_view, const CopyOptions& options) {
-      EXPECT_EQ(options.failIfExists, mode == owFail);
-      return SysResult();
-    };
-    runs.action->OverwriteMode = mode;
+    action->OverwriteMode = mode;
     for (const bool move : {true, false}) {
-      runs.action->Move = move;
-      EXPECT_TRUE(runs.Perform());
+      action->Move = move;
+      EXPECT_TRUE(Perform());
     }
+    EXPECT_EQ(transfers, 2);
   }
 }
 
-TEST_F(FileSetCopyFailing, ProgressCountsTheFinishedFiles) {
-  runs.disk.Write({"in/a=1234567", "in/b=12", "in/c=1"});
-  files->copying = [](std::string_view name, const CopyOptions& options) {
+TEST_F(FileSetCopy, ProgressCountsTheFinishedFiles) {
+  disk.Write({"in/a=1234567", "in/b=12", "in/c=1"});
+  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (!call.copy && !call.progress) return {};
+    const std::string_view name = NamePart(call.path);
     const uint64_t size = name == "a" ? 7 : name == "b" ? 2 : 1;
-    options.progress(0, size);
-    options.progress(size, size);
+    for (const uint64_t done : {uint64_t{0}, size}) {
+      if (call.copy) call.copy->progress(done, size);
+    }
     return SysResult();
   };
-  files->moving = [](std::string_view, uint32_t, const CopyProgress&) { return SysResult(); };
-  EXPECT_TRUE(runs.Perform());
+  EXPECT_TRUE(Perform());
   const auto line = [&](const std::string& verb, const std::string& name, int percent) {
-    return runs.Wanted({"progress  " + verb + " %D%\\in\\" + name + " to %D%\\out\\" + name + "... " +
-                        std::to_string(percent)})[0];
+    return Wanted({"progress  " + verb + " %D%\\in\\" + name + " to %D%\\out\\" + name + "... " +
+                   std::to_string(percent)})[0];
   };
-  EXPECT_THAT(runs.Progress(),
+  EXPECT_THAT(Events().Of("progress"),
               ElementsAre(line("Copying", "a", 0), line("Copying", "a", 70), line("Copying", "b", 70),
                           line("Copying", "b", 90), line("Copying", "c", 90), line("Copying", "c", 100)));
-  runs.action->Move = true;
-  EXPECT_TRUE(runs.Perform());
-  EXPECT_THAT(runs.Progress(),
+  action->Move = true;
+  EXPECT_TRUE(Perform());
+  EXPECT_THAT(Events().Of("progress"),
               ElementsAre(line("Moving", "a", 0), line("Moving", "b", 70), line("Moving", "c", 90)));
 }
 
-TEST_F(FileSetCopyFailing, TerminationStopsTheCopyAndTheLoop) {
-  runs.disk.Write({"in/a=A", "in/b=B"});
-  files->copying = [&](std::string_view, const CopyOptions& options) -> FailingFiles::Answer {
-    EXPECT_FALSE(*options.cancel);
-    runs.action->TerminateAction();
-    EXPECT_TRUE(*options.cancel);
+TEST_F(FileSetCopy, TerminationStopsTheCopyAndTheLoop) {
+  disk.Write({"in/a=A", "in/b=B"});
+  fault = [this](const PlatformCall& call) -> std::optional<SysResult> {
+    if (!call.copy) return {};
+    EXPECT_FALSE(*call.copy->cancel);
+    action->TerminateAction();
+    EXPECT_TRUE(*call.copy->cancel);
     return SysResult();  // this copy was through before it looked
   };
   for (int run = 1; run <= 2; ++run) {
-    EXPECT_FALSE(runs.Perform());
-    EXPECT_EQ(runs.Lines(),
-              runs.Wanted({"Copying 2 files...", "Copying %D%\\in\\a to %D%\\out\\a...", "Terminating..."}));
-    EXPECT_THAT(runs.Errors(), IsEmpty());
+    EXPECT_FALSE(Perform());
+    EXPECT_EQ(Lines(),
+              Wanted({"Copying 2 files...", "Copying %D%\\in\\a to %D%\\out\\a...", "Terminating..."}));
+    EXPECT_THAT(Errors(), IsEmpty());
   }
-  EXPECT_TRUE(runs.action->CanTerminate());
+  EXPECT_TRUE(action->CanTerminate());
 }
 
 TEST(FileSetCopyPage, WritesWhatItShows) {

@@ -4,7 +4,6 @@
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
 #include "support/ActionFixture.h"
-#include "support/FailingFiles.h"
 #include "support/OsFixture.h"
 #include "textini/VekWriteToTextFileAction.h"
 
@@ -102,21 +101,6 @@ TEST_F(WriteToTextFile, AFileThatAnotherProgramHoldsIsReported) {
     EXPECT_THAT(Lines(), ElementsAre("File edit failed: " + SystemText(Win32Error::SharingViolation)));
   }
   EXPECT_EQ(folder.Read("held.txt"), "kept");
-}
-
-TEST(WriteToTextFileFailing, AFullDiskLeavesTheOldFile) {
-  std::unique_ptr<FailingFiles> failing;
-  ActionFixture fixture([&](const Platform& real) {
-    failing = std::make_unique<FailingFiles>(real);
-    failing->replacement = SysResult::Failure(Win32Error::DiskFull);
-    return failing->In(real);
-  });
-  fixture.folder.Write("file.txt", "old");
-  const auto action = fixture.Make<TVekWriteToTextFileAction>();
-  action->FileName = fixture.folder.Path("file.txt");
-  EXPECT_FALSE(fixture.Run(*action));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("File edit failed: " + SystemText(Win32Error::DiskFull)));
-  EXPECT_EQ(fixture.folder.Read("file.txt"), "old");
 }
 
 TEST_F(WriteToTextFile, ExpansionFailuresAreTheHostsToReport) {

@@ -5,9 +5,9 @@
 #include "gtest/gtest.h"
 
 #include "platform/Clock.h"
+#include "platform/Contents.h"
 #include "process/VekXcopyAction.h"
 #include "support/ActionFixture.h"
-#include "support/FailingFiles.h"
 #include "support/ScriptedServices.h"
 
 using testing::ElementsAre;
@@ -34,11 +34,7 @@ struct XCopyTest : testing::Test {
     return ReplaceAll(fixture.Lines().back().substr(kCalling.size()), fixture.folder.Path(), "%F%");
   }
 
-  std::unique_ptr<FailingFiles> owned;
-  ActionFixture fixture{[this](const Platform& real) {
-    owned = std::make_unique<FailingFiles>(real);
-    return owned->In(real);
-  }};
+  ActionFixture fixture;
   ScriptedServices services;
 };
 
@@ -92,7 +88,10 @@ TEST_F(XCopyTest, ExcludedNamesGoThroughAFile) {
 
   CommandLine([](TVekXCopyAction& a) { a.ExcludeFiles = {"plain", "%MISSING%"}; });
   EXPECT_THAT(fixture.Errors(), ElementsAre(testing::StartsWith("Excluded file 1: ")));
-  owned->replacement = SysResult::Failure(Win32Error::DiskFull);
+  fixture.fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (call.operation != "contents.Replace") return {};
+    return SysResult::Failure(Win32Error::DiskFull);
+  };
   EXPECT_EQ(CommandLine([](TVekXCopyAction& a) { a.ExcludeFiles = {"plain"}; }), "");
   EXPECT_THAT(fixture.Errors(), ElementsAre(HasSubstr(SystemText(Win32Error::DiskFull))));
 }

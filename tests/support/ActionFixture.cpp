@@ -6,6 +6,12 @@ void RecordingEvents::Add(std::string_view kind, std::string_view rest) {
   events.push_back(std::string(kind) + ' ' + std::string(rest));
 }
 
+StringList RecordingEvents::Of(std::string_view kind) const {
+  StringList found = events;
+  std::erase_if(found, [kind](const std::string& event) { return !event.starts_with(kind); });
+  return found;
+}
+
 void RecordingEvents::Message(std::string_view path, std::string_view text) {
   Add("message", std::string(path) + ' ' + std::string(text));
   lines.emplace_back(text);
@@ -41,8 +47,8 @@ void RecordingEvents::BuildEnd(const BuildSummary& summary) {
 ActionFixture::ActionFixture(const Wrap& wrap, bool unattended)
     : owner_(
           CreatePlatform([](char) { return std::nullopt; }, [this] { return folder.Path("registry.reg"); })),
-      platform_(wrap ? wrap(owner_->Get()) : owner_->Get()),
-      context_(platform_, catalogue_, events_, unattended) {}
+      platform_(wrap ? wrap(owner_->Get()) : owner_->Get(), fault),
+      context_(platform_.Get(), catalogue_, events_, unattended) {}
 
 bool ActionFixture::Run(TCustomVekAction& action) {
   events_.Clear();

@@ -9,6 +9,7 @@
 #include "host/engine/BuildContext.h"
 #include "host/log/EventSink.h"
 #include "platform/CreatePlatform.h"
+#include "support/FaultyPlatform.h"
 #include "support/SystemText.h"
 #include "support/TempFolder.h"
 
@@ -20,6 +21,9 @@ class RecordingEvents final : public EventSink {
   StringList errors;  // what the host reported
 
   void Clear() { events = lines = errors = {}; }
+
+  /// The events of a kind.
+  StringList Of(std::string_view kind) const;
 
   void BuildStart(std::string_view project) override { Add("build-start", project); }
   void ActionStart(const ActionPlace& place) override { Add("start", place.path); }
@@ -35,14 +39,16 @@ class RecordingEvents final : public EventSink {
   void Add(std::string_view kind, std::string_view rest);
 };
 
-/// A real folder, platform and host for the actions of a test; `Wrap` may put something between them and the
-/// operating system.
+/// A real folder, platform and host for the actions of a test; `Wrap` may exchange parts of the platform.
 class ActionFixture {
  public:
   using Wrap = std::function<Platform(const Platform& real)>;
   explicit ActionFixture(const Wrap& wrap = {}, bool unattended = true);
 
   TempFolder folder;
+
+  /// What is to go wrong on the platform; nothing unless a test says so.
+  Fault fault;
 
   template <class Action>
   std::unique_ptr<Action> Make() {
@@ -56,11 +62,11 @@ class ActionFixture {
   const StringList& Errors() const { return events_.errors; }
   BuildContext& Context() { return context_; }
   RecordingEvents& Events() { return events_; }
-  const Platform& GetPlatform() const { return platform_; }
+  const Platform& GetPlatform() const { return platform_.Get(); }
 
  private:
   std::unique_ptr<PlatformOwner> owner_;
-  Platform platform_;
+  FaultyPlatform platform_;
   Catalogue catalogue_;
   RecordingEvents events_;
   BuildContext context_;
