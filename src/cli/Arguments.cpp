@@ -100,6 +100,10 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   run->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
   AddRepeatable(*run, "--secret", arguments.secrets, "NAME",
                 "Show the values of this variable in no log; may be repeated");
+  run->add_flag("--strict", arguments.strict,
+                "A step that logged errors has failed, whatever its type makes of them");
+  run->add_flag("-k,--keep-going", arguments.keepGoing,
+                "Go on after a failed step; the build fails at its end");
   run->add_flag("--validate", arguments.validate, "Refuse a project whose actions are not set up completely");
   AddBuildOptions(*run, arguments, raw);
 

@@ -26,6 +26,8 @@ struct Arguments {
   bool validate = false;
   bool unattended = false;
   bool allowProtected = false;
+  bool strict = false;
+  bool keepGoing = false;
   bool verbose = false;
   bool quiet = false;
 

@@ -15,6 +15,7 @@
 #include "host/project/ProjectFile.h"
 #include "host/project/Validation.h"
 #include "platform/Console.h"
+#include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
 
@@ -59,14 +60,21 @@ class BuildLog final : private OutputStream {
   }
 
   void OpenFile(const Project& project) {
-    const Platform& platform = session_.GetPlatform();
-    if (!project.fileName.empty() && platform.environment->FullPath(fileName_) == project.fileName) {
+    if (!project.fileName.empty() && IsProject(project.fileName)) {
       throw EVekError("cannot write the log " + fileName_ + ": it is the project");
     }
     SysResult opened;
     file_ = session_.GetConsole().OpenFile(fileName_, opened);
     if (!file_) throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(opened.code));
     target_ = file_.get();
+  }
+
+  /// A link to the project and another name of it are the project, too.
+  bool IsProject(const std::string& projectFile) const {
+    const Platform& platform = session_.GetPlatform();
+    const auto identity = platform.entries->Identity(fileName_);
+    return platform.environment->FullPath(fileName_) == projectFile ||
+           (identity && identity == platform.entries->Identity(projectFile));
   }
 
   std::unique_ptr<EventSink> Create(const Arguments& arguments, bool terminal) {
@@ -178,7 +186,8 @@ int Build(const Arguments& arguments, const Load& load) {
 
   log.Open(project);
   session.Dialogs().SetBuild(&context);
-  const BuildSummary summary = Engine(context).Run(project, arguments.subject);
+  const BuildSummary summary =
+      Engine(context, {arguments.strict, arguments.keepGoing}).Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);
   if (log.ReportFailure()) return kFailed;
   if (summary.result == ActionResult::Stopped) return kStoppedByUser;

@@ -12,6 +12,6 @@ class NoEvents final : public EventSink {
   void Progress(std::string_view, std::string_view, int32_t) override {}
   void Variable(std::string_view, std::string_view, const Variant&) override {}
   void Error(std::string_view, std::string_view) override {}
-  void ActionEnd(const ActionPlace&, ActionResult, double) override {}
+  void ActionEnd(const ActionPlace&, const ActionOutcome&) override {}
   void BuildEnd(const BuildSummary&) override {}
 };

@@ -211,6 +211,10 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   std::string SysErrorMessage(Win32Error code) const;
 
   // Steps that many actions have in common.
+  /// Tells the host that what is logged is an error: for those that do not make the action fail, too. What
+  /// goes through AttemptOrReport, TryExpandExpression or ReportError is counted already.
+  void CountError() const;
+
   /// Does one step of Execute. What it raises is reported in a status message: `complaint` with `subject` as
   /// far as the step brought it, then `mark` with the reason; answers false then.
   bool AttemptOrReport(std::string_view complaint, const std::string& subject, std::string_view mark,

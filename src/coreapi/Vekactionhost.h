@@ -48,6 +48,9 @@ class IVekActionHost {
   virtual void SendProgress(std::string_view text, int32_t percent) = 0;
   virtual void ReportError(std::string_view text) = 0;
 
+  /// The running action has logged an error in words of its own. [any thread]
+  virtual void CountError() {}
+
   /// What is logged while the log is held back may be written in one go when it is let go: for a moment in
   /// which much happens at once.
   virtual void HoldLog(bool /*held*/) {}

@@ -15,6 +15,7 @@ bool TCustomVekAction::AttemptOrReport(std::string_view complaint, const std::st
     step();
     return true;
   } catch (const std::exception& error) {
+    CountError();
     SendStatusMessage({std::string(complaint) + subject, std::string(mark) + error.what()});
     return false;
   }
@@ -43,6 +44,8 @@ void TCustomVekAction::WalkFolders(const std::string& folder, bool recurse, cons
   };
   descend(folder);
 }
+
+void TCustomVekAction::CountError() const { host_.CountError(); }
 
 void TCustomVekAction::ReportError(std::string_view text) const { host_.ReportError(text); }
 

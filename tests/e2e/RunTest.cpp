@@ -61,6 +61,44 @@ TEST_F(Run, AFailedActionEndsTheBuild) {
   EXPECT_EQ(result.events.back().at("result"), "failure");
 }
 
+const std::string kCopyWithErrors =
+    "<FileSpec>%PROJECTDIR%/in/*</FileSpec><Target>%PROJECTDIR%/out</Target><Recurse>True</Recurse>"
+    "<FailIfExists>True</FailIfExists><TargetIsDir>True</TargetIsDir>";
+
+TEST_F(Run, ErrorsThatAStepLogsAreCountedAndFailItWhenStrict) {
+  folder.Write("in/s/a", "new");
+  folder.Write("in/t/b", "new");
+  folder.Write("out/s/a", "old");
+  folder.Write("out/t/b", "old");
+  const std::string project = ProjectOf(ActionOf("ACTIONGROUP", "", ActionOf("HCOPYFILES", kCopyWithErrors)));
+  const auto lenient = RunProject(project);
+  ASSERT_EQ(lenient.exitCode, 0) << lenient.out << lenient.err;
+  EXPECT_EQ(lenient.Of("action-end")[0].at("errors"), 2);
+  EXPECT_EQ(lenient.Of("action-end")[1].at("errors"), 0);
+  const ProgramResult text = RunVekrun({folder.Path("p.vekproj")});
+  EXPECT_THAT(text.out, HasSubstr("\nSucceeded, 2 errors logged by 1 step: 2 actions in "));
+  const ProgramResult strict = RunVekrun({folder.Path("p.vekproj"), "--strict"});
+  EXPECT_EQ(strict.exitCode, 1);
+  EXPECT_THAT(strict.out, HasSubstr("\nFailed steps:\n  /1/1 Copy"));
+}
+
+TEST_F(Run, KeepGoingRunsWhatComesAfterAFailedStepAndFailsAtTheEnd) {
+  const std::string failing = ActionOf("HDELETE_FILE", "<FileSpec>%PROJECTDIR%/*.no</FileSpec>");
+  const auto result =
+      RunProject(ProjectOf(ActionOf("LISTITERATOR",
+                                    "<LoopVariable>I</LoopVariable><ListOfItems><Line>1</Line><Line>2</Line>"
+                                    "</ListOfItems>",
+                                    failing + ActionOf("ACTIONGROUP", "")) +
+                           ActionOf("ACTIONGROUP", "")),
+                 {"-k"});
+  EXPECT_EQ(result.exitCode, 1);
+  StringList ends;
+  for (const auto& event : result.Of("action-end"))
+    ends.push_back(event.at("path").get<std::string>() + ' ' + event.at("result").get<std::string>());
+  EXPECT_THAT(ends, ElementsAre("/1/1 failure", "/1/2 success", "/1/1 failure", "/1/2 success", "/1 failure",
+                                "/2 success"));
+}
+
 TEST_F(Run, CommandLineVariablesStandAsTheyAreAndMustFit) {
   const std::string project =
       ProjectOf(ActionOf("HCREATEFILE",

@@ -27,11 +27,11 @@ TEST(JsonLog, WritesOneObjectALine) {
       R"({"event":"progress","path":"/1/1","text":"Deleting","percent":50})",
       R"({"event":"status","path":"/1/1","lines":["Deleting files : *.obj"," --> Access is denied.",)"
       R"("0 Files Deleted."]})",
-      R"({"event":"action-end","path":"/1/1","result":"failure","seconds":0.25})",
+      R"({"event":"action-end","path":"/1/1","result":"failure","seconds":0.25,"errors":1,"ignored":true})",
       R"({"event":"action-start","path":"/1/2","type":"HCREATEDIR","title":"Create out"})",
-      R"({"event":"action-end","path":"/1/2","result":"skipped","seconds":0.0})",
+      R"({"event":"action-end","path":"/1/2","result":"skipped","seconds":0.0,"errors":0})",
       R"({"event":"message","path":"/1","text":"Cleaned"})",
-      R"({"event":"action-end","path":"/1","result":"success","seconds":1.5})",
+      R"({"event":"action-end","path":"/1","result":"success","seconds":1.5,"errors":0})",
       R"({"event":"build-end","result":"success","seconds":2.0,"actions":2,"failures":1})",
   };
   ASSERT_EQ(stream.writes.size(), wanted.size());
@@ -86,10 +86,12 @@ TEST(JsonLog, AnyBytesComeBackAsText) {
 }
 
 TEST(JsonLog, RoundsSecondsToMicroseconds) {
-  const MemoryStream stream =
-      Record([](EventSink& log) { log.ActionEnd(kDelete, ActionResult::Stopped, 1.23456789); });
-  EXPECT_EQ(stream.Text(), R"({"event":"action-end","path":"/1/1","result":"stopped","seconds":1.234568})"
-                           "\n");
+  const MemoryStream stream = Record([](EventSink& log) {
+    log.ActionEnd(kDelete, {ActionResult::Stopped, 1.23456789});
+  });
+  EXPECT_EQ(stream.Text(),
+            R"({"event":"action-end","path":"/1/1","result":"stopped","seconds":1.234568,"errors":0})"
+            "\n");
 }
 
 }  // namespace

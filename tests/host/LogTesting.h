@@ -45,10 +45,10 @@ inline void PlaySmallBuild(EventSink& log) {
   log.ActionStart(kDelete);
   log.Progress("/1/1", "Deleting", 50);
   log.Status("/1/1", {"Deleting files : *.obj", " --> Access is denied.", "0 Files Deleted."});
-  log.ActionEnd(kDelete, ActionResult::Failure, 0.25);
+  log.ActionEnd(kDelete, {ActionResult::Failure, 0.25, 1, true});
   log.ActionStart(kCreate);
-  log.ActionEnd(kCreate, ActionResult::Skipped, 0);
+  log.ActionEnd(kCreate, {ActionResult::Skipped, 0});
   log.Message("/1", "Cleaned");
-  log.ActionEnd(kGroup, ActionResult::Success, 1.5);
+  log.ActionEnd(kGroup, {ActionResult::Success, 1.5});
   log.BuildEnd({ActionResult::Success, 2, 2, 1});
 }

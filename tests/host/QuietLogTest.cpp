@@ -29,10 +29,10 @@ TEST_F(QuietLogTest, ATitleIsShownOnceForAllThatFailedBelowIt) {
   for (const ActionPlace& place : {kDelete, kCreate, kDelete}) {
     log->ActionStart(place);
     log->Message(place.path, "why");
-    log->ActionEnd(place, place.path == "/1/2" ? ActionResult::Success : ActionResult::Failure, 0);
+    log->ActionEnd(place, {place.path == "/1/2" ? ActionResult::Success : ActionResult::Failure});
   }
   log->Error("/1", "no more");
-  log->ActionEnd(kGroup, ActionResult::Failure, 0);
+  log->ActionEnd(kGroup, {ActionResult::Failure, 0});
   EXPECT_EQ(stream.Text(),
             "Clean\n"
             "  Delete File(s): *.obj\n"
@@ -53,7 +53,7 @@ TEST_F(QuietLogTest, ErrorsThatBelongToNoActionAreNeverHeldBack) {
 TEST_F(QuietLogTest, KeepsTheLastLinesOfAnEndlessTalker) {
   log->ActionStart(kDelete);
   for (int i = 0; i < 20'000; ++i) log->Message("/1/1", "line " + std::to_string(i));
-  log->ActionEnd(kDelete, ActionResult::Failure, 0);
+  log->ActionEnd(kDelete, {ActionResult::Failure, 0});
   const std::string text = stream.Text();
   EXPECT_LT(text.size(), 140'000u);
   EXPECT_TRUE(text.starts_with("  Delete File(s): *.obj\n    ...\n    line ")) << text.substr(0, 80);

@@ -26,7 +26,7 @@ TEST(TextLog, ShowsABuild) {
             "    Deleting files : *.obj\n"
             "     --> Access is denied.\n"
             "    0 Files Deleted.\n"
-            "    failed\n"
+            "    failed, ignored\n"
             "  Create out\n"
             "    skipped\n"
             "  Cleaned\n"
@@ -44,7 +44,7 @@ TEST(TextLog, VerboseAddsVariablesAndTimes) {
             "    Deleting files : *.obj\n"
             "     --> Access is denied.\n"
             "    0 Files Deleted.\n"
-            "    failed after 0.25 s\n"
+            "    failed after 0.25 s, ignored\n"
             "  Create out\n"
             "    skipped\n"
             "  Cleaned\n"
@@ -60,7 +60,7 @@ TEST(TextLog, ColoursWhatMatters) {
                      log.Variable("/1/1", "N", int64_t{7});
                      log.Message("/1/1", "plain");
                      log.Error("/1/1", "bad\nworse");
-                     log.ActionEnd(kDelete, ActionResult::Stopped, 12);
+                     log.ActionEnd(kDelete, {ActionResult::Stopped, 12});
                      log.BuildEnd({ActionResult::Success, 0, 1, 0});
                    })
                 .Text(),
@@ -99,7 +99,7 @@ TEST(TextLog, NamesAndTitlesStayOnOneLine) {
                      log.BuildStart("a\nb");
                      log.ActionStart(odd);
                      log.Variable("/1", "A\x1b", std::string("x\ny"));
-                     log.ActionEnd(odd, ActionResult::Failure, 0);
+                     log.ActionEnd(odd, {ActionResult::Failure, 0});
                    })
                 .Text(),
             "Building a b\n\ntwo lines\\x07\n  A\\x1B = x\n    y\n  failed after 0.00 s: two lines\\x07\n");
@@ -111,6 +111,8 @@ TEST(TextLog, SumsUp) {
     std::string_view wanted;
   } kCases[] = {
       {{ActionResult::Success, 0.03, 12, 0}, "\nSucceeded: 12 actions in 0.03 s\n"},
+      {{ActionResult::Success, 0.03, 12, 0, 3, 2},
+       "\nSucceeded, 3 errors logged by 2 steps: 12 actions in 0.03 s\n"},
       {{ActionResult::Failure, 185, 12, 2}, "\nFailed: 12 actions, 2 failures, 3 min 05 s\n"},
       {{ActionResult::Failure, 0, 0, 0}, "\nFailed: 0 actions in 0.00 s\n"},
       {{ActionResult::Stopped, 12.4, 1, 0}, "\nStopped: 1 action in 12.4 s\n"},
@@ -120,6 +122,37 @@ TEST(TextLog, SumsUp) {
   }
 }
 
+TEST(TextLog, AFailedBuildClosesWithTheStepsToBlame) {
+  const std::string text = Record({}, [](EventSink& log) {
+                             const auto end = [&log](const ActionPlace& place, bool ignored) {
+                               log.ActionEnd(place, {ActionResult::Failure, 0, 1, ignored});
+                             };
+                             log.ActionStart(kGroup);
+                             log.ActionStart(kDelete);
+                             log.Error("/1/1", "forgiven");
+                             end(kDelete, true);
+                             log.ActionStart(kDelete);
+                             log.Error("/1/1", "passed over by the group");
+                             end(kDelete, false);
+                             end(kGroup, true);
+                             log.ActionStart(kGroup);
+                             log.ActionStart(kDelete);
+                             log.Status("/1/1", {"Deleting", " --> Denied", " --> again", "0 Files"});
+                             end(kDelete, false);
+                             log.ActionStart(kCreate);
+                             log.Message("/1/2", "only\n this line ");
+                             end(kCreate, false);
+                             end(kGroup, false);
+                             log.BuildEnd({ActionResult::Failure, 1, 3, 3});
+                           }).Text();
+  EXPECT_TRUE(
+      text.ends_with("\nFailed steps:\n"
+                     "  /1/1 Delete File(s): *.obj: Denied\n"
+                     "  /1/2 Create out: only  this line\n"
+                     "Failed: 3 actions, 3 failures, 1.00 s\n"))
+      << text;
+}
+
 TEST(TextLog, WritesOncePerEventThatShows) {
   const MemoryStream stream = Record({}, [](EventSink& log) {
     log.ActionStart(kCreate);
@@ -127,7 +160,7 @@ TEST(TextLog, WritesOncePerEventThatShows) {
     log.Status("/1/2", {});
     log.Progress("/1/2", "working", 10);
     log.Variable("/1/2", "A", true);
-    log.ActionEnd(kCreate, ActionResult::Success, 0);
+    log.ActionEnd(kCreate, {ActionResult::Success, 0});
   });
   EXPECT_THAT(stream.writes, ElementsAre("  Create out\n", "    a\n    b\n"));
   EXPECT_EQ(stream.calls, 2);
@@ -139,7 +172,7 @@ TEST(TextLog, TheProgressLineGivesWayToEveryOtherLine) {
     log.Progress("/1/2", "working", 10);
     log.Message("/1/2", "a");
     log.Progress("/1/2", "working", 10);
-    log.ActionEnd(kCreate, ActionResult::Success, 0);
+    log.ActionEnd(kCreate, {ActionResult::Success, 0});
   });
   EXPECT_THAT(stream.writes, ElementsAre("\rworking     10%", "\r               \r    a\n",
                                          "\rworking     10%", "\r               \r"));

@@ -35,8 +35,8 @@ void RecordingEvents::Error(std::string_view path, std::string_view text) {
   errors.emplace_back(text);
 }
 
-void RecordingEvents::ActionEnd(const ActionPlace& place, ActionResult result, double /*seconds*/) {
-  Add("end", std::string(place.path) + ' ' + std::string(ActionResultName(result)));
+void RecordingEvents::ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) {
+  Add("end", std::string(place.path) + ' ' + std::string(ActionResultName(outcome.result)));
 }
 
 void RecordingEvents::BuildEnd(const BuildSummary& summary) {

@@ -32,7 +32,7 @@ class RecordingEvents final : public EventSink {
   void Progress(std::string_view path, std::string_view text, int32_t percent) override;
   void Variable(std::string_view path, std::string_view name, const Variant& value) override;
   void Error(std::string_view path, std::string_view text) override;
-  void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override;
+  void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override;
   void BuildEnd(const BuildSummary& summary) override;
 
  private:

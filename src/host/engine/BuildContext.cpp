@@ -94,7 +94,10 @@ void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
 void BuildContext::SendProgress(std::string_view text, int32_t percent) {
   Events().Progress(path_, text, percent);
 }
-void BuildContext::ReportError(std::string_view text) { Events().Error(path_, text); }
+void BuildContext::ReportError(std::string_view text) {
+  CountError();
+  Events().Error(path_, text);
+}
 void BuildContext::HoldLog(bool held) { events_.Hold(held); }
 
 bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript& script, Variant& result) {

@@ -44,6 +44,11 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   /// What log lines are reported under. The engine moves it as it walks the tree.
   void SetCurrentPath(std::string path) { path_ = std::move(path); }
 
+  // The errors that the running action has logged.
+  int64_t ErrorCount() const { return errors_; }
+  int64_t TakeErrorCount() { return errors_.exchange(0); }
+  void CountErrors(int64_t count) { errors_ += count; }
+
   /// Whether the code that runs may show user interface.
   bool InSynchronize() const { return inSynchronize_; }
 
@@ -66,6 +71,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   void SendStatusMessage(const IVekActionLogMessage& message) override;
   void SendProgress(std::string_view text, int32_t percent) override;
   void ReportError(std::string_view text) override;
+  void CountError() override { CountErrors(1); }
   void HoldLog(bool held) override;
   bool ExecuteScript(TCustomVekAction& action, IVekActionScript& script, Variant& result) override;
   bool StopSignalled() override { return stop_.Stopped(); }
@@ -98,6 +104,7 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   Project* project_ = nullptr;
   bool allowsProtected_ = false;
   std::string path_;
+  std::atomic<int64_t> errors_ = 0;
   Variables variables_;
   SecretMask events_;
   StopControl stop_;

@@ -38,7 +38,7 @@ bool RunsChildren(TVekNextAction next) {
 
 }  // namespace
 
-Engine::Engine(BuildContext& context) : context_(context) {}
+Engine::Engine(BuildContext& context, const EngineOptions& options) : context_(context), options_(options) {}
 
 BuildSummary Engine::Run(Project& project, std::string_view projectName) {
   Clock& clock = *context_.GetPlatform().clock;
@@ -55,14 +55,17 @@ BuildSummary Engine::Run(Project& project, std::string_view projectName) {
 }
 
 ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::string& parentPath) {
+  bool failed = false;
   for (size_t i = 0; i < actions.size(); ++i) {
     if (context_.Stop().Stopped()) return FailureOrStop();
     const ActionResult result = RunAction(actions[i], parentPath + '/' + std::to_string(i + 1));
     context_.SetCurrentPath(parentPath);
     if (result == ActionResult::Stopped) return result;
-    if (result == ActionResult::Failure && !actions[i].action->IgnoreFailure) return result;
+    if (result != ActionResult::Failure || actions[i].action->IgnoreFailure) continue;
+    if (!options_.keepGoing) return result;
+    failed = true;
   }
-  return context_.Stop().Stopped() ? FailureOrStop() : ActionResult::Success;
+  return failed || context_.Stop().Stopped() ? FailureOrStop() : ActionResult::Success;
 }
 
 ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
@@ -72,11 +75,24 @@ ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
   const ActionPlace place{path, node.typeId, title, !node.children.empty()};
   context_.SetCurrentPath(path);
   context_.Events().ActionStart(place);
-  const ActionResult result = Decide(node, path);
-  if (result != ActionResult::Skipped) ++summary_.actions;
-  if (result == ActionResult::Failure) ++summary_.failures;
-  context_.Events().ActionEnd(place, result, clock.Seconds() - start);
-  return result;
+  const int64_t errorsOfParent = context_.TakeErrorCount();
+  ActionOutcome outcome;
+  outcome.result = Decide(node, path);
+  outcome.ignored = outcome.result == ActionResult::Failure && node.action->IgnoreFailure;
+  outcome.errors = context_.TakeErrorCount();
+  outcome.seconds = clock.Seconds() - start;
+  Count(outcome);
+  context_.Events().ActionEnd(place, outcome);
+  context_.CountErrors(errorsOfParent);
+  return outcome.result;
+}
+
+void Engine::Count(const ActionOutcome& outcome) {
+  if (outcome.result != ActionResult::Skipped) ++summary_.actions;
+  if (outcome.result == ActionResult::Failure) ++summary_.failures;
+  if (outcome.result != ActionResult::Success || outcome.errors == 0) return;
+  summary_.errors += outcome.errors;
+  ++summary_.erroneous;
 }
 
 /// Whether the action runs at all, and if so, how it ends.
@@ -131,20 +147,34 @@ ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
   // What an attempt that broke off left behind is no part of this one.
   action.ResetBuildStatus();
   action.SetActionStatus(TVekActionStatus::asRunning);
-  auto next = TVekNextAction::naDefault;
-  ActionResult result;
-  do {
-    result = RunPass(node, path, next);
-  } while (result == ActionResult::Success && next == TVekNextAction::naChildren);
+  context_.TakeErrorCount();
+  const ActionResult result = RunPasses(node, path);
   if (ReportTimeout(running, action)) return ActionResult::Failure;
+  if (result == ActionResult::Success && options_.strict && context_.ErrorCount() > 0) {
+    context_.ReportError("The step logged errors, and --strict makes it fail for them");
+    return ActionResult::Failure;
+  }
   return result == ActionResult::Failure ? FailureOrStop() : result;
+}
+
+ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
+  bool failed = false;
+  for (;;) {
+    auto next = TVekNextAction::naDefault;
+    const ActionResult result = RunPass(node, path, next);
+    failed = failed || result == ActionResult::Failure;
+    const bool mayGoOn =
+        result == ActionResult::Success ||
+        (result == ActionResult::Failure && options_.keepGoing && !context_.Stop().Stopped());
+    if (next == TVekNextAction::naChildren && mayGoOn) continue;
+    return failed && result == ActionResult::Success ? ActionResult::Failure : result;
+  }
 }
 
 /// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
 ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
   TCustomVekAction& action = *node.action;
   if (!action.Run()) return ActionResult::Failure;
-  next = TVekNextAction::naDefault;
   action.GetNextActionSource(false, next);
   if (!RunsChildren(next)) return ActionResult::Success;
   const ActionResult result = RunActions(node.children, path);

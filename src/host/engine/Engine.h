@@ -11,11 +11,16 @@
 
 class BuildContext;
 
+struct EngineOptions {
+  bool strict = false;     // an action that logged errors has failed, whatever its answer
+  bool keepGoing = false;  // a failed action fails what it stands in, but what comes after it runs
+};
+
 /// Executes a project's tree of actions. An attempt at an action takes in its children; a failed action ends
 /// the build unless its failure is ignored, and the children of a failed action do not run.
 class Engine {
  public:
-  explicit Engine(BuildContext& context);
+  explicit Engine(BuildContext& context, const EngineOptions& options = {});
 
   /// `projectName` is what the log calls the build.
   BuildSummary Run(Project& project, std::string_view projectName);
@@ -27,10 +32,13 @@ class Engine {
   ActionResult RunAttempts(ActionNode& node, const std::string& path);
   ActionResult RunAttempt(ActionNode& node, const std::string& path);
   ActionResult RunPass(ActionNode& node, const std::string& path, TVekNextAction& next);
+  ActionResult RunPasses(ActionNode& node, const std::string& path);
+  void Count(const ActionOutcome& outcome);
   std::optional<bool> EvaluateCondition(TCustomVekAction& action);
   bool ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action);
   ActionResult FailureOrStop() const;
 
   BuildContext& context_;
+  const EngineOptions options_;
   BuildSummary summary_;
 };

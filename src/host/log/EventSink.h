@@ -20,11 +20,21 @@ struct ActionPlace {
   bool hasChildren = false;
 };
 
+/// How an execution of an action ended.
+struct ActionOutcome {
+  ActionResult result = ActionResult::Success;
+  double seconds = 0;
+  int64_t errors = 0;    // that the action logged, in its last attempt
+  bool ignored = false;  // the build goes on although it failed
+};
+
 struct BuildSummary {
   ActionResult result = ActionResult::Success;
   double seconds = 0;
-  int64_t actions = 0;   // executions, every pass of a loop counted, a retried action once
-  int64_t failures = 0;  // executions that ended so, ignored ones included
+  int64_t actions = 0;    // executions, every pass of a loop counted, a retried action once
+  int64_t failures = 0;   // executions that ended so, ignored ones included
+  int64_t errors = 0;     // that actions logged although they succeeded
+  int64_t erroneous = 0;  // executions that did so
 };
 
 /// Receives what happens in a build, as it happens; an action's end comes after those of its children. A
@@ -39,7 +49,7 @@ class EventSink {
   virtual void Progress(std::string_view path, std::string_view text, int32_t percent) = 0;
   virtual void Variable(std::string_view path, std::string_view name, const Variant& value) = 0;
   virtual void Error(std::string_view path, std::string_view text) = 0;
-  virtual void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) = 0;
+  virtual void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) = 0;
   virtual void BuildEnd(const BuildSummary& summary) = 0;
 
   /// Events need not be written before they are let go.

@@ -94,11 +94,14 @@ class JsonLog final : public EventSink {
     Write(JsonLine("error").Text("path", path).Text("text", text));
   }
 
-  void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override {
-    Write(JsonLine("action-end")
-              .Text("path", place.path)
-              .Text("result", ActionResultName(result))
-              .Value("seconds", ToMicroseconds(seconds)));
+  void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
+    JsonLine line("action-end");
+    line.Text("path", place.path)
+        .Text("result", ActionResultName(outcome.result))
+        .Value("seconds", ToMicroseconds(outcome.seconds))
+        .Value("errors", outcome.errors);
+    if (outcome.ignored) line.Value("ignored", true);
+    Write(line);
   }
 
   void BuildEnd(const BuildSummary& summary) override {

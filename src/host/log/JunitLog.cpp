@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "host/log/FailureReason.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
 #include "host/log/XmlText.h"
@@ -39,28 +40,20 @@ std::string SystemOut(std::string_view indent, std::string_view output) {
   return std::string(indent).append("<system-out>").append(EscapeXmlText(output)).append("</system-out>\n");
 }
 
-/// The line that tells best why an action failed: the last one marked as an error, else the last one.
-std::string_view FailureMessage(std::span<const std::string> lines) {
-  constexpr std::string_view kMarks[] = {"error: ", "--> "};
-  std::string_view last;
-  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-    const std::string_view text = Trim(*line);
-    if (last.empty()) last = text;
-    for (std::string_view mark : kMarks) {
-      if (text.starts_with(mark)) return text.substr(mark.size());
-    }
-  }
-  return last.empty() ? "failed" : last;
-}
-
 std::string FailureElement(std::string_view output) {
   const StringList lines = SplitLines(output);
-  std::string element = "      <failure" + Attribute("message", FailureMessage(lines));
+  std::string element = "      <failure" + Attribute("message", FailureReason(lines));
   if (lines.empty()) return element + "/>\n";
   std::string text;
   for (size_t i = lines.size() - std::min(lines.size(), kFailureLines); i < lines.size(); ++i)
     text += lines[i] + '\n';
   return element + '>' + EscapeXmlText(text) + "</failure>\n";
+}
+
+/// A failure that is ignored is no failure to those who read the report.
+std::string SkippedElement(std::string_view output) {
+  const std::string reason = "failed, ignored: " + std::string(FailureReason(SplitLines(output)));
+  return "      <skipped" + Attribute("message", reason) + "/>\n";
 }
 
 class JunitLog final : public EventSink {
@@ -88,14 +81,15 @@ class JunitLog final : public EventSink {
     AddBuildCase(ActionResult::Failure, text);
   }
 
-  void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override {
+  void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
+    const ActionResult result = outcome.result;
     const OpenAction action = std::move(open_.back());
     open_.pop_back();
     const bool endedBadly = result == ActionResult::Failure || result == ActionResult::Stopped;
     if (place.hasChildren && (!endedBadly || action.reportedBelow)) {
       suiteOutput_ += action.output;
     } else {
-      AddCase(place, result, seconds, action.output);
+      AddCase(place, outcome, action.output);
     }
     if (!open_.empty()) open_.back().reportedBelow |= endedBadly || action.reportedBelow;
   }
@@ -122,20 +116,25 @@ class JunitLog final : public EventSink {
 
   /// What went wrong outside the actions shows as a test case, so that the report is not all green.
   void AddBuildCase(ActionResult result, std::string_view text) {
-    AddCase({.path = "", .type = "Build", .title = "Build"}, result, 0, text);
+    AddCase({.path = "", .type = "Build", .title = "Build"}, {.result = result}, text);
   }
 
-  void AddCase(const ActionPlace& place, ActionResult result, double seconds, std::string_view output) {
+  void AddCase(const ActionPlace& place, const ActionOutcome& outcome, std::string_view output) {
     cases_ += "    <testcase" + Attribute("name", place.title) +
-              Attribute("classname", place.type.empty() ? place.path : place.type) + TimeAttribute(seconds);
-    const std::string body = ResultElement(result, output) + SystemOut("      ", output);
+              Attribute("classname", place.type.empty() ? place.path : place.type) +
+              TimeAttribute(outcome.seconds);
+    const std::string body = ResultElement(outcome, output) + SystemOut("      ", output);
     cases_ += body.empty() ? "/>\n" : ">\n" + body + "    </testcase>\n";
     ++counts_.tests;
   }
 
-  std::string ResultElement(ActionResult result, std::string_view output) {
-    switch (result) {
+  std::string ResultElement(const ActionOutcome& outcome, std::string_view output) {
+    switch (outcome.result) {
       case ActionResult::Failure:
+        if (outcome.ignored) {
+          ++counts_.skipped;
+          return SkippedElement(output);
+        }
         ++counts_.failures;
         return FailureElement(output);
       case ActionResult::Skipped:

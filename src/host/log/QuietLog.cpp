@@ -52,8 +52,8 @@ class QuietLog final : public EventSink {
     output_.Write(atOnce);
   }
 
-  void ActionEnd(const ActionPlace& /*place*/, ActionResult result, double /*seconds*/) override {
-    if (result == ActionResult::Failure) WriteFailure();
+  void ActionEnd(const ActionPlace& /*place*/, const ActionOutcome& outcome) override {
+    if (outcome.result == ActionResult::Failure) WriteFailure();
     open_.pop_back();
   }
 

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr size_t kIndent = 2;
+constexpr size_t kMostFailures = 20;  // that are listed at the end
 
 constexpr std::string_view kToneCodes[] = {"", "\x1b[1m", "\x1b[2m", "\x1b[32m", "\x1b[33m", "\x1b[31m"};
 constexpr std::string_view kToneEnd = "\x1b[0m";
@@ -21,6 +22,9 @@ constexpr ResultWords kWords[] = {{"succeeded", "succeeded in ", "Succeeded"},
                                   {"stopped", "stopped after ", "Stopped"}};
 
 const ResultWords& WordsOf(ActionResult result) { return kWords[static_cast<size_t>(result)]; }
+
+/// Warns of a failure that the build goes on with.
+std::string_view IgnoredMark(const ActionOutcome& outcome) { return outcome.ignored ? ", ignored" : ""; }
 
 /// Up to the first line break.
 size_t LineLength(std::string_view text) {
@@ -61,15 +65,29 @@ void TextFormat::Variable(std::string& out, std::string_view path, std::string_v
   Lines(out, PathDepth(path), Tone::Faint, DisplayLine(name) + " = ", VariantToText(value));
 }
 
-void TextFormat::Result(std::string& out, const ActionPlace& place, ActionResult result) const {
-  Note(out, place, ResultTone(result), std::string(WordsOf(result).note));
+void TextFormat::Failures(std::string& out, const std::vector<FailedStep>& steps) const {
+  if (steps.empty()) return;
+  Line(out, 0, Tone::Plain, "", "Failed steps:");
+  for (size_t i = 0; i < std::min(steps.size(), kMostFailures); ++i) {
+    const auto& [path, title, reason] = steps[i];
+    const std::string because = reason.empty() ? "" : ": " + DisplayLine(reason);
+    Line(out, kIndent, Tone::Bad, path + ' ', DisplayLine(title) + because);
+  }
+  if (steps.size() <= kMostFailures) return;
+  Line(out, kIndent, Tone::Plain, "... and ", std::to_string(steps.size() - kMostFailures) + " more");
 }
 
-void TextFormat::TimedResult(std::string& out, const ActionPlace& place, ActionResult result,
-                             double seconds) const {
-  if (result == ActionResult::Skipped) return Result(out, place, result);
+void TextFormat::Result(std::string& out, const ActionPlace& place, const ActionOutcome& outcome) const {
+  Note(out, place, ResultTone(outcome.result),
+       std::string(WordsOf(outcome.result).note).append(IgnoredMark(outcome)));
+}
+
+void TextFormat::TimedResult(std::string& out, const ActionPlace& place, const ActionOutcome& outcome) const {
+  const ActionResult result = outcome.result;
+  if (result == ActionResult::Skipped) return Result(out, place, outcome);
   const Tone tone = result == ActionResult::Success ? Tone::Faint : ResultTone(result);
-  Note(out, place, tone, std::string(WordsOf(result).timed) + ElapsedText(seconds));
+  Note(out, place, tone,
+       (std::string(WordsOf(result).timed) + ElapsedText(outcome.seconds)).append(IgnoredMark(outcome)));
 }
 
 void TextFormat::Note(std::string& out, const ActionPlace& place, Tone tone, std::string note) const {
@@ -78,7 +96,11 @@ void TextFormat::Note(std::string& out, const ActionPlace& place, Tone tone, std
 }
 
 void TextFormat::Summary(std::string& out, const BuildSummary& summary) const {
-  std::string text = ": " + CountText(summary.actions, "action");
+  std::string text;
+  if (summary.errors > 0) {
+    text = ", " + CountText(summary.errors, "error") + " logged by " + CountText(summary.erroneous, "step");
+  }
+  text += ": " + CountText(summary.actions, "action");
   if (summary.failures > 0) {
     text += ", " + CountText(summary.failures, "failure");
     if (summary.result == ActionResult::Success) text += " ignored";

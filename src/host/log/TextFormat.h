@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/log/EventSink.h"
+#include "host/log/FailedSteps.h"
 
 /// The lines of the log for people: how they are indented, marked and coloured.
 class TextFormat {
@@ -20,9 +22,12 @@ class TextFormat {
   void Variable(std::string& out, std::string_view path, std::string_view name, const Variant& value) const;
   void Summary(std::string& out, const BuildSummary& summary) const;
 
+  /// The steps that made the build fail, each with its reason; nothing for none.
+  void Failures(std::string& out, const std::vector<FailedStep>& steps) const;
+
   /// How an action ended; names it when its title stands far above, over the lines of its children.
-  void Result(std::string& out, const ActionPlace& place, ActionResult result) const;
-  void TimedResult(std::string& out, const ActionPlace& place, ActionResult result, double seconds) const;
+  void Result(std::string& out, const ActionPlace& place, const ActionOutcome& outcome) const;
+  void TimedResult(std::string& out, const ActionPlace& place, const ActionOutcome& outcome) const;
 
  private:
   enum class Tone { Plain, Strong, Faint, Good, Warning, Bad };

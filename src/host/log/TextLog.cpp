@@ -1,5 +1,6 @@
 #include <string>
 
+#include "host/log/FailedSteps.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
 #include "host/log/ProgressLine.h"
@@ -23,17 +24,22 @@ class TextLog final : public EventSink {
   }
 
   void ActionStart(const ActionPlace& place) override {
+    failed_.Start(place);
     format_.Title(pending_, place);
     Write();
   }
 
   void Message(std::string_view path, std::string_view text) override {
+    failed_.Line(path, text, false);
     format_.Text(pending_, path, text);
     Write();
   }
 
   void Status(std::string_view path, const StringList& lines) override {
-    for (const std::string& line : lines) format_.Text(pending_, path, line);
+    for (const std::string& line : lines) {
+      failed_.Line(path, line, false);
+      format_.Text(pending_, path, line);
+    }
     Write();
   }
 
@@ -48,15 +54,17 @@ class TextLog final : public EventSink {
   }
 
   void Error(std::string_view path, std::string_view text) override {
+    failed_.Line(path, text, true);
     format_.Error(pending_, path, text);
     Write();
   }
 
-  void ActionEnd(const ActionPlace& place, ActionResult result, double seconds) override {
+  void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
+    failed_.End(place, outcome);
     if (verbose_) {
-      format_.TimedResult(pending_, place, result, seconds);
-    } else if (result != ActionResult::Success) {
-      format_.Result(pending_, place, result);
+      format_.TimedResult(pending_, place, outcome);
+    } else if (outcome.result != ActionResult::Success) {
+      format_.Result(pending_, place, outcome);
     }
     Write();
   }
@@ -65,6 +73,7 @@ class TextLog final : public EventSink {
 
   void BuildEnd(const BuildSummary& summary) override {
     pending_ += '\n';
+    if (summary.result == ActionResult::Failure) format_.Failures(pending_, failed_.All());
     format_.Summary(pending_, summary);
     Write();
   }
@@ -80,6 +89,7 @@ class TextLog final : public EventSink {
   LogOutput& output_;
   TextFormat format_;
   ProgressLine progress_;
+  FailedSteps failed_;
   bool verbose_;
   std::string pending_;
 };

@@ -44,11 +44,11 @@ void SecretMask::Error(std::string_view path, std::string_view text) {
   Masked(text, [&](std::string_view masked) { events_.Error(path, masked); });
 }
 
-void SecretMask::ActionEnd(const ActionPlace& place, ActionResult result, double seconds) {
+void SecretMask::ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) {
   Masked(place.title, [&](std::string_view title) {
     ActionPlace masked = place;
     masked.title = title;
-    events_.ActionEnd(masked, result, seconds);
+    events_.ActionEnd(masked, outcome);
   });
 }
 

@@ -241,6 +241,7 @@ bool TCustomCopyFilesAction::CopyFile(const std::string& source, const std::stri
                                       IVekActionLogMessage& message) {
   Entries& entries = *GetPlatform().entries;
   const auto refuse = [&](const std::string& reason) {
+    CountError();
     message.AddLine("Failed to copy File : " + source + " -> " + target);
     message.AddLine(reason);
     return false;

@@ -103,6 +103,7 @@ bool TCustomDeleteFilesAction::DeleteMatch(const std::string& fileName, const Fo
   }
   // A refusal without an error code leaves the file and says nothing.
   if (!deleted.ok && deleted.code == Win32Error::Success) return true;
+  CountError();
   message.AddLine(" --> Error Deleting File : " + fileName);
   message.AddLine(" --> " + SysErrorMessage(deleted.code));
   return false;

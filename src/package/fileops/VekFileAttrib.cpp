@@ -111,6 +111,7 @@ void TCustomSetFileAttributesAction::ProcessFile(IVekActionLogMessage& message, 
   }
   const SysResult written = GetPlatform().entries->SetAttributes(path, attributes);
   if (!written) {
+    CountError();
     message.AddLine("Error Processed File : " + SysErrorMessage(written.code));
   } else if (LogAllFiles) {
     message.AddLine("Processed File : " + path);

@@ -113,6 +113,7 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
                                        IVekActionLogMessage& message) {
   Entries& entries = *GetPlatform().entries;
   const auto report = [&](const std::string& reason) {
+    CountError();
     message.AddLine(" --> Error Moving File : " + source + " -> " + target);
     message.AddLine(" --> " + reason);
     return false;

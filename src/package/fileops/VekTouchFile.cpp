@@ -94,6 +94,7 @@ bool TCustomTouchFilesAction::Execute() {
 }
 
 bool TCustomTouchFilesAction::Refuse(std::string_view text) const {
+  CountError();
   SendStatusMessage({text});
   return false;
 }
