@@ -174,7 +174,11 @@ ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
 /// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
 ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
   TCustomVekAction& action = *node.action;
-  if (!action.Run()) return ActionResult::Failure;
+  if (!action.Run()) {
+    // Its own words may say so without being marked as an error.
+    if (context_.ErrorCount() == 0) context_.CountError();
+    return ActionResult::Failure;
+  }
   action.GetNextActionSource(false, next);
   if (!RunsChildren(next)) return ActionResult::Success;
   const ActionResult result = RunActions(node.children, path);
