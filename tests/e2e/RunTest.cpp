@@ -99,6 +99,22 @@ TEST_F(Run, KeepGoingRunsWhatComesAfterAFailedStepAndFailsAtTheEnd) {
                                 "/2 success"));
 }
 
+TEST_F(Run, TitlesShowTheValuesThatVariablesHaveAsTheStepStarts) {
+  const std::string title =
+      "<Description>%I% of %i%, $(I + '%I%') %NOPE% %PATH% 100%% %S% %S4%</Description>";
+  const auto result = RunProject(ProjectOf(
+      ActionOf("LISTITERATOR",
+               "<LoopVariable>I</LoopVariable><ListOfItems><Line>a</Line><Line>b</Line></ListOfItems>",
+               ActionOf("ACTIONGROUP", title)) +
+          ActionOf("ACTIONGROUP", "<Description>%I% $(</Description>"),
+      "<Variable Name=\"S\" Secret=\"True\">p</Variable>"
+      "<Variable Name=\"S4\" Secret=\"True\">pass</Variable>"));
+  StringList titles;
+  for (const auto& event : result.Of("action-start")) titles.push_back(event.at("title"));
+  const std::string rest = ", $(I + '%I%') %NOPE% %PATH% 100% ******** ********";
+  EXPECT_THAT(titles, ElementsAre(testing::_, "a of a" + rest, "b of b" + rest, "%I% $("));
+}
+
 TEST_F(Run, CommandLineVariablesStandAsTheyAreAndMustFit) {
   const std::string project =
       ProjectOf(ActionOf("HCREATEFILE",

@@ -1,5 +1,6 @@
 #include "host/engine/Engine.h"
 
+#include "host/engine/ActionTitle.h"
 #include "host/engine/BuildContext.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
@@ -71,7 +72,7 @@ ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::str
 ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
   Clock& clock = *context_.GetPlatform().clock;
   const double start = clock.Seconds();
-  const std::string title = node.action->GetDescription();
+  const std::string title = ActionTitle(*node.action, context_.GetVariables());
   const ActionPlace place{path, node.typeId, title, !node.children.empty()};
   context_.SetCurrentPath(path);
   context_.Events().ActionStart(place);
