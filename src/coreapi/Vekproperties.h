@@ -25,6 +25,7 @@
 ///       Published<&TLogic::FileCount>("FileCount"),                      // a getter alone: read-only
 ///       Published<&TLogic::ReturnCode>("ReturnCode").NotStored(),        // never written to the project
 ///       Published<&TLogic::Date>("Date").Varies(),                       // its default is not a fixed one
+///       Published<&TLogic::Limit>("Limit").Means("The highest one"),     // for the reference
 ///   };
 ///
 /// The row feeds loading, saving, scripts, pages, `describe` and the generated reference.
@@ -127,7 +128,8 @@ struct PropertyRow {
   bool stored = true;
   bool readOnly = true;  // as `set` says, for constant expressions
   TextRole role = TextRole::Plain;
-  bool varies = false;  // the default is not the same every time
+  bool varies = false;            // the default is not the same every time
+  std::string_view meaning = {};  // where the class has no help text, or one that says too little
 
   consteval PropertyRow NotStored() const {
     PropertyRow row = *this;
@@ -137,6 +139,11 @@ struct PropertyRow {
   consteval PropertyRow Varies() const {
     PropertyRow row = *this;
     row.varies = true;
+    return row;
+  }
+  consteval PropertyRow Means(std::string_view text) const {
+    PropertyRow row = *this;
+    row.meaning = text;
     return row;
   }
 

@@ -94,6 +94,19 @@ TEST_F(Rows, NamesAreUnique) {
   }
 }
 
+TEST_F(Rows, EveryPropertySaysWhatItIsFor) {
+  for (const CatalogueEntry& entry : Entries()) {
+    StringList help;
+    entry.actionClass->create(host)->GetPropertyHelp(help);
+    for (const PropertyRow* row : entry.actionClass->AllProperties()) {
+      const bool said = !row->meaning.empty() || std::ranges::any_of(help, [row](const std::string& line) {
+        return SameText(NamedBy(line), row->name);
+      });
+      EXPECT_TRUE(said || !row->published) << entry.typeId << ' ' << row->name;
+    }
+  }
+}
+
 /// A base whose properties the host itself offers; the loop variable has another name in each iterator.
 bool IsHostBase(const ActionClass& level) {
   return &level == &TVekAction::kClass || &level == &TVekBaseIterator::kClass;

@@ -8,6 +8,7 @@
 #include "forms/Vekpluginapi.h"
 #include "forms/Vekpropertyeditors.h"
 #include "host/catalogue/Catalogue.h"
+#include "host/catalogue/PropertyMeaning.h"
 
 namespace {
 
@@ -96,6 +97,7 @@ Json PropertiesOf(const CatalogueEntry& entry, const TCustomVekAction& action) {
                   {"stored", row->stored},
                   {"inherited", !IsOwn(row, entry)}};
     if (row->IsText()) property["role"] = TextRoleName(row->role);
+    property["meaning"] = PropertyMeaning(*row, action);
     if (row->enumType) property["values"] = row->enumType().values;
     properties.push_back(std::move(property));
   }
@@ -128,16 +130,6 @@ std::string Table(const std::vector<StringList>& rows, std::string_view indent) 
   return text;
 }
 
-/// The texts behind "Property=" by property; the last line of a name wins.
-std::map<std::string, std::string, LessNoCase> ByProperty(const StringList& lines) {
-  std::map<std::string, std::string, LessNoCase> texts;
-  for (const std::string& line : lines) {
-    const size_t equals = line.find('=');
-    if (equals != std::string::npos) texts[line.substr(0, equals)] = line.substr(equals + 1);
-  }
-  return texts;
-}
-
 std::string TypeText(const PropertyRow& row) {
   std::string text(PropertyTypeName(row.type));
   if (row.enumType) text = DescribeExpectedText(row);
@@ -154,15 +146,6 @@ std::string Marks(const PropertyRow& row, const StringList& hidden, const String
   return text;
 }
 
-/// What the property is for: its help text, or its display title where it has none.
-std::string MeaningOf(const PropertyRow& row, const TCustomVekAction& action) {
-  const auto help = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyHelp));
-  if (const auto text = help.find(row.name); text != help.end()) return text->second;
-  const auto titles = ByProperty(LinesOf(action, &TCustomVekAction::GetPropertyAlias));
-  const auto title = titles.find(row.name);
-  return title == titles.end() ? std::string() : title->second;
-}
-
 std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own) {
   const StringList hidden = LinesOf(action, &TCustomVekAction::GetHiddenProperties);
   const StringList readOnly = LinesOf(action, &TCustomVekAction::GetReadOnlyProperties);
@@ -171,8 +154,11 @@ std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& a
     if (!row->published || IsOwn(row, entry) != own) continue;
     const std::string value = row->varies ? std::string(kVaries) : PropertyToText(*row, row->get(action));
     const std::string marks = Marks(*row, hidden, readOnly);
-    rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value,
-                    MeaningOf(*row, action) + (marks.empty() ? "" : " (" + marks + ")")});
+    StringList meaning = PropertyMeaning(*row, action);
+    if (meaning.empty()) meaning.emplace_back();
+    if (!marks.empty()) meaning.front() += (meaning.front().empty() ? "(" : " (") + marks + ")";
+    rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value, meaning.front()});
+    for (size_t i = 1; i < meaning.size(); ++i) rows.push_back({"", "", "", meaning[i]});
   }
   return Table(rows, "  ");
 }

@@ -17,7 +17,8 @@ class TFileOrDirectoryAction : public TVekAction {
   WordBool DeleteTree = false;
   WordBool DeleteReadOnly = false;
 
-  static constexpr PropertyRow kPublished[] = {Published<&TFileOrDirectoryAction::Force>("Force")};
+  static constexpr PropertyRow kPublished[] = {
+      Published<&TFileOrDirectoryAction::Force>("Force").Means("Create Directory alone looks at it")};
 
   std::string GetDescriptionKeyValue(int32_t index) const override;
   void SetDescriptionKeyValue(int32_t index, std::string_view value) override;
@@ -104,9 +105,12 @@ class TFileExistsAction final : public PublishedAction<TFileExistsAction, TCusto
           "FileOrDirectory", TextRole::File),
       Published<&TCustomFileExistsAction::FailIfExists, &TCustomFileExistsAction::SetFailIfExists>(
           "FailIfExists")
-          .NotStored(),
-      Published<&TCustomFileExistsAction::ExistsMode>("ExistsMode"),
-      Published<&TCustomFileExistsAction::Variable>("Variable", TextRole::Variable),
+          .NotStored()
+          .Means("Sets ExistsMode to feFailIfExists (True) or feFailIfMissing (False); from older projects"),
+      Published<&TCustomFileExistsAction::ExistsMode>("ExistsMode")
+          .Means("Fail when it exists, fail when it is missing, or never fail"),
+      Published<&TCustomFileExistsAction::Variable>("Variable", TextRole::Variable)
+          .Means("The variable that receives whether it exists, as a boolean; blank for none"),
   };
 };
 
@@ -130,8 +134,11 @@ class TDeleteDirectoryAction final
       Published<&TFileOrDirectoryAction::FileOrDirectory, &TFileOrDirectoryAction::SetFileOrDirectory>(
           "FileOrDirectory", TextRole::Folder),
       Published<&TFileOrDirectoryAction::DeleteTree>("DeleteTree"),
-      Published<&TFileOrDirectoryAction::DeleteReadOnly>("DeleteReadOnly"),
-      Published<&TCustomDeleteDirectoryAction::DeleteHidden>("DeleteHidden"),
-      Published<&TCustomDeleteDirectoryAction::LogDeletedFiles>("LogDeletedFiles"),
+      Published<&TFileOrDirectoryAction::DeleteReadOnly>("DeleteReadOnly")
+          .Means("The read-only attribute of the folder itself is cleared without Delete Tree too"),
+      Published<&TCustomDeleteDirectoryAction::DeleteHidden>("DeleteHidden")
+          .Means("Clears the hidden attribute of the folder first; what is hidden is deleted either way"),
+      Published<&TCustomDeleteDirectoryAction::LogDeletedFiles>("LogDeletedFiles")
+          .Means("Log each file and folder that is removed"),
   };
 };

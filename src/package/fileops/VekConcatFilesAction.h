@@ -56,9 +56,13 @@ class TConcatAction final : public PublishedAction<TConcatAction, TCustomConcatA
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TConcatAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomConcatAction::SourceFile1>("SourceFile1", TextRole::File),
-      Published<&TCustomConcatAction::SourceFile2>("SourceFile2", TextRole::File),
-      Published<&TCustomConcatAction::DestinationFile>("DestinationFile", TextRole::File),
-      Published<&TCustomConcatAction::DestExistsAction>("DestExistsAction"),
+      Published<&TCustomConcatAction::SourceFile1>("SourceFile1", TextRole::File)
+          .Means("The first part of the new file"),
+      Published<&TCustomConcatAction::SourceFile2>("SourceFile2", TextRole::File)
+          .Means("What follows it; may be blank when appending"),
+      Published<&TCustomConcatAction::DestinationFile>("DestinationFile", TextRole::File)
+          .Means("The file that is written, or added to"),
+      Published<&TCustomConcatAction::DestExistsAction>("DestExistsAction")
+          .Means("What to do when the destination file exists"),
   };
 };

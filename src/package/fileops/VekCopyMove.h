@@ -109,11 +109,15 @@ inline constexpr PropertyRow kCopyMoveProperties[] = {
     Published<&TCustomCopyFilesAction::TargetIsDir, &TCustomCopyFilesAction::SetTargetIsDir>("TargetIsDir"),
     Published<&TCustomCopyFilesAction::FailIfExists>("FailIfExists"),
     Published<&TCustomCopyFilesAction::OverwriteReadOnly>("OverwriteReadOnly"),
-    Published<&TCustomCopyFilesAction::Recurse, &TCustomCopyFilesAction::SetRecurse>("Recurse"),
+    Published<&TCustomCopyFilesAction::Recurse, &TCustomCopyFilesAction::SetRecurse>("Recurse").Means(
+        "Copying only: moving never goes into sub-folders"),
     Published<&TCustomCopyFilesAction::ClearAttributes>("ClearAttributes"),
-    Published<&TCustomCopyFilesAction::FailIfZeroFiles>("FailIfZeroFiles"),
-    Published<&TCustomCopyFilesAction::FilesAffected>("FilesAffected"),
-    Published<&TCustomCopyFilesAction::ErrorCount>("ErrorCount"),
+    Published<&TCustomCopyFilesAction::FailIfZeroFiles>("FailIfZeroFiles")
+        .Means("Fail when no file was copied or moved"),
+    Published<&TCustomCopyFilesAction::FilesAffected>("FilesAffected")
+        .Means("How many files the last run copied or moved"),
+    Published<&TCustomCopyFilesAction::ErrorCount>("ErrorCount")
+        .Means("How many files the last run could not move; copying leaves it at 0"),
 };
 
 class TCopyFilesAction final : public PublishedAction<TCopyFilesAction, TCustomCopyFilesAction> {
@@ -128,5 +132,7 @@ class TMoveFilesAction final : public PublishedAction<TMoveFilesAction, TCustomM
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TMoveFilesAction";
   static constexpr auto kPublished =
-      Extended(kCopyMoveProperties, Published<&TCustomMoveFilesAction::StopOnAnyErrors>("StopOnAnyErrors"));
+      Extended(kCopyMoveProperties,
+               Published<&TCustomMoveFilesAction::StopOnAnyErrors>("StopOnAnyErrors")
+                   .Means("Stop at the first file that cannot be moved, instead of going on with the next"));
 };

@@ -46,8 +46,10 @@ class TDeleteFilesAction final : public PublishedAction<TDeleteFilesAction, TCus
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomDeleteFilesAction::FileSpec, &TCustomDeleteFilesAction::SetFileSpec>(
           "FileSpec", TextRole::Wildcard),
-      Published<&TCustomDeleteFilesAction::DeleteReadOnly>("DeleteReadOnly"),
-      Published<&TCustomDeleteFilesAction::DeleteHidden>("DeleteHidden"),
+      Published<&TCustomDeleteFilesAction::DeleteReadOnly>("DeleteReadOnly")
+          .Means("Without it, the first read-only file ends the step, which has failed"),
+      Published<&TCustomDeleteFilesAction::DeleteHidden>("DeleteHidden")
+          .Means("Clears the hidden attribute first; hidden files are deleted either way"),
       PublishedTruth<&TCustomDeleteFilesAction::FailIfNoFile>("FailIfNoFile"),
       RunTime<&TCustomDeleteFilesAction::FilesAffected>("FilesAffected"),
   };

@@ -50,12 +50,17 @@ class TVekFileCompareAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekFileCompareAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekFileCompareAction::FileA>("FileA", TextRole::File),
-      Published<&TCustomVekFileCompareAction::FileB>("FileB", TextRole::File),
-      Published<&TCustomVekFileCompareAction::CompareDate>("CompareDate"),
-      Published<&TCustomVekFileCompareAction::CompareSize>("CompareSize"),
-      Published<&TCustomVekFileCompareAction::CompareMD5>("CompareMD5"),
-      Published<&TCustomVekFileCompareAction::Fail>("Fail"),
-      Published<&TCustomVekFileCompareAction::Inverted>("Inverted"),
+      Published<&TCustomVekFileCompareAction::FileA>("FileA", TextRole::File).Means("The first file"),
+      Published<&TCustomVekFileCompareAction::FileB>("FileB", TextRole::File).Means("The second file"),
+      Published<&TCustomVekFileCompareAction::CompareDate>("CompareDate")
+          .Means("They differ when their dates of last writing do"),
+      Published<&TCustomVekFileCompareAction::CompareSize>("CompareSize")
+          .Means("They differ when their sizes do"),
+      Published<&TCustomVekFileCompareAction::CompareMD5>("CompareMD5")
+          .Means("They differ when their MD5 checksums do"),
+      Published<&TCustomVekFileCompareAction::Fail>("Fail").Means(
+          "Fail when the files are the same; otherwise the children run only when they differ"),
+      Published<&TCustomVekFileCompareAction::Inverted>("Inverted")
+          .Means("Take files that are the same for different ones, and the other way round"),
   };
 };

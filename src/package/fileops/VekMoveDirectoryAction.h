@@ -26,8 +26,10 @@ class TVekMoveDirectoryAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekMoveDirectoryAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekMoveDirectoryAction::Directory>("Directory", TextRole::Folder),
+      Published<&TCustomVekMoveDirectoryAction::Directory>("Directory", TextRole::Folder)
+          .Means("The folder to move"),
       Published<&TCustomVekMoveDirectoryAction::DestinationDirectory>("DestinationDirectory",
-                                                                      TextRole::Folder),
+                                                                      TextRole::Folder)
+          .Means("Its new path, the folder's own name included"),
   };
 };

@@ -32,9 +32,11 @@ class TRenameDirAction final : public PublishedAction<TRenameDirAction, TCustomR
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TRenameDirAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomRenameDirAction::SourceDirectory>("SourceDirectory", TextRole::Folder),
-      Published<&TCustomRenameDirAction::NewDirName>("NewDirName"),
-      Published<&TCustomRenameDirAction::SourceFile>("SourceFile", TextRole::File),
-      Published<&TCustomRenameDirAction::RenameDir>("RenameDir"),
+      Published<&TCustomRenameDirAction::SourceDirectory>("SourceDirectory", TextRole::Folder)
+          .Means("The folder to rename"),
+      Published<&TCustomRenameDirAction::NewDirName>("NewDirName").Means("The new name, without a path"),
+      Published<&TCustomRenameDirAction::SourceFile>("SourceFile", TextRole::File)
+          .Means("The file to rename, when RenameDir is off"),
+      Published<&TCustomRenameDirAction::RenameDir>("RenameDir").Means("Rename a folder instead of a file"),
   };
 };

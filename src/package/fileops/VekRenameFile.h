@@ -27,7 +27,9 @@ class TRenameFilesAction final : public PublishedAction<TRenameFilesAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TRenameFilesAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomRenameFilesAction::SourceSpec>("SourceSpec", TextRole::Wildcard),
-      Published<&TCustomRenameFilesAction::TargetSpec>("TargetSpec"),
+      Published<&TCustomRenameFilesAction::SourceSpec>("SourceSpec", TextRole::Wildcard)
+          .Means("The files to rename; wildcards (*, ?) may be used"),
+      Published<&TCustomRenameFilesAction::TargetSpec>("TargetSpec")
+          .Means("The new names; * keeps the old name, or the old extension"),
   };
 };

@@ -54,7 +54,9 @@ class TTouchFilesAction final : public PublishedAction<TTouchFilesAction, TCusto
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TTouchFilesAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomTouchFilesAction::DateTime>("DateTime").Varies(),
+      Published<&TCustomTouchFilesAction::DateTime>("DateTime")
+          .Varies()
+          .Means("The date and time to set; with UseNow, those of the run"),
       Published<&TCustomTouchFilesAction::FileSpec>("FileSpec", TextRole::Wildcard),
       PublishedTruth<&TCustomTouchFilesAction::TouchDate>("TouchDate"),
       PublishedTruth<&TCustomTouchFilesAction::TouchTime>("TouchTime"),
@@ -62,12 +64,15 @@ class TTouchFilesAction final : public PublishedAction<TTouchFilesAction, TCusto
       PublishedTruth<&TCustomTouchFilesAction::Recurse>("Recurse"),
       Published<&TCustomTouchFilesAction::DateTimeString, &TCustomTouchFilesAction::SetDateTimeString>(
           "DateTimeString")
-          .NotStored(),
-      Published<&TCustomTouchFilesAction::FileCount>("FileCount"),
+          .NotStored()
+          .Means("Always reads Edit...; setting it does nothing"),
+      Published<&TCustomTouchFilesAction::FileCount>("FileCount")
+          .Means("How many files the last run touched"),
       PublishedTruth<&TCustomTouchFilesAction::UseNow>("UseNow"),
       Published<&TCustomTouchFilesAction::DateTimeAsString, &TCustomTouchFilesAction::SetDateTimeAsString>(
           "DateTimeAsString")
           .NotStored()
-          .Varies(),
+          .Varies()
+          .Means("DateTime as a text; one that is no date and time changes nothing"),
   };
 };

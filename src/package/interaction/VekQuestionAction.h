@@ -40,10 +40,15 @@ class TVekQuestionAction final : public PublishedAction<TVekQuestionAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekQuestionAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekQuestionAction::PromptText>("PromptText"),
-      Published<&TCustomVekQuestionAction::UseYesAndNo>("UseYesAndNo"),
-      Published<&TCustomVekQuestionAction::AnswerAction>("AnswerAction"),
-      Published<&TCustomVekQuestionAction::VekVariable>("VekVariable", TextRole::Variable),
-      Published<&TCustomVekQuestionAction::DefaultIsCancel>("DefaultIsCancel"),
+      Published<&TCustomVekQuestionAction::PromptText>("PromptText")
+          .Means("The question.  Any variables used will be expanded."),
+      Published<&TCustomVekQuestionAction::UseYesAndNo>("UseYesAndNo")
+          .Means("Ask with Yes and No instead of OK and Cancel"),
+      Published<&TCustomVekQuestionAction::AnswerAction>("AnswerAction")
+          .Means("Fail on Cancel or No, fail on OK or Yes, or store the answer"),
+      Published<&TCustomVekQuestionAction::VekVariable>("VekVariable", TextRole::Variable)
+          .Means("The variable that receives the answer, as a boolean: True for OK or Yes"),
+      Published<&TCustomVekQuestionAction::DefaultIsCancel>("DefaultIsCancel")
+          .Means("Cancel or No is the default answer"),
   };
 };

@@ -44,10 +44,14 @@ class TFolderIterator final : public PublishedAction<TFolderIterator, TCustomFol
   static constexpr std::string_view kClassName = "TFolderIterator";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomFolderIterator::VariableName, &TCustomFolderIterator::SetVariableName>(
-          "VariableName", TextRole::Variable),
-      Published<&TCustomFolderIterator::StartingFolder>("StartingFolder", TextRole::Folder),
-      Published<&TCustomFolderIterator::Recurse, &TCustomFolderIterator::SetRecurse>("Recurse"),
+          "VariableName", TextRole::Variable)
+          .Means("LoopVariable by another name"),
+      Published<&TCustomFolderIterator::StartingFolder>("StartingFolder", TextRole::Folder)
+          .Means("The folder whose sub-folders are gone through"),
+      Published<&TCustomFolderIterator::Recurse, &TCustomFolderIterator::SetRecurse>("Recurse").Means(
+          "Go into the sub-folders too; switches IncludeFolderPath on"),
       Published<&TCustomFolderIterator::IncludeFolderPath, &TCustomFolderIterator::SetIncludeFolderPath>(
-          "IncludeFolderPath"),
+          "IncludeFolderPath")
+          .Means("Hand out whole paths instead of names; switching it off switches Recurse off"),
   };
 };

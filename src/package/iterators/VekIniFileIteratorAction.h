@@ -44,16 +44,24 @@ class TIniFileIterator final : public PublishedAction<TIniFileIterator, TCustomI
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TIniFileIterator";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomIniFileIterator::IniFilename>("IniFilename", TextRole::File),
-      Published<&TCustomIniFileIterator::IteratorMode>("IteratorMode"),
-      Published<&TCustomIniFileIterator::SectionsVar>("SectionsVar", TextRole::Variable),
-      Published<&TCustomIniFileIterator::SectionName>("SectionName"),
-      Published<&TCustomIniFileIterator::NameVariable>("NameVariable", TextRole::Variable),
-      Published<&TCustomIniFileIterator::ValueVariable>("ValueVariable", TextRole::Variable),
-      Published<&TVekBaseIterator::GetIterationCount>("ItemCount"),
-      Published<&TVekBaseIterator::GetCurrentIteration>("ItemIndex"),
+      Published<&TCustomIniFileIterator::IniFilename>("IniFilename", TextRole::File)
+          .Means("The ini file to read"),
+      Published<&TCustomIniFileIterator::IteratorMode>("IteratorMode")
+          .Means("Go through the sections of the file, or through the entries of one section"),
+      Published<&TCustomIniFileIterator::SectionsVar>("SectionsVar", TextRole::Variable)
+          .Means("The variable that receives the name of each section"),
+      Published<&TCustomIniFileIterator::SectionName>("SectionName")
+          .Means("The section whose entries are gone through"),
+      Published<&TCustomIniFileIterator::NameVariable>("NameVariable", TextRole::Variable)
+          .Means("The variable that receives the name of each entry; blank for none"),
+      Published<&TCustomIniFileIterator::ValueVariable>("ValueVariable", TextRole::Variable)
+          .Means("The variable that receives the value of each entry; blank for none"),
+      Published<&TVekBaseIterator::GetIterationCount>("ItemCount").Means("How many passes there are"),
+      Published<&TVekBaseIterator::GetCurrentIteration>("ItemIndex")
+          .Means("The number of the present pass, from 1"),
       Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("VekVariable",
                                                                                      TextRole::Variable)
-          .NotStored(),
+          .NotStored()
+          .Means("LoopVariable by another name; this loop does not use it"),
   };
 };

@@ -32,8 +32,10 @@ class TVekListIterator final : public PublishedAction<TVekListIterator, TCustomV
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekListIterator";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekListIterator::ListOfItems>("ListOfItems"),
-      Published<&TCustomVekListIterator::ItemCount>("ItemCount"),
-      Published<&TCustomVekListIterator::ItemIndex>("ItemIndex"),
+      Published<&TCustomVekListIterator::ListOfItems>("ListOfItems")
+          .Means("The values, one a line; a variable that holds several lines is as many passes"),
+      Published<&TCustomVekListIterator::ItemCount>("ItemCount").Means("How many passes there are"),
+      Published<&TCustomVekListIterator::ItemIndex>("ItemIndex")
+          .Means("The number of the present pass, from 1"),
   };
 };

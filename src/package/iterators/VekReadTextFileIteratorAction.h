@@ -38,9 +38,12 @@ class TReadTextFileIterator final
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomReadTextFileIterator::VariableName, &TCustomReadTextFileIterator::SetVariableName>(
           "VariableName", TextRole::Variable)
-          .NotStored(),
-      Published<&TCustomReadTextFileIterator::TextFileName>("TextFileName", TextRole::File),
-      Published<&TCustomReadTextFileIterator::LineCount>("LineCount"),
-      Published<&TCustomReadTextFileIterator::LineIndex>("LineIndex"),
+          .NotStored()
+          .Means("LoopVariable by another name"),
+      Published<&TCustomReadTextFileIterator::TextFileName>("TextFileName", TextRole::File)
+          .Means("The text file to read"),
+      Published<&TCustomReadTextFileIterator::LineCount>("LineCount").Means("How many lines the file has"),
+      Published<&TCustomReadTextFileIterator::LineIndex>("LineIndex")
+          .Means("The number of the present line, from 1"),
   };
 };

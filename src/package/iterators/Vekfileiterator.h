@@ -67,19 +67,29 @@ class TFileIterator final : public PublishedAction<TFileIterator, TCustomFileIte
   static constexpr std::string_view kClassName = "TFileIterator";
   static constexpr PropertyRow kPublished[] = {
       Published<&TVekBaseIterator::LoopVariable, &TVekBaseIterator::SetLoopVariable>("VariableName",
-                                                                                     TextRole::Variable),
+                                                                                     TextRole::Variable)
+          .Means("LoopVariable by another name"),
       Published<&TCustomFileIterator::FileSpec, &TCustomFileIterator::SetFileSpec>("FileSpec",
-                                                                                   TextRole::Wildcard),
-      Published<&TCustomFileIterator::Recurse, &TCustomFileIterator::SetRecurse>("Recurse"),
+                                                                                   TextRole::Wildcard)
+          .Means("The files to go through; wildcards (*, ?) may be used"),
+      Published<&TCustomFileIterator::Recurse, &TCustomFileIterator::SetRecurse>("Recurse").Means(
+          "Search the sub-folders too; switches IncludeFilePath on"),
       Published<&TCustomFileIterator::IncludeFilePath, &TCustomFileIterator::SetIncludeFilePath>(
-          "IncludeFilePath"),
-      Published<&TCustomFileIterator::FileCount>("FileCount"),
-      Published<&TCustomFileIterator::FileIndex>("FileIndex"),
-      Published<&TCustomFileIterator::FindAnyFile>("FindAnyFile"),
-      Published<&TCustomFileIterator::UseFileSet, &TCustomFileIterator::SetUseFileSet>("UseFileSet"),
+          "IncludeFilePath")
+          .Means("Hand out whole paths instead of names; switching it off switches Recurse off"),
+      Published<&TCustomFileIterator::FileCount>("FileCount").Means("How many files the list holds"),
+      Published<&TCustomFileIterator::FileIndex>("FileIndex")
+          .Means("The place of the present file in the list, from 0"),
+      Published<&TCustomFileIterator::FindAnyFile>("FindAnyFile")
+          .Means("Find hidden and system files too, and folders"),
+      Published<&TCustomFileIterator::UseFileSet, &TCustomFileIterator::SetUseFileSet>("UseFileSet")
+          .Means("Go through a file set of the project instead of FileSpec"),
       Published<&TCustomFileIterator::FileSetName, &TCustomFileIterator::SetFileSetName>("FileSetName",
-                                                                                         TextRole::FileSet),
-      Published<&TCustomFileIterator::FileSetRefreshBefore>("FileSetRefreshBefore"),
-      Published<&TCustomFileIterator::FileSetRefreshAfterEach>("FileSetRefreshAfterEach"),
+                                                                                         TextRole::FileSet)
+          .Means("The name of the file set"),
+      Published<&TCustomFileIterator::FileSetRefreshBefore>("FileSetRefreshBefore")
+          .Means("Evaluate the file set anew before the first pass"),
+      Published<&TCustomFileIterator::FileSetRefreshAfterEach>("FileSetRefreshAfterEach")
+          .Means("Evaluate it anew after each pass: what is gone is left out, what is new comes last"),
   };
 };

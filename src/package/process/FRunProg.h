@@ -64,14 +64,19 @@ class TRunProgramAction final : public PublishedAction<TRunProgramAction, TCusto
   static constexpr std::string_view kClassName = "TRunProgramAction";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomRunProgramAction::ProgramName, &TCustomRunProgramAction::SetProgramName>(
-          "ProgramName", TextRole::File),
+          "ProgramName", TextRole::File)
+          .Means("A name without a folder is looked up along PATH"),
       Published<&TCustomRunProgramAction::Params>("Params"),
       Published<&TCustomRunProgramAction::StartInDir>("StartInDir", TextRole::Folder),
-      Published<&TCustomRunProgramAction::LogOutput>("LogOutput"),
+      Published<&TCustomRunProgramAction::LogOutput>("LogOutput")
+          .Means("Needs WaitForCompletion: without it the step fails"),
       Published<&TCustomRunProgramAction::WaitForCompletion>("WaitForCompletion"),
       Published<&TCustomRunProgramAction::HideWindow>("HideWindow"),
-      Published<&TCustomRunProgramAction::SuccessRC>("SuccessRC"),
-      Published<&TCustomRunProgramAction::ReturnCode>("ReturnCode").NotStored(),
+      Published<&TCustomRunProgramAction::SuccessRC>("SuccessRC")
+          .Means("The highest return code that counts as success; one above it is a failure"),
+      Published<&TCustomRunProgramAction::ReturnCode>("ReturnCode")
+          .NotStored()
+          .Means("The return code of the last run"),
   };
 };
 
@@ -100,11 +105,15 @@ class TRunDosCMDAction final : public PublishedAction<TRunDosCMDAction, TCustomR
   static constexpr std::string_view kClassName = "TRunDosCMDAction";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomRunDosCMDAction::StartInDir>("StartInDir", TextRole::Folder),
-      Published<&TCustomRunDosCMDAction::LogOutput>("LogOutput"),
+      Published<&TCustomRunDosCMDAction::LogOutput>("LogOutput")
+          .Means("Needs WaitForCompletion: without it the step fails"),
       Published<&TCustomRunDosCMDAction::WaitForCompletion>("WaitForCompletion"),
       Published<&TCustomRunDosCMDAction::HideWindow>("HideWindow"),
-      Published<&TCustomRunDosCMDAction::SuccessRC>("SuccessRC"),
+      Published<&TCustomRunDosCMDAction::SuccessRC>("SuccessRC")
+          .Means("The highest return code that counts as success; one above it is a failure"),
       Published<&TCustomRunDosCMDAction::Command, &TCustomRunDosCMDAction::SetCommand>("Command"),
-      Published<&TCustomRunDosCMDAction::ReturnCode>("ReturnCode").NotStored(),
+      Published<&TCustomRunDosCMDAction::ReturnCode>("ReturnCode")
+          .NotStored()
+          .Means("The return code of the last run"),
   };
 };

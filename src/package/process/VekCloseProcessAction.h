@@ -36,10 +36,13 @@ class TVekCloseProcessAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekCloseProcessAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekCloseProcessAction::ProcessID>("ProcessID"),
-      Published<&TCustomVekCloseProcessAction::ProcessIDInt>("ProcessIDInt"),
-      Published<&TCustomVekCloseProcessAction::Timeout>("Timeout"),
-      Published<&TCustomVekCloseProcessAction::TimeoutLimit>("TimeoutLimit"),
-      Published<&TCustomVekCloseProcessAction::SendWMClose>("SendWMClose"),
+      Published<&TCustomVekCloseProcessAction::ProcessID>("ProcessID").Means("The number of the process"),
+      Published<&TCustomVekCloseProcessAction::ProcessIDInt>("ProcessIDInt")
+          .Means("The number that the last run used"),
+      Published<&TCustomVekCloseProcessAction::Timeout>("Timeout").Means(
+          "Wait for the process to end, and terminate it when it does not"),
+      Published<&TCustomVekCloseProcessAction::TimeoutLimit>("TimeoutLimit").Means("Seconds to wait for it"),
+      Published<&TCustomVekCloseProcessAction::SendWMClose>("SendWMClose")
+          .Means("Ask with WM_CLOSE instead of WM_QUIT"),
   };
 };

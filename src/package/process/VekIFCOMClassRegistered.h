@@ -36,10 +36,15 @@ class TVekIfCOMClassRegistered final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekIfCOMClassRegistered";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekIfCOMClassRegistered::CLSID>("CLSID"),
-      Published<&TCustomVekIfCOMClassRegistered::ProgID>("ProgID"),
-      Published<&TCustomVekIfCOMClassRegistered::UseProgID>("UseProgID"),
-      Published<&TCustomVekIfCOMClassRegistered::Invert>("Invert"),
-      Published<&TCustomVekIfCOMClassRegistered::FailIfNotRegistered>("FailIfNotRegistered"),
+      Published<&TCustomVekIfCOMClassRegistered::CLSID>("CLSID").Means(
+          "The class identifier, with braces or without"),
+      Published<&TCustomVekIfCOMClassRegistered::ProgID>("ProgID").Means(
+          "The programmatic identifier, as it stands: an expression in it is only logged"),
+      Published<&TCustomVekIfCOMClassRegistered::UseProgID>("UseProgID")
+          .Means("Look for ProgID instead of CLSID"),
+      Published<&TCustomVekIfCOMClassRegistered::Invert>("Invert").Means(
+          "The condition is that the class is not registered"),
+      Published<&TCustomVekIfCOMClassRegistered::FailIfNotRegistered>("FailIfNotRegistered")
+          .Means("Fail when the condition does not hold, instead of leaving out the children"),
   };
 };

@@ -32,23 +32,37 @@ class TVekRobocopyAction : public TVekExecuteAbstractAction {
   bool Validate(IVekActionValidationError& errors) override;
 
   static constexpr PropertyRow kSharedRows[] = {
-      Published<&TVekRobocopyAction::SourceDir>("SourceDir", TextRole::Folder),
-      Published<&TVekRobocopyAction::DestDir>("DestDir", TextRole::Folder),
-      Published<&TVekRobocopyAction::Retries>("Retries"),
-      Published<&TVekRobocopyAction::RetryWaitSec>("RetryWaitSec"),
-      Published<&TVekRobocopyAction::ExtraCmdLine>("ExtraCmdLine"),
-      Published<&TVekRobocopyAction::ReportExtraFiles>("ReportExtraFiles"),
-      Published<&TVekRobocopyAction::VerboseOutput>("VerboseOutput"),
-      Published<&TVekRobocopyAction::DisplayFileTimestamps>("DisplayFileTimestamps"),
-      Published<&TVekRobocopyAction::DisplayFullPathnames>("DisplayFullPathnames"),
-      Published<&TVekRobocopyAction::SuppressFileClasses>("SuppressFileClasses"),
-      Published<&TVekRobocopyAction::SuppressFileDirSizes>("SuppressFileDirSizes"),
-      Published<&TVekRobocopyAction::DisableLoggingDirNames>("DisableLoggingDirNames"),
-      Published<&TVekRobocopyAction::DisableLoggingFileNames>("DisableLoggingFileNames"),
-      Published<&TVekRobocopyAction::DisableLoggingJobHeader>("DisableLoggingJobHeader"),
-      Published<&TVekRobocopyAction::DisableLoggingJobSummary>("DisableLoggingJobSummary"),
-      Published<&TVekRobocopyAction::LogFile>("LogFile", TextRole::File),
-      Published<&TVekRobocopyAction::AppendToLogFile>("AppendToLogFile"),
+      Published<&TVekRobocopyAction::SourceDir>("SourceDir", TextRole::Folder)
+          .Means("The folder to copy from"),
+      Published<&TVekRobocopyAction::DestDir>("DestDir", TextRole::Folder).Means("The folder to copy to"),
+      Published<&TVekRobocopyAction::Retries>("Retries").Means(
+          "How often a file that cannot be copied is tried again (/R)"),
+      Published<&TVekRobocopyAction::RetryWaitSec>("RetryWaitSec").Means("Seconds between two tries (/W)"),
+      Published<&TVekRobocopyAction::ExtraCmdLine>("ExtraCmdLine").Means("Further switches, one a line"),
+      Published<&TVekRobocopyAction::ReportExtraFiles>("ReportExtraFiles")
+          .Means("Report what is in the destination only (/X)"),
+      Published<&TVekRobocopyAction::VerboseOutput>("VerboseOutput")
+          .Means("Report files that are left out too (/V)"),
+      Published<&TVekRobocopyAction::DisplayFileTimestamps>("DisplayFileTimestamps")
+          .Means("Show the times of source files (/TS)"),
+      Published<&TVekRobocopyAction::DisplayFullPathnames>("DisplayFullPathnames")
+          .Means("Show full paths (/FP)"),
+      Published<&TVekRobocopyAction::SuppressFileClasses>("SuppressFileClasses")
+          .Means("Log no file classes (/NC)"),
+      Published<&TVekRobocopyAction::SuppressFileDirSizes>("SuppressFileDirSizes")
+          .Means("Log no sizes (/NS)"),
+      Published<&TVekRobocopyAction::DisableLoggingDirNames>("DisableLoggingDirNames")
+          .Means("Log no folder names (/NDL)"),
+      Published<&TVekRobocopyAction::DisableLoggingFileNames>("DisableLoggingFileNames")
+          .Means("Log no file names (/NFL)"),
+      Published<&TVekRobocopyAction::DisableLoggingJobHeader>("DisableLoggingJobHeader")
+          .Means("Log no job header (/NJH)"),
+      Published<&TVekRobocopyAction::DisableLoggingJobSummary>("DisableLoggingJobSummary")
+          .Means("Log no job summary (/NJS)"),
+      Published<&TVekRobocopyAction::LogFile>("LogFile", TextRole::File)
+          .Means("A log file of robocopy's own, beside the log of the build (/LOG)"),
+      Published<&TVekRobocopyAction::AppendToLogFile>("AppendToLogFile")
+          .Means("Add to that file instead of overwriting it (/LOG+)"),
   };
 
  protected:
@@ -81,5 +95,6 @@ class TVekRobocopyJobAction final : public PublishedAction<TVekRobocopyJobAction
   static constexpr std::string_view kClassName = "TVekRobocopyJobAction";
   static constexpr auto kPublished =
       Extended(TVekRobocopyAction::kSharedRows,
-               Published<&TCustomRobocopyJobAction::JobFiles>("JobFiles", TextRole::File));
+               Published<&TCustomRobocopyJobAction::JobFiles>("JobFiles", TextRole::File)
+                   .Means("The robocopy job file to run; of several lines, only the last one counts (/JOB)"));
 };

@@ -86,48 +86,86 @@ class TVekRobocopyMainAction : public TVekRobocopyAction {
   bool IncludeSubDirs = false;
   bool IncludeEmptyDirs = false;
 
-  static constexpr auto kSharedRows =
-      Extended(TVekRobocopyAction::kSharedRows,
-               Published<&TVekRobocopyMainAction::DoIncludeUsingAttrib>("DoIncludeUsingAttrib"),
-               Published<&TVekRobocopyMainAction::IncludeFilesAttrib>("IncludeFilesAttrib"),
-               Published<&TVekRobocopyMainAction::OnlyArchiveFilesAndClearArchiveBit>(
-                   "OnlyArchiveFilesAndClearArchiveBit"),
-               Published<&TVekRobocopyMainAction::IncludeTaggedSame>("IncludeTaggedSame"),
-               Published<&TVekRobocopyMainAction::IncludeTaggedTweaked>("IncludeTaggedTweaked"),
-               Published<&TVekRobocopyMainAction::ExcludeFilesAttrib>("ExcludeFilesAttrib"),
-               Published<&TVekRobocopyMainAction::ExcludeJunctionPoints>("ExcludeJunctionPoints"),
-               Published<&TVekRobocopyMainAction::ExcludeFiles>("ExcludeFiles", TextRole::Wildcard),
-               Published<&TVekRobocopyMainAction::ExcludeDirs>("ExcludeDirs", TextRole::Folder),
-               Published<&TVekRobocopyMainAction::ExcludeTaggedChanged>("ExcludeTaggedChanged"),
-               Published<&TVekRobocopyMainAction::ExcludeTaggedNewer>("ExcludeTaggedNewer"),
-               Published<&TVekRobocopyMainAction::ExcludeTaggedOlder>("ExcludeTaggedOlder"),
-               Published<&TVekRobocopyMainAction::ExcludeTaggedExtra>("ExcludeTaggedExtra"),
-               Published<&TVekRobocopyMainAction::ExcludeTaggedLonely>("ExcludeTaggedLonely"),
-               Published<&TVekRobocopyMainAction::ExcludeLargeFiles>("ExcludeLargeFiles"),
-               Published<&TVekRobocopyMainAction::MaxFileSizeBytes>("MaxFileSizeBytes"),
-               Published<&TVekRobocopyMainAction::ExcludeSmallFiles>("ExcludeSmallFiles"),
-               Published<&TVekRobocopyMainAction::MinFileSizeBytes>("MinFileSizeBytes"),
-               Published<&TVekRobocopyMainAction::ExcludeOldFiles>("ExcludeOldFiles"),
-               Published<&TVekRobocopyMainAction::MaxAgeDays>("MaxAgeDays"),
-               Published<&TVekRobocopyMainAction::MaxAgeDate>("MaxAgeDate"),
-               Published<&TVekRobocopyMainAction::UseMaxAgeDays>("UseMaxAgeDays"),
-               Published<&TVekRobocopyMainAction::ExcludeNewFiles>("ExcludeNewFiles"),
-               Published<&TVekRobocopyMainAction::MinAgeDays>("MinAgeDays"),
-               Published<&TVekRobocopyMainAction::MinAgeDate>("MinAgeDate"),
-               Published<&TVekRobocopyMainAction::UseMinAgeDays>("UseMinAgeDays"),
-               Published<&TVekRobocopyMainAction::ExcludeLADOldFiles>("ExcludeLADOldFiles"),
-               Published<&TVekRobocopyMainAction::MaxLADDays>("MaxLADDays"),
-               Published<&TVekRobocopyMainAction::MaxLADDate>("MaxLADDate"),
-               Published<&TVekRobocopyMainAction::UseMaxLADDays>("UseMaxLADDays"),
-               Published<&TVekRobocopyMainAction::ExcludeLADNewFiles>("ExcludeLADNewFiles"),
-               Published<&TVekRobocopyMainAction::MinLADDays>("MinLADDays"),
-               Published<&TVekRobocopyMainAction::MinLADDate>("MinLADDate"),
-               Published<&TVekRobocopyMainAction::UseMinLADDays>("UseMinLADDays"),
-               Published<&TVekRobocopyMainAction::OnlyListFiles>("OnlyListFiles"),
-               Published<&TVekRobocopyMainAction::WaitForSharesToBeDefined>("WaitForSharesToBeDefined"),
-               Published<&TVekRobocopyMainAction::DelayToFreeUpBandwidth>("DelayToFreeUpBandwidth"),
-               Published<&TVekRobocopyMainAction::IncludeSubDirs>("IncludeSubDirs"),
-               Published<&TVekRobocopyMainAction::IncludeEmptyDirs>("IncludeEmptyDirs"));
+  static constexpr auto kSharedRows = Extended(
+      TVekRobocopyAction::kSharedRows,
+      Published<&TVekRobocopyMainAction::DoIncludeUsingAttrib>("DoIncludeUsingAttrib")
+          .Means("Copy only files with one of the attributes in IncludeFilesAttrib"),
+      Published<&TVekRobocopyMainAction::IncludeFilesAttrib>("IncludeFilesAttrib")
+          .Means("Those attributes (/IA)"),
+      Published<&TVekRobocopyMainAction::OnlyArchiveFilesAndClearArchiveBit>(
+          "OnlyArchiveFilesAndClearArchiveBit")
+          .Means("Copy only files with the archive attribute, and clear it in the source (/M)"),
+      Published<&TVekRobocopyMainAction::IncludeTaggedSame>("IncludeTaggedSame")
+          .Means("Copy files that are the same too (/IS)"),
+      Published<&TVekRobocopyMainAction::IncludeTaggedTweaked>("IncludeTaggedTweaked")
+          .Means("Copy files too whose attributes alone differ (/IT)"),
+      Published<&TVekRobocopyMainAction::ExcludeFilesAttrib>("ExcludeFilesAttrib")
+          .Means("Leave out files with one of these attributes (/XA)"),
+      Published<&TVekRobocopyMainAction::ExcludeJunctionPoints>("ExcludeJunctionPoints")
+          .Means("Leave out junction points (/XJ)"),
+      Published<&TVekRobocopyMainAction::ExcludeFiles>("ExcludeFiles", TextRole::Wildcard)
+          .Means("Files to leave out: names, paths or wildcards, one a line (/XF)"),
+      Published<&TVekRobocopyMainAction::ExcludeDirs>("ExcludeDirs", TextRole::Folder)
+          .Means("Folders to leave out: names or paths, one a line (/XD)"),
+      Published<&TVekRobocopyMainAction::ExcludeTaggedChanged>("ExcludeTaggedChanged")
+          .Means("Leave out files of the same time and another size (/XC)"),
+      Published<&TVekRobocopyMainAction::ExcludeTaggedNewer>("ExcludeTaggedNewer")
+          .Means("Leave out files that are newer than in the destination (/XN)"),
+      Published<&TVekRobocopyMainAction::ExcludeTaggedOlder>("ExcludeTaggedOlder")
+          .Means("Leave out files that are older than in the destination (/XO)"),
+      Published<&TVekRobocopyMainAction::ExcludeTaggedExtra>("ExcludeTaggedExtra")
+          .Means("Leave alone what is in the destination only (/XX)"),
+      Published<&TVekRobocopyMainAction::ExcludeTaggedLonely>("ExcludeTaggedLonely")
+          .Means("Leave out what is in the source only (/XL)"),
+      Published<&TVekRobocopyMainAction::ExcludeLargeFiles>("ExcludeLargeFiles")
+          .Means("Leave out files above MaxFileSizeBytes"),
+      Published<&TVekRobocopyMainAction::MaxFileSizeBytes>("MaxFileSizeBytes")
+          .Means("The largest size to copy, in bytes; 0 for no limit (/MAX)"),
+      Published<&TVekRobocopyMainAction::ExcludeSmallFiles>("ExcludeSmallFiles")
+          .Means("Leave out files below MinFileSizeBytes"),
+      Published<&TVekRobocopyMainAction::MinFileSizeBytes>("MinFileSizeBytes")
+          .Means("The smallest size to copy, in bytes; 0 for no limit (/MIN)"),
+      Published<&TVekRobocopyMainAction::ExcludeOldFiles>("ExcludeOldFiles")
+          .Means("Leave out files that are older than MaxAgeDays or MaxAgeDate (/MAXAGE)"),
+      Published<&TVekRobocopyMainAction::MaxAgeDays>("MaxAgeDays")
+          .Means("The age in days, when UseMaxAgeDays is set"),
+      Published<&TVekRobocopyMainAction::MaxAgeDate>("MaxAgeDate")
+          .Means("The date, when UseMaxAgeDays is off"),
+      Published<&TVekRobocopyMainAction::UseMaxAgeDays>("UseMaxAgeDays")
+          .Means("Count in days instead of from a date"),
+      Published<&TVekRobocopyMainAction::ExcludeNewFiles>("ExcludeNewFiles")
+          .Means("Leave out files that are newer than MinAgeDays or MinAgeDate (/MINAGE)"),
+      Published<&TVekRobocopyMainAction::MinAgeDays>("MinAgeDays")
+          .Means("The age in days, when UseMinAgeDays is set"),
+      Published<&TVekRobocopyMainAction::MinAgeDate>("MinAgeDate")
+          .Means("The date, when UseMinAgeDays is off"),
+      Published<&TVekRobocopyMainAction::UseMinAgeDays>("UseMinAgeDays")
+          .Means("Count in days instead of from a date"),
+      Published<&TVekRobocopyMainAction::ExcludeLADOldFiles>("ExcludeLADOldFiles")
+          .Means("Leave out files not used since MaxLADDays or MaxLADDate (/MAXLAD)"),
+      Published<&TVekRobocopyMainAction::MaxLADDays>("MaxLADDays")
+          .Means("The days since the last access, when UseMaxLADDays is set"),
+      Published<&TVekRobocopyMainAction::MaxLADDate>("MaxLADDate")
+          .Means("The date, when UseMaxLADDays is off"),
+      Published<&TVekRobocopyMainAction::UseMaxLADDays>("UseMaxLADDays")
+          .Means("Count in days instead of from a date"),
+      Published<&TVekRobocopyMainAction::ExcludeLADNewFiles>("ExcludeLADNewFiles")
+          .Means("Leave out files used since MinLADDays or MinLADDate (/MINLAD)"),
+      Published<&TVekRobocopyMainAction::MinLADDays>("MinLADDays")
+          .Means("The days since the last access, when UseMinLADDays is set"),
+      Published<&TVekRobocopyMainAction::MinLADDate>("MinLADDate")
+          .Means("The date, when UseMinLADDays is off"),
+      Published<&TVekRobocopyMainAction::UseMinLADDays>("UseMinLADDays")
+          .Means("Count in days instead of from a date"),
+      Published<&TVekRobocopyMainAction::OnlyListFiles>("OnlyListFiles")
+          .Means("List what would be done, and do nothing (/L)"),
+      Published<&TVekRobocopyMainAction::WaitForSharesToBeDefined>("WaitForSharesToBeDefined")
+          .Means("Wait for share names to be defined (/TBD)"),
+      Published<&TVekRobocopyMainAction::DelayToFreeUpBandwidth>("DelayToFreeUpBandwidth")
+          .Means("Milliseconds between packets, to leave room on a slow line; 0 for none (/IPG)"),
+      Published<&TVekRobocopyMainAction::IncludeSubDirs>("IncludeSubDirs").Means("Copy sub-folders too (/S)"),
+      Published<&TVekRobocopyMainAction::IncludeEmptyDirs>("IncludeEmptyDirs")
+          .Means("Together with IncludeSubDirs: empty ones too (/E)"));
 
  protected:
   bool GetCommandLine(ICommandLineBuilder& builder) override;
@@ -159,12 +197,18 @@ class TVekRobocopyCopyAction final
  public:
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekRobocopyCopyAction";
-  static constexpr auto kPublished = Extended(
-      TVekRobocopyMainAction::kSharedRows, Published<&TCustomRobocopyCopyAction::CopyFlags>("CopyFlags"),
-      Published<&TCustomRobocopyCopyAction::SetAttribInCopiedFiles>("SetAttribInCopiedFiles"),
-      Published<&TCustomRobocopyCopyAction::TurnOffAttribInCopiedFiles>("TurnOffAttribInCopiedFiles"),
-      Published<&TCustomRobocopyCopyAction::FATFileNames>("FATFileNames"),
-      Published<&TCustomRobocopyCopyAction::FATFileTimes>("FATFileTimes"));
+  static constexpr auto kPublished =
+      Extended(TVekRobocopyMainAction::kSharedRows,
+               Published<&TCustomRobocopyCopyAction::CopyFlags>("CopyFlags")
+                   .Means("What is copied of a file (/COPY); the default gives /COPY:DAD"),
+               Published<&TCustomRobocopyCopyAction::SetAttribInCopiedFiles>("SetAttribInCopiedFiles")
+                   .Means("Attributes that copied files are given (/A+)"),
+               Published<&TCustomRobocopyCopyAction::TurnOffAttribInCopiedFiles>("TurnOffAttribInCopiedFiles")
+                   .Means("Attributes that are taken from copied files (/A-)"),
+               Published<&TCustomRobocopyCopyAction::FATFileNames>("FATFileNames")
+                   .Means("Create files with names of eight and three characters (/FAT)"),
+               Published<&TCustomRobocopyCopyAction::FATFileTimes>("FATFileTimes")
+                   .Means("Take times for equal that are two seconds apart (/FFT)"));
 };
 
 /// "Robocopy Mirror": makes the destination what the source is.
@@ -204,5 +248,6 @@ class TVekRobocopyMoveAction final
   static constexpr std::string_view kClassName = "TVekRobocopyMoveAction";
   static constexpr auto kPublished =
       Extended(TVekRobocopyMainAction::kSharedRows,
-               Published<&TCustomRobocopyMoveAction::PreserveSourceDirTree>("PreserveSourceDirTree"));
+               Published<&TCustomRobocopyMoveAction::PreserveSourceDirTree>("PreserveSourceDirTree")
+                   .Means("Move the files and leave the folders (/MOV instead of /MOVE)"));
 };

@@ -38,10 +38,15 @@ class TVekShellExecute final : public PublishedAction<TVekShellExecute, TCustomV
   static constexpr std::string_view kClassName = "TVekShellExecute";
   static constexpr PropertyRow kPublished[] = {
       Published<&TCustomVekShellExecute::FileSpec, &TCustomVekShellExecute::SetFileSpec>("FileSpec",
-                                                                                         TextRole::File),
-      Published<&TCustomVekShellExecute::Action>("Action"),
-      Published<&TCustomVekShellExecute::Parameters>("Parameters"),
-      Published<&TCustomVekShellExecute::WorkingDir>("WorkingDir", TextRole::Folder),
-      Published<&TCustomVekShellExecute::WaitForCompletion>("WaitForCompletion"),
+                                                                                         TextRole::File)
+          .Means("The document or program; no wildcards"),
+      Published<&TCustomVekShellExecute::Action>("Action").Means(
+          "What to do with it: print, open, edit or another verb that is registered for it"),
+      Published<&TCustomVekShellExecute::Parameters>("Parameters")
+          .Means("What a program is given; documents take none"),
+      Published<&TCustomVekShellExecute::WorkingDir>("WorkingDir", TextRole::Folder)
+          .Means("The folder to start in"),
+      Published<&TCustomVekShellExecute::WaitForCompletion>("WaitForCompletion")
+          .Means("Wait for the program, for a minute at most; one that takes longer is a failure"),
   };
 };

@@ -64,26 +64,44 @@ class TVekXCopyAction final : public PublishedAction<TVekXCopyAction, TCustomXCo
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekXCopyAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomXCopyAction::Source>("Source", TextRole::Wildcard),
-      Published<&TCustomXCopyAction::Destination>("Destination", TextRole::Folder),
-      Published<&TCustomXCopyAction::ExcludeFiles>("ExcludeFiles"),
-      Published<&TCustomXCopyAction::XCopyMode>("XCopyMode"),
-      Published<&TCustomXCopyAction::XCopyLogMode>("XCopyLogMode"),
-      Published<&TCustomXCopyAction::OnlyArchiveFiles>("OnlyArchiveFiles"),
-      Published<&TCustomXCopyAction::TurnOffArchiveBit>("TurnOffArchiveBit"),
-      Published<&TCustomXCopyAction::CopyHiddenAndSys>("CopyHiddenAndSys"),
-      Published<&TCustomXCopyAction::OverwriteReadOnly>("OverwriteReadOnly"),
-      Published<&TCustomXCopyAction::CopyAttributes>("CopyAttributes"),
-      Published<&TCustomXCopyAction::OnlyFilesThatAlreadyExist>("OnlyFilesThatAlreadyExist"),
-      Published<&TCustomXCopyAction::CopyUsingShortNames>("CopyUsingShortNames"),
-      Published<&TCustomXCopyAction::CopyNetworkedFiles>("CopyNetworkedFiles"),
-      Published<&TCustomXCopyAction::CopyNewerFiles>("CopyNewerFiles"),
-      Published<&TCustomXCopyAction::CopyFilesChnagedAfter>("CopyFilesChnagedAfter"),
-      Published<&TCustomXCopyAction::Verify>("Verify"),
-      Published<&TCustomXCopyAction::IgnoreErrors>("IgnoreErrors"),
-      Published<&TCustomXCopyAction::ChangedAfterDate>("ChangedAfterDate").Varies(),
-      Published<&TCustomXCopyAction::CopyOwnershipAndACL>("CopyOwnershipAndACL"),
-      Published<&TCustomXCopyAction::CopyFileAuditSettings>("CopyFileAuditSettings"),
-      Published<&TCustomXCopyAction::CopyEncryptedIfNotSupportedInDest>("CopyEncryptedIfNotSupportedInDest"),
+      Published<&TCustomXCopyAction::Source>("Source", TextRole::Wildcard)
+          .Means("The file or folder to copy; wildcards (*, ?) may be used"),
+      Published<&TCustomXCopyAction::Destination>("Destination", TextRole::Folder)
+          .Means("The folder to copy into"),
+      Published<&TCustomXCopyAction::ExcludeFiles>("ExcludeFiles")
+          .Means("Leave out paths that hold one of these texts; no wildcards (/EXCLUDE)"),
+      Published<&TCustomXCopyAction::XCopyMode>("XCopyMode")
+          .Means("The files alone, sub-folders too (/S), a list only (/L), or folders without files (/T)"),
+      Published<&TCustomXCopyAction::XCopyLogMode>("XCopyLogMode")
+          .Means("File names, nothing (/Q), or full names of source and destination (/F)"),
+      Published<&TCustomXCopyAction::OnlyArchiveFiles>("OnlyArchiveFiles")
+          .Means("Copy only files with the archive attribute (/A)"),
+      Published<&TCustomXCopyAction::TurnOffArchiveBit>("TurnOffArchiveBit")
+          .Means("Together with OnlyArchiveFiles: clear it in the source (/M)"),
+      Published<&TCustomXCopyAction::CopyHiddenAndSys>("CopyHiddenAndSys")
+          .Means("Copy hidden and system files too (/H)"),
+      Published<&TCustomXCopyAction::OverwriteReadOnly>("OverwriteReadOnly")
+          .Means("Overwrite read-only files (/R)"),
+      Published<&TCustomXCopyAction::CopyAttributes>("CopyAttributes")
+          .Means("Keep the read-only attribute (/K)"),
+      Published<&TCustomXCopyAction::OnlyFilesThatAlreadyExist>("OnlyFilesThatAlreadyExist")
+          .Means("Copy only files that the destination has (/U)"),
+      Published<&TCustomXCopyAction::CopyUsingShortNames>("CopyUsingShortNames")
+          .Means("Create files with names of eight and three characters (/N)"),
+      Published<&TCustomXCopyAction::CopyNetworkedFiles>("CopyNetworkedFiles")
+          .Means("Copy so that an interrupted copy can be resumed (/Z)"),
+      Published<&TCustomXCopyAction::CopyNewerFiles>("CopyNewerFiles")
+          .Means("Copy only files that are newer than in the destination (/D)"),
+      Published<&TCustomXCopyAction::CopyFilesChnagedAfter>("CopyFilesChnagedAfter")
+          .Means("Copy only files changed on or after ChangedAfterDate (/D:)"),
+      Published<&TCustomXCopyAction::Verify>("Verify").Means("Check each file after copying it (/V)"),
+      Published<&TCustomXCopyAction::IgnoreErrors>("IgnoreErrors").Means("Go on after an error (/C)"),
+      Published<&TCustomXCopyAction::ChangedAfterDate>("ChangedAfterDate").Varies().Means("That date"),
+      Published<&TCustomXCopyAction::CopyOwnershipAndACL>("CopyOwnershipAndACL")
+          .Means("Copy owner and access rights (/O)"),
+      Published<&TCustomXCopyAction::CopyFileAuditSettings>("CopyFileAuditSettings")
+          .Means("Copy audit settings too (/X)"),
+      Published<&TCustomXCopyAction::CopyEncryptedIfNotSupportedInDest>("CopyEncryptedIfNotSupportedInDest")
+          .Means("Copy encrypted files to where there is no encryption (/G)"),
   };
 };

@@ -30,9 +30,12 @@ class TVekLogVariablesAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekLogVariablesAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekLogVariablesAction::VariablesToLog>("VariablesToLog", TextRole::Variable),
+      Published<&TCustomVekLogVariablesAction::VariablesToLog>("VariablesToLog", TextRole::Variable)
+          .Means("The names of the variables, one a line"),
       Published<&TCustomVekLogVariablesAction::VariableStorageString,
-                &TCustomVekLogVariablesAction::SetVariableStorageString>("VariableStorageString"),
-      Published<&TCustomVekLogVariablesAction::FailIfNotDefined>("FailIfNotDefined"),
+                &TCustomVekLogVariablesAction::SetVariableStorageString>("VariableStorageString")
+          .Means("The same names as one text"),
+      Published<&TCustomVekLogVariablesAction::FailIfNotDefined>("FailIfNotDefined")
+          .Means("Fail when one of them is not defined"),
   };
 };

@@ -40,6 +40,7 @@ class TVekReadTextFileAction final
       Published<&TCustomVekReadTextFileAction::FileName>("FileName", TextRole::File),
       Published<&TCustomVekReadTextFileAction::VekVariable>("VekVariable", TextRole::Variable),
       Published<&TCustomVekReadTextFileAction::PutContentsInVar>("PutContentsInVar"),
-      Published<&TCustomVekReadTextFileAction::EscapeVariables>("EscapeVariables"),
+      Published<&TCustomVekReadTextFileAction::EscapeVariables>("EscapeVariables")
+          .Means("Double % and write $( as $$(, so that the text stays as it is when it is expanded"),
   };
 };

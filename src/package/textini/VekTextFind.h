@@ -65,16 +65,27 @@ class TVekTextFindAction final : public PublishedAction<TVekTextFindAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekTextFindAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekTextFindAction::UseVariable>("UseVariable"),
-      Published<&TCustomVekTextFindAction::VekVariable>("VekVariable", TextRole::Variable),
-      Published<&TCustomVekTextFindAction::SourcePath>("SourcePath", TextRole::File),
-      Published<&TCustomVekTextFindAction::SearchString>("SearchString"),
-      Published<&TCustomVekTextFindAction::MatchRegExpr>("MatchRegExpr"),
-      Published<&TCustomVekTextFindAction::CaseSensitive>("CaseSensitive"),
-      Published<&TCustomVekTextFindAction::WholeWords>("WholeWords"),
-      Published<&TCustomVekTextFindAction::TextFindBehaviour>("TextFindBehaviour"),
-      Published<&TCustomVekTextFindAction::FailMatchCount>("FailMatchCount"),
-      Published<&TCustomVekTextFindAction::FailOnMoreMatchCount>("FailOnMoreMatchCount"),
-      Published<&TCustomVekTextFindAction::PutCountIntoVar>("PutCountIntoVar", TextRole::Variable),
+      Published<&TCustomVekTextFindAction::UseVariable>("UseVariable")
+          .Means("Search the value of a variable instead of a file"),
+      Published<&TCustomVekTextFindAction::VekVariable>("VekVariable", TextRole::Variable)
+          .Means("The name of that variable"),
+      Published<&TCustomVekTextFindAction::SourcePath>("SourcePath", TextRole::File)
+          .Means("The file to search"),
+      Published<&TCustomVekTextFindAction::SearchString>("SearchString")
+          .Means("The text or regular expression to look for.  Any variables used will be expanded."),
+      Published<&TCustomVekTextFindAction::MatchRegExpr>("MatchRegExpr")
+          .Means("SearchString is a regular expression"),
+      Published<&TCustomVekTextFindAction::CaseSensitive>("CaseSensitive")
+          .Means("Letter case matters; a regular expression decides for itself"),
+      Published<&TCustomVekTextFindAction::WholeWords>("WholeWords")
+          .Means("Find whole words only; a regular expression decides for itself"),
+      Published<&TCustomVekTextFindAction::TextFindBehaviour>("TextFindBehaviour")
+          .Means("Fail on fewer matches, fail on more, or put their number into a variable"),
+      Published<&TCustomVekTextFindAction::FailMatchCount>("FailMatchCount")
+          .Means("The least number of matches, for tfFailOnLess"),
+      Published<&TCustomVekTextFindAction::FailOnMoreMatchCount>("FailOnMoreMatchCount")
+          .Means("The highest number of matches, for tfFailOnMore"),
+      Published<&TCustomVekTextFindAction::PutCountIntoVar>("PutCountIntoVar", TextRole::Variable)
+          .Means("The variable that receives the number of matches, for tfPutIntoVar"),
   };
 };

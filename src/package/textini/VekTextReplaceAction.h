@@ -57,17 +57,28 @@ class TTextReplaceAction final : public PublishedAction<TTextReplaceAction, TCus
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TTextReplaceAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomTextReplaceAction::Filename>("Filename", TextRole::File),
-      Published<&TCustomTextReplaceAction::SearchText>("SearchText"),
-      Published<&TCustomTextReplaceAction::ReplaceText>("ReplaceText"),
-      Published<&TCustomTextReplaceAction::DoRepeat>("DoRepeat"),
-      Published<&TCustomTextReplaceAction::DoReplaceText>("DoReplaceText"),
-      Published<&TCustomTextReplaceAction::DoReplaceVariables>("DoReplaceVariables"),
-      Published<&TCustomTextReplaceAction::CaseSensitive>("CaseSensitive"),
-      Published<&TCustomTextReplaceAction::NewFileName>("NewFileName", TextRole::File),
-      Published<&TCustomTextReplaceAction::WholeWordsOnly>("WholeWordsOnly"),
-      Published<&TCustomTextReplaceAction::MatchRegularExpression>("MatchRegularExpression"),
-      Published<&TCustomTextReplaceAction::FailOnFewReplacements>("FailOnFewReplacements"),
-      Published<&TCustomTextReplaceAction::FailMinimumCount>("FailMinimumCount"),
+      Published<&TCustomTextReplaceAction::Filename>("Filename", TextRole::File)
+          .Means("The text file to work on"),
+      Published<&TCustomTextReplaceAction::SearchText>("SearchText")
+          .Means("The text or regular expression to replace.  Any variables used will be expanded."),
+      Published<&TCustomTextReplaceAction::ReplaceText>("ReplaceText")
+          .Means("What takes its place, as it stands.  Any variables used will be expanded."),
+      Published<&TCustomTextReplaceAction::DoRepeat>("DoRepeat")
+          .Means("How many are replaced at most; 0 for all; a regular expression replaces all"),
+      Published<&TCustomTextReplaceAction::DoReplaceText>("DoReplaceText").Means("Search and replace"),
+      Published<&TCustomTextReplaceAction::DoReplaceVariables>("DoReplaceVariables")
+          .Means("Expand the variables in the whole file"),
+      Published<&TCustomTextReplaceAction::CaseSensitive>("CaseSensitive")
+          .Means("Letter case matters; a regular expression decides for itself"),
+      Published<&TCustomTextReplaceAction::NewFileName>("NewFileName", TextRole::File)
+          .Means("Write the result to this file instead; blank for the file itself"),
+      Published<&TCustomTextReplaceAction::WholeWordsOnly>("WholeWordsOnly")
+          .Means("Replace whole words only; a regular expression decides for itself"),
+      Published<&TCustomTextReplaceAction::MatchRegularExpression>("MatchRegularExpression")
+          .Means("SearchText is a regular expression, applied to the whole text"),
+      Published<&TCustomTextReplaceAction::FailOnFewReplacements>("FailOnFewReplacements")
+          .Means("Fail when fewer than FailMinimumCount were replaced"),
+      Published<&TCustomTextReplaceAction::FailMinimumCount>("FailMinimumCount")
+          .Means("The least number of replacements"),
   };
 };

@@ -18,9 +18,10 @@ class TVekVariablesSaveLoadAction : public TVekAction {
   StringList Variables;  // their names
   std::string SectionName = "VekVariables";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TVekVariablesSaveLoadAction::INIFile>("INIFile", TextRole::File),
-      Published<&TVekVariablesSaveLoadAction::Variables>("Variables", TextRole::Variable),
-      Published<&TVekVariablesSaveLoadAction::SectionName>("SectionName"),
+      Published<&TVekVariablesSaveLoadAction::INIFile>("INIFile", TextRole::File).Means("The ini file"),
+      Published<&TVekVariablesSaveLoadAction::Variables>("Variables", TextRole::Variable)
+          .Means("The names of the variables, one a line"),
+      Published<&TVekVariablesSaveLoadAction::SectionName>("SectionName").Means("The section of the file"),
   };
 
   bool Validate(IVekActionValidationError& errors) override;
@@ -81,7 +82,8 @@ class TVekVariablesSaveAction final
   static constexpr std::string_view kClassName = "TVekVariablesSaveAction";
   static constexpr auto kPublished =
       Extended(TVekVariablesSaveLoadAction::kPublished,
-               Published<&TCustomVekVariablesSaveAction::EraseSection>("EraseSection"));
+               Published<&TCustomVekVariablesSaveAction::EraseSection>("EraseSection")
+                   .Means("Empty the section first"));
 };
 
 class TVekVariablesLoadAction final
@@ -91,9 +93,14 @@ class TVekVariablesLoadAction final
   static constexpr std::string_view kClassName = "TVekVariablesLoadAction";
   static constexpr auto kPublished = Extended(
       TVekVariablesSaveLoadAction::kPublished,
-      Published<&TCustomVekVariablesLoadAction::FailIfVariableNotDefined>("FailIfVariableNotDefined"),
-      Published<&TCustomVekVariablesLoadAction::FailIfVariableNotInIniFile>("FailIfVariableNotInIniFile"),
-      Published<&TCustomVekVariablesLoadAction::VariableTypes>("VariableTypes"),
-      Published<&TCustomVekVariablesLoadAction::CreateVarInINIifNotExists>("CreateVarInINIifNotExists"),
-      Published<&TCustomVekVariablesLoadAction::IgnoreFileNotFound>("IgnoreFileNotFound"));
+      Published<&TCustomVekVariablesLoadAction::FailIfVariableNotDefined>("FailIfVariableNotDefined")
+          .Means("Fail when a variable is not defined, instead of leaving it out"),
+      Published<&TCustomVekVariablesLoadAction::FailIfVariableNotInIniFile>("FailIfVariableNotInIniFile")
+          .Means("Fail when the section has no entry for a variable"),
+      Published<&TCustomVekVariablesLoadAction::VariableTypes>("VariableTypes")
+          .Means("STRING, BOOLEAN or INTEGER for each variable, in the same order"),
+      Published<&TCustomVekVariablesLoadAction::CreateVarInINIifNotExists>("CreateVarInINIifNotExists")
+          .Means("Add an entry that is missing, with the variable's present value"),
+      Published<&TCustomVekVariablesLoadAction::IgnoreFileNotFound>("IgnoreFileNotFound")
+          .Means("Go on when there is no file, as if it were empty"));
 };

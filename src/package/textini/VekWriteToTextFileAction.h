@@ -36,7 +36,8 @@ class TVekWriteToTextFileAction final
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekWriteToTextFileAction";
   static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekWriteToTextFileAction::FileName>("FileName", TextRole::File),
+      Published<&TCustomVekWriteToTextFileAction::FileName>("FileName", TextRole::File)
+          .Means("The text file to add to"),
       Published<&TCustomVekWriteToTextFileAction::NewContent>("NewContent"),
       Published<&TCustomVekWriteToTextFileAction::CreateIfNotExists>("CreateIfNotExists"),
       Published<&TCustomVekWriteToTextFileAction::WriteToPosition>("WriteToPosition"),

@@ -29,7 +29,8 @@ class TCustomRegAction : public TVekAction {
       Published<&TCustomRegAction::RegRoot>("RegRoot"),
       Published<&TCustomRegAction::RegKey>("RegKey"),
       Published<&TCustomRegAction::RegValType>("RegValType"),
-      Published<&TCustomRegAction::RegValueName>("RegValueName"),
+      Published<&TCustomRegAction::RegValueName>("RegValueName")
+          .Means("The name of the value; blank for the default value of the key"),
   };
 
   bool Validate(IVekActionValidationError& errors) override;
