@@ -27,6 +27,7 @@ Run "vekrun help COMMAND" for the options and examples of a command.)";
 constexpr auto kRunExamples = R"(
 Examples:
   vekrun run nightly.vekproj -D VERSION=1.4.2 -D "TITLE=Night build"
+  vekrun run nightly.vekproj --vars ci.env
   vekrun run nightly.vekproj --log build.xml --log-format junit
   vekrun run nightly.vekproj --validate -q)";
 
@@ -70,9 +71,15 @@ void AddCommonOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
                 "Override an entry of the option store for this run");
 }
 
-void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+void AddVariableOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   AddRepeatable(app, "-D", raw.variables, "NAME=VALUE",
                 "Set a variable; takes the place of a declared value as it stands");
+  AddRepeatable(app, "--vars", arguments.variableFiles, "FILE",
+                "Set variables from lines NAME=VALUE; may be repeated, -D holds over it");
+}
+
+void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+  AddVariableOptions(app, arguments, raw);
   app.add_option("--log-format", raw.logFormat, "text (for people), jsonl or junit")->type_name("FORMAT");
   app.add_option("--log", raw.logFile, "Write the log to a file instead of standard output")
       ->type_name("FILE");
@@ -155,8 +162,9 @@ void CheckVariableName(const std::string& name, const std::string& what) {
 void TakeApart(const RawArguments& raw, Arguments& arguments) {
   TakeLog(raw, arguments);
   for (const std::string& text : raw.variables) {
-    arguments.variables.push_back(SplitAssignment(text, "-D", "NAME=VALUE"));
-    CheckVariableName(arguments.variables.back().first, "-D " + text);
+    const auto [name, value] = SplitAssignment(text, "-D", "NAME=VALUE");
+    CheckVariableName(name, "-D " + text);
+    arguments.variables.push_back({name, value, "-D " + name});
   }
   for (const std::string& name : arguments.secrets) CheckVariableName(name, "--secret " + name);
   for (const std::string& text : raw.drives) {
@@ -180,8 +188,8 @@ void TakeApart(const RawArguments& raw, Arguments& arguments) {
 
 }  // namespace
 
-VariableDefinition SplitAssignment(const std::string& text, const std::string& what,
-                                   const std::string& form) {
+std::pair<std::string, std::string> SplitAssignment(const std::string& text, const std::string& what,
+                                                    const std::string& form) {
   const size_t equals = text.find('=');
   if (equals == std::string::npos || equals == 0) {
     throw UsageError{what + " " + text + ": it must be of the form " + form};

@@ -14,10 +14,11 @@ enum class LogFormat { Text, Jsonl, Junit };
 /// What the command line asks for.
 struct Arguments {
   Command command = Command::Run;
-  std::string subject;                   // the project's file, or a type id
-  std::vector<std::string> assignments;  // of exec: PROP=VALUE, PROP+=LINE
-  std::vector<std::string> scripts;      // of exec: EVENT=FILE
-  std::vector<VariableDefinition> variables;
+  std::string subject;                        // the project's file, or a type id
+  std::vector<std::string> assignments;       // of exec: PROP=VALUE, PROP+=LINE
+  std::vector<std::string> scripts;           // of exec: EVENT=FILE
+  std::vector<VariableDefinition> variables;  // of -D
+  std::vector<std::string> variableFiles;
   std::vector<std::string> secrets;  // names of variables
 
   LogFormat logFormat = LogFormat::Text;
@@ -45,7 +46,8 @@ struct UsageError {
 };
 
 /// Splits "NAME=VALUE" at the first '='; raises UsageError, which shows `what` and the form wanted.
-VariableDefinition SplitAssignment(const std::string& text, const std::string& what, const std::string& form);
+std::pair<std::string, std::string> SplitAssignment(const std::string& text, const std::string& what,
+                                                    const std::string& form);
 
 /// Reads the command line. Answers an exit code instead when there is nothing left to do: help and version
 /// were asked for (0), or the usage is wrong (2, said on standard error).

@@ -14,6 +14,7 @@
 #include "host/log/Logs.h"
 #include "host/project/ProjectFile.h"
 #include "host/project/Validation.h"
+#include "host/project/VariablesFile.h"
 #include "platform/Console.h"
 #include "platform/Entries.h"
 #include "platform/Environment.h"
@@ -117,6 +118,21 @@ Project LoadProject(const Session& session, const std::string& path, IVekActionH
   return project;
 }
 
+/// The variables that the command line gives; -D holds over what a file says.
+std::vector<VariableDefinition> Definitions(const Session& session, const Arguments& arguments) {
+  std::vector<VariableDefinition> definitions;
+  for (const std::string& file : arguments.variableFiles) {
+    const auto read = ReadVariablesFile(session.ReadFile(file), file);
+    definitions.insert(definitions.end(), read.begin(), read.end());
+  }
+  definitions.insert(definitions.end(), arguments.variables.begin(), arguments.variables.end());
+  return definitions;
+}
+
+void PrintNearMisses(const Project& project, const std::vector<VariableDefinition>& definitions) {
+  for (const std::string& line : NearMisses(project, definitions)) std::cerr << "vekrun: " << line << '\n';
+}
+
 /// A project of one action, set up from PROP=VALUE and EVENT=FILE.
 Project MakeProject(const Session& session, const Arguments& arguments, IVekActionHost& host) {
   const CatalogueEntry& entry = session.FindType(arguments.subject);
@@ -169,7 +185,9 @@ int Build(const Arguments& arguments, const Load& load) {
   if (arguments.allowProtected) context.AllowProtected();
   log.OnFailure([&context] { context.Stop().RequestStop(); });
 
+  const std::vector<VariableDefinition> definitions = Definitions(session, arguments);
   Project project = load(session, context);
+  PrintNearMisses(project, definitions);
   if (arguments.validate) {
     const auto problems = ValidateActions(project.actions);
     PrintProblems(problems, arguments.subject, std::cerr);
@@ -178,7 +196,7 @@ int Build(const Arguments& arguments, const Load& load) {
   const auto interrupt = session.GetConsole().OnInterrupt([&context] { context.Stop().RequestStop(); });
   for (const std::string& name : arguments.secrets) context.MarkVariableSecret(name);
   try {
-    DefineVariables(context, project, arguments.variables);
+    DefineVariables(context, project, definitions);
   } catch (const EProjectError& error) {
     if (context.Stop().StopRequested()) return kStoppedByUser;
     throw EProjectError(context.Masked(error.what()));

@@ -14,6 +14,11 @@ class Environment {
   virtual ~Environment() = default;
 
   virtual std::optional<std::string> Variable(std::string_view name) = 0;
+
+  /// Gives the programs that are started from now on a variable of their environment, or takes it away. The
+  /// home folder and the data folder stay what they were.
+  virtual SysResult Export(std::string_view name, const std::optional<std::string>& text) = 0;
+
   virtual std::string CurrentFolder() = 0;
   virtual SysResult SetCurrentFolder(std::string_view path) = 0;
 

@@ -15,6 +15,9 @@ class MovedEnvironment final : public Environment {
   std::string DataFolder() override { return folder_; }
 
   std::optional<std::string> Variable(std::string_view name) override { return real_.Variable(name); }
+  SysResult Export(std::string_view name, const std::optional<std::string>& text) override {
+    return real_.Export(name, text);
+  }
   std::string CurrentFolder() override { return real_.CurrentFolder(); }
   SysResult SetCurrentFolder(std::string_view path) override { return real_.SetCurrentFolder(path); }
   std::string FullPath(std::string_view path) override { return real_.FullPath(path); }

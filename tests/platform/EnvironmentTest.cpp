@@ -31,6 +31,20 @@ TEST_F(EnvironmentTest, Variables) {
   EXPECT_EQ(environment.Variable("Vek_Test_Name"), std::nullopt);
 }
 
+TEST_F(EnvironmentTest, WhatIsExportedIsForOtherPrograms) {
+  const std::string home = environment.HomeFolder(), data = environment.DataFolder();
+  for (const char* name : {"HOME", "USERPROFILE", "XDG_DATA_HOME", "LOCALAPPDATA"}) {
+    const auto before = environment.Variable(name);
+    EXPECT_TRUE(environment.Export(name, folder.Path()));
+    EXPECT_EQ(environment.Variable(name), folder.Path());
+    EXPECT_EQ(environment.HomeFolder(), home);
+    EXPECT_EQ(environment.DataFolder(), data);
+    EXPECT_TRUE(environment.Export(name, before));
+    EXPECT_EQ(environment.Variable(name), before);
+  }
+  EXPECT_FALSE(environment.Export("VEK_TEST", std::string("a\0b", 3)));
+}
+
 TEST_F(EnvironmentTest, ClocksGoOn) {
   Clock& clock = *owner->Get().clock;
   const double before = clock.Seconds();

@@ -8,6 +8,7 @@
 #include "host/log/EventSink.h"
 #include "host/project/Project.h"
 #include "platform/Environment.h"
+#include "platform/ErrorTexts.h"
 #include "platform/Platform.h"
 #include "platform/ProtectedFolders.h"
 
@@ -80,6 +81,14 @@ bool BuildContext::IsVariableDefined(std::string_view name) { return variables_.
 void BuildContext::MarkVariableSecret(std::string_view name) {
   variables_.MarkSecret(name);
   if (const auto text = VariableText(name)) variables_.GetSecrets().AddValue(*text);
+}
+
+void BuildContext::ExportVariable(const std::string& name) {
+  variables_.Export(name, [this, name](const std::string& text) {
+    const SysResult exported = platform_.environment->Export(name, text);
+    if (exported) return;
+    throw EVekError("cannot export variable \"" + name + "\": " + platform_.errorTexts->Text(exported.code));
+  });
 }
 
 void BuildContext::SendMessage(std::string_view text) {

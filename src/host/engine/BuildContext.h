@@ -38,6 +38,10 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
   /// The project that is being built: its actions by name and its file sets; null for none.
   void SetProject(Project* project);
 
+  /// From now on the programs that steps start find the variable's value in their environment, by the name as
+  /// it is spelt here.
+  void ExportVariable(const std::string& name);
+
   /// Has steps remove what is protected, too.
   void AllowProtected() { allowsProtected_ = true; }
 

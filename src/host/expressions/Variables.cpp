@@ -12,8 +12,15 @@ void Variables::MarkSecret(std::string_view name) {
   if (const Variant* value = Find(name)) secrets_.AddValue(*value);
 }
 
+void Variables::Export(std::string_view name, Exporter exporter) {
+  if (const Variant* value = Find(name)) exporter(VariantToText(*value));
+  exporters_.insert_or_assign(std::string(name), std::move(exporter));
+}
+
 void Variables::Set(std::string_view name, Variant value) {
   if (secrets_.IsSecret(name)) secrets_.AddValue(value);
+  const auto exporter = exporters_.find(name);
+  if (exporter != exporters_.end()) exporter->second(VariantToText(value));
   const auto found = values_.find(name);
   if (found == values_.end()) {
     values_.emplace(name, std::move(value));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -20,6 +21,11 @@ class Variables {
 
   /// Marks a variable, defined or not, as secret.
   void MarkSecret(std::string_view name);
+
+  /// Has every value of the variable, also the one that it holds, handed to the exporter as text.
+  using Exporter = std::function<void(const std::string& text)>;
+  void Export(std::string_view name, Exporter exporter);
+
   const Secrets& GetSecrets() const { return secrets_; }
   Secrets& GetSecrets() { return secrets_; }
 
@@ -28,4 +34,5 @@ class Variables {
  private:
   std::map<std::string, Variant, LessNoCase> values_;
   Secrets secrets_;
+  std::map<std::string, Exporter, LessNoCase> exporters_;
 };

@@ -13,7 +13,9 @@ struct VariableDeclaration {
   std::string type;  // "String", "Integer", "Boolean", "Float" or "DateTime"
   std::string text;  // as written; expanded when a build starts
   int line = 0;
-  bool secret = false;  // its values show in no log
+  bool secret = false;    // its values show in no log
+  bool required = false;  // a build does not start while it is blank
+  bool exported = false;  // programs find it in their environment
 };
 
 struct FileSetDeclaration {

@@ -129,7 +129,7 @@ bool Reader::ReadFollowLinks(Node root) const {
 }
 
 VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
-  xml_.CheckAttributes(element, "", {"Name", "Type", "Secret"});
+  xml_.CheckAttributes(element, "", {"Name", "Type", "Secret", "Required", "Export"});
   VariableDeclaration variable;
   variable.line = xml_.LineOf(element);
   variable.name = xml_.RequiredAttribute(element, "", "Name");
@@ -141,11 +141,14 @@ VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
   if (!names.insert(variable.name).second) xml_.Fail(element, place, "declared twice");
   variable.type = ReadVariableType(element, place);
   variable.secret = ReadFlag(element, place, "Secret");
+  variable.required = ReadFlag(element, place, "Required");
+  variable.exported = ReadFlag(element, place, "Export");
   variable.text = xml_.Text(element, place);
   // What holds a reference can only be checked when it has been expanded.
   const bool literal =
       variable.text.find('%') == std::string::npos && variable.text.find("$(") == std::string::npos;
-  if (literal && !VariantFromText(variable.type, variable.text)) {
+  const bool isGiven = variable.required && Trim(variable.text).empty();  // from outside
+  if (literal && !isGiven && !VariantFromText(variable.type, variable.text)) {
     const std::string shown = variable.secret ? std::string(kSecretText) : Quoted(variable.text);
     xml_.Fail(element, place, shown + " is no value of type " + variable.type);
   }

@@ -2,15 +2,24 @@
 
 #include <span>
 #include <string>
-#include <utility>
+#include <string_view>
+
+#include "base/Text.h"
 
 class BuildContext;
 struct Project;
 
-using VariableDefinition = std::pair<std::string, std::string>;  // name, text
+/// A variable from outside the project, and where it comes from, for messages: "-D OUT", "ci.env:3: OUT".
+struct VariableDefinition {
+  std::string name, text, place;
+};
 
 /// Gives a build its variables: the predefined ones, then the declared ones, each expanded once in order of
-/// declaration, with `definitions` of the command line taking the place of declared values as they stand or
-/// defining further strings. Raises EProjectError for a value that cannot be expanded or does not fit.
+/// declaration, with `definitions` taking the place of declared values as they stand or defining further
+/// strings; the last one of a name holds. Raises EProjectError for a value that cannot be expanded or does
+/// not fit, and for a required one that is blank.
 void DefineVariables(BuildContext& context, const Project& project,
                      std::span<const VariableDefinition> definitions);
+
+/// A line for each definition that the project does not declare but nearly does.
+StringList NearMisses(const Project& project, std::span<const VariableDefinition> definitions);

@@ -96,6 +96,8 @@ void WriteVariables(XmlWriter& xml, const std::vector<VariableDeclaration>& vari
     xml.SetPlace("variable " + OneLine(variable.name));
     XmlWriter::Attributes attributes{{"Name", variable.name}, {"Type", variable.type}};
     if (variable.secret) attributes.emplace_back("Secret", BooleanText(true));
+    if (variable.required) attributes.emplace_back("Required", BooleanText(true));
+    if (variable.exported) attributes.emplace_back("Export", BooleanText(true));
     xml.Element("Variable", variable.text, attributes);
   }
   xml.Close("Variables");

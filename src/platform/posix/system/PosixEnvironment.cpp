@@ -47,6 +47,21 @@ std::optional<std::string> PosixEnvironment::Variable(std::string_view name) {
   return {};
 }
 
+SysResult PosixEnvironment::Export(std::string_view name, const std::optional<std::string>& text) {
+  if (text && text->find('\0') != std::string::npos) return SysResult::Failure(Win32Error::InvalidParameter);
+  const std::string variable(name);
+  own_.emplace(variable, OwnVariable(variable));
+  const int result = text ? setenv(variable.c_str(), text->c_str(), 1) : unsetenv(variable.c_str());
+  return result == 0 ? SysResult() : LastFailure();
+}
+
+/// A variable of the environment that this program was started with.
+std::optional<std::string> PosixEnvironment::OwnVariable(const std::string& name) const {
+  if (const auto own = own_.find(name); own != own_.end()) return own->second;
+  const char* value = std::getenv(name.c_str());
+  return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+}
+
 std::string PosixEnvironment::CurrentFolder() {
   const std::unique_ptr<char, decltype(&std::free)> folder(getcwd(nullptr, 0), &std::free);
   return folder ? folder.get() : "/";
@@ -95,7 +110,7 @@ std::string PosixEnvironment::TempFolder() {
 uint32_t PosixEnvironment::RandomNumber() { return std::random_device()(); }
 
 std::string PosixEnvironment::HomeFolder() {
-  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
+  if (const auto home = OwnVariable("HOME"); home && !home->empty()) return *home;
   const passwd* user = getpwuid(getuid());
   return user != nullptr ? user->pw_dir : "/";
 }
@@ -108,8 +123,8 @@ StringList PosixEnvironment::ReservedFolders() {
 
 std::string PosixEnvironment::DataFolder() {
   // A relative XDG folder is to be ignored.
-  const char* data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && *data == '/') return Resolved(std::string(data) + "/vekrun");
+  const auto data = OwnVariable("XDG_DATA_HOME");
+  if (data && data->starts_with('/')) return Resolved(*data + "/vekrun");
   return Resolved(HomeFolder() + "/.local/share/vekrun");
 }
 

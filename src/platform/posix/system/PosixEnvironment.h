@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "platform/Environment.h"
 #include "platform/posix/paths/PosixPaths.h"
 
@@ -8,6 +10,7 @@ class PosixEnvironment final : public Environment {
   explicit PosixEnvironment(PosixPaths& paths) : paths_(paths) {}
 
   std::optional<std::string> Variable(std::string_view name) override;
+  SysResult Export(std::string_view name, const std::optional<std::string>& text) override;
   std::string CurrentFolder() override;
   SysResult SetCurrentFolder(std::string_view path) override;
   std::string FullPath(std::string_view path) override;
@@ -23,5 +26,8 @@ class PosixEnvironment final : public Environment {
   std::string CommandInterpreter() override { return "/bin/sh"; }
 
  private:
+  std::optional<std::string> OwnVariable(const std::string& name) const;
+
   PosixPaths& paths_;
+  std::map<std::string, std::optional<std::string>> own_;  // what was there before it was exported
 };

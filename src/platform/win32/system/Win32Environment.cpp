@@ -52,6 +52,21 @@ std::optional<std::string> Win32Environment::Variable(std::string_view name) {
   return FromWide(value);
 }
 
+SysResult Win32Environment::Export(std::string_view name, const std::optional<std::string>& text) {
+  const auto wideName = ToWide(name), wideText = ToWide(text.value_or(""));
+  if (!wideName || !wideText || wideText->find(L'\0') != std::wstring::npos) {
+    return SysResult::Failure(Win32Error::InvalidParameter);
+  }
+  own_.emplace(name, OwnVariable(std::string(name)));
+  return ResultOf(SetEnvironmentVariableW(wideName->c_str(), text ? wideText->c_str() : nullptr));
+}
+
+/// A variable of the environment that this program was started with.
+std::optional<std::string> Win32Environment::OwnVariable(const std::string& name) {
+  const auto own = own_.find(name);
+  return own != own_.end() ? own->second : Variable(name);
+}
+
 std::string Win32Environment::CurrentFolder() {
   return Folder(Answer([](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); }));
 }
@@ -85,7 +100,7 @@ std::string Win32Environment::SystemFolder() {
 
 uint32_t Win32Environment::RandomNumber() { return std::random_device()(); }
 
-std::string Win32Environment::HomeFolder() { return Variable("USERPROFILE").value_or(""); }
+std::string Win32Environment::HomeFolder() { return OwnVariable("USERPROFILE").value_or(""); }
 
 StringList Win32Environment::ReservedFolders() {
   const std::string windows =
@@ -99,7 +114,7 @@ StringList Win32Environment::ReservedFolders() {
 }
 
 std::string Win32Environment::DataFolder() {
-  const auto local = Variable("LOCALAPPDATA");
+  const auto local = OwnVariable("LOCALAPPDATA");
   return WithTrailingDelimiter(local ? *local : TempFolder(), '\\') + "vekrun";
 }
 
