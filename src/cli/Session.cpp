@@ -36,7 +36,7 @@ std::string Session::ReadFile(const std::string& path) const {
   std::string contents;
   const SysResult read = GetPlatform().folders->Exists(path)
                              ? SysResult::Failure(Win32Error::Directory)
-                             : GetPlatform().contents->ReadWhole(path, contents);
+                             : GetPlatform().contents->ReadStream(path, contents);
   if (!read) throw EVekError(path + ": " + GetPlatform().errorTexts->Text(read.code));
   return contents;
 }

@@ -115,6 +115,7 @@ bool TCustomVekAction::RequiresSync() const { return false; }
 void TCustomVekAction::GetNextActionSource(bool /*failed*/, TVekNextAction& /*next*/) {}
 
 bool TCustomVekAction::Run() {
+  lastUnreadable_.clear();
   const std::string breach = ClassType().Raises() ? "" : "Contract breach: an exception left Execute: ";
   try {
     return Execute();

@@ -22,6 +22,7 @@
 #include "vekcoreapi_export.h"
 
 struct Platform;
+class FindSearch;
 class IVekActionHost;
 class IVekProjectObjectAPI;
 enum class FolderLinks;
@@ -241,8 +242,10 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   bool MayRemoveTree(std::string_view folder) const;
   bool MayRemoveMatches(std::string_view spec) const;
 
-  /// Reports a folder that a search could not look into, and which it leaves out.
+  /// Reports a folder that a search could not look into, or not to its end; not twice in a row. The second
+  /// form is for a search whose matches were taken.
   void ReportUnreadable(std::string_view folder, Win32Error code) const;
+  void ReportUnreadable(std::string_view folder, const FindSearch& search) const;
 
  private:
   friend class VekRuntimeBrowser;
@@ -260,6 +263,7 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   IVekActionHost& host_;
   TVekActionStatus status_ = TVekActionStatus::asNone;
   std::vector<ScriptEvent> scripts_;
+  mutable std::string lastUnreadable_;  // of this run
 };
 
 /// The rows of those properties.

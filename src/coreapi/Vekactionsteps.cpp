@@ -52,7 +52,15 @@ void TCustomVekAction::ReportError(std::string_view text) const { host_.ReportEr
 FolderLinks TCustomVekAction::GetFolderLinks() const { return host_.GetFolderLinks(); }
 
 void TCustomVekAction::ReportUnreadable(std::string_view folder, Win32Error code) const {
+  // A walk lists a folder for its files and again for its sub-folders.
+  if (folder == lastUnreadable_) return;
+  lastUnreadable_ = folder;
   host_.ReportError("Cannot search " + std::string(folder) + ": " + SysErrorMessage(code));
+}
+
+void TCustomVekAction::ReportUnreadable(std::string_view folder, const FindSearch& search) const {
+  const SysResult result = search.Result();
+  if (IsUnreadable(result)) ReportUnreadable(folder, result.code);
 }
 
 bool TCustomVekAction::MayRemoveTree(std::string_view folder) const {

@@ -12,7 +12,6 @@ void TFolderWalk::ForEachFound(const std::string& folder, uint32_t mask, const V
   SysResult found;
   const auto search =
       finder_.Open(folder + "*", mask | FileAttribute::Directory, FindDetail::FolderNames, found);
-  if (IsUnreadable(found)) unreadable_(folder, found.code);
   bool goesOn = true;
   for (FoundEntry entry; goesOn && search->Next(entry);) {
     const bool isLink = (entry.attributes & FileAttribute::ReparsePoint) != 0;
@@ -22,6 +21,7 @@ void TFolderWalk::ForEachFound(const std::string& folder, uint32_t mask, const V
     if (isLink) --linksPassed_;
   }
   trail_.pop_back();
+  if (const SysResult result = search->Result(); IsUnreadable(result)) unreadable_(folder, result.code);
 }
 
 bool TFolderWalk::MayEnter(const std::string& folder, bool isLink) {

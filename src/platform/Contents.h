@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,17 +27,27 @@ class Contents {
  public:
   virtual ~Contents() = default;
 
-  /// Reads the whole file, byte for byte; refused with SharingViolation while another holds it exclusively.
+  /// Reads the whole file, byte for byte; refused with SharingViolation while another holds it exclusively,
+  /// and with NotSupported for anything that is no file of bytes, which might never come to its end.
   virtual SysResult ReadWhole(std::string_view path, std::string& contents) = 0;
+
+  /// The same for whatever can be read to its end, a pipe too.
+  virtual SysResult ReadStream(std::string_view path, std::string& contents) = 0;
 
   /// Gives the file new contents in one step: whoever looks sees the old file or the whole new one, and a
   /// failure leaves the old one. An existing file keeps its mode and attributes; a read-only one is refused
-  /// with AccessDenied. A link is followed.
+  /// with AccessDenied, and what is no file of bytes with NotSupported. A link is followed.
   virtual SysResult Replace(std::string_view path, std::string_view contents) = 0;
 
-  /// Begins to replace the contents of a file, under the same rules: for what is too large to be held. Only a
-  /// file of bytes can be (AccessDenied).
+  /// Begins to replace the contents of a file, under the same rules: for what is too large to be held.
   virtual SysResult Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) = 0;
+
+  /// Reads a file, has `edit` change the text, and replaces the file by it; a missing file is an empty text,
+  /// and an edit that answers false leaves the file. All who change files by this operation, or replace them,
+  /// take turns, in other processes too, so that no change is lost: `edit` must not change files of the same
+  /// folder itself. LockViolation when no turn comes within ten seconds.
+  using Edit = std::function<bool(std::string& contents)>;
+  virtual SysResult Change(std::string_view path, const Edit& edit) = 0;
 
   /// Opens a file, links followed. FileNotFound and PathNotFound where there is none, unless it is to be
   /// created; AccessDenied for a folder, for anything else that is no file of bytes, and for writing to a

@@ -49,6 +49,13 @@ class Entries {
   /// Whether an entry stands on the disk in exactly this spelling; a link counts as the link itself.
   virtual bool EntryExists(std::string_view path) = 0;
 
+  /// Whether a copy or a move of `source` to `target` would come upon a file. Where two spellings of a name
+  /// can stand beside each other, what became of one of a folder's files is not in the way of another.
+  virtual bool TargetExists(std::string_view source, std::string_view target) = 0;
+
+  /// Why a file could not make way for another that is moved to its place, or success.
+  virtual SysResult CheckReplace(std::string_view path) = 0;
+
   /// The identity of what the path leads to, links followed; nothing when it leads nowhere.
   virtual std::optional<EntryIdentity> Identity(std::string_view path) = 0;
 
@@ -72,16 +79,17 @@ class Entries {
 
   /// Copies a file with its last-write time and attributes, those that the target's file system can store;
   /// links are followed. A target that exists is replaced by the whole new file, keeping who may use it, or
-  /// stays what it was: a copy that fails or is cancelled leaves nothing behind. Where the system can, a
-  /// large file has its name only when it is whole. Refused: a read-only target, and one that is hidden or
+  /// stays what it was: a copy that fails or is cancelled leaves nothing behind, and a file has its name only
+  /// when it is whole. Refused: a read-only target, and one that is hidden or
   /// system when the source is not (AccessDenied); source and target the same file, and either held
   /// exclusively elsewhere (SharingViolation).
   virtual SysResult Copy(std::string_view source, std::string_view target, const CopyOptions& options) = 0;
 
   /// Moves a file, a link itself, or a folder. A target that exists is AlreadyExists without
   /// ReplaceExisting, and AccessDenied with it when it is read-only or a folder. A file that is moved or
-  /// replaced while it is held exclusively elsewhere is a SharingViolation. To another volume it is
-  /// NotSameDevice without CopyAllowed, and never for a folder (AccessDenied).
+  /// replaced while it is held exclusively elsewhere is a SharingViolation. The old target makes way in one
+  /// step, for a file that is whole. To another volume it is NotSameDevice without CopyAllowed, and never
+  /// for a folder (AccessDenied); a source that changes meanwhile is a SharingViolation and stays.
   virtual SysResult Move(std::string_view source, std::string_view target, uint32_t flags,
                          const CopyProgress& progress = {}) = 0;
 };

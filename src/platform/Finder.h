@@ -15,7 +15,7 @@ enum class FindDetail {
 };
 
 struct FoundEntry {
-  std::string name;         // as it stands on the disk
+  std::string name;         // as it stands on the disk; what a path could not say is shown otherwise
   uint32_t attributes = 0;  // FileAttribute bits
   uint64_t size = 0;        // bytes; 0 for a folder
   double lastWrite = 0;     // Unix time in seconds
@@ -28,6 +28,9 @@ class FindSearch {
 
   /// Takes the next match; false when there is none left. An entry that vanished meanwhile is passed over.
   virtual bool Next(FoundEntry& entry) = 0;
+
+  /// Once all matches were taken: why some may have been left out, or success.
+  virtual SysResult Result() const = 0;
 };
 
 /// Find-first/find-next over a folder. Mask rule: read-only and archive files always match; hidden, system
@@ -38,7 +41,8 @@ class Finder {
   virtual ~Finder() = default;
 
   /// Opens a search over `spec`. Never null: a search that finds nothing (FileNotFound) or whose folder is
-  /// missing (PathNotFound) yields no entry, and `result` says why.
+  /// missing (PathNotFound) yields no entry, and `result` says why. One whose folder breaks off while it is
+  /// read yields what was read. Files that are in the making are not found.
   std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, SysResult& result) {
     return Open(spec, mask, FindDetail::All, result);
   }

@@ -1,9 +1,12 @@
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
+#include "fileops/VekCopyMove.h"
 #include "fileops/VekDeleteFilesAction.h"
+#include "iterators/Vekfileiterator.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
+#include "platform/Finder.h"
 #include "support/ActionFixture.h"
 
 using testing::ElementsAre;
@@ -33,6 +36,57 @@ TEST_F(DeleteFiles, DeletesTheMatchesInOneStatusMessage) {
   EXPECT_THAT(folder.Names(), ElementsAre("c.txt"));
   EXPECT_EQ(action->FilesAffected(), 2);
   EXPECT_EQ(Events().events.size(), 1u);
+}
+
+/// The real searches, which then tell that they broke off.
+class BrokenFinder final : public Finder {
+ public:
+  explicit BrokenFinder(Finder& real) : real_(real) {}
+
+  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, FindDetail detail,
+                                   SysResult& result) override {
+    return std::make_unique<Search>(real_.Open(spec, mask, detail, result));
+  }
+
+ private:
+  struct Search final : FindSearch {
+    explicit Search(std::unique_ptr<FindSearch> real) : real_(std::move(real)) {}
+    bool Next(FoundEntry& entry) override { return real_->Next(entry); }
+    SysResult Result() const override { return SysResult::Failure(Win32Error::GeneralFailure); }
+    std::unique_ptr<FindSearch> real_;
+  };
+
+  Finder& real_;
+};
+
+TEST(SearchesThatBreakOff, AreErrorsOfEveryWalk) {
+  std::unique_ptr<BrokenFinder> finder;
+  ActionFixture fixture([&](const Platform& real) {
+    finder = std::make_unique<BrokenFinder>(*real.finder);
+    Platform broken = real;
+    broken.finder = finder.get();
+    return broken;
+  });
+  const auto deletes = fixture.Make<TDeleteFilesAction>();
+  const auto copies = fixture.Make<TCopyFilesAction>();
+  const auto moves = fixture.Make<TMoveFilesAction>();
+  const auto iterates = fixture.Make<TFileIterator>();
+  const std::string spec = fixture.folder.Path("*.tmp");
+  deletes->SetFileSpec(spec);
+  copies->SetFileSpec(spec);
+  copies->Target = WideString(fixture.folder.Path());
+  copies->SetRecurse(true);
+  moves->SetFileSpec(spec);
+  moves->Target = WideString(fixture.folder.Path());
+  iterates->SetFileSpec(WideString(spec));
+  iterates->SetLoopVariable("F");
+  for (TCustomVekAction* action :
+       std::initializer_list<TCustomVekAction*>{deletes.get(), copies.get(), moves.get(), iterates.get()}) {
+    fixture.Run(*action);
+    EXPECT_THAT(fixture.Errors(),
+                ElementsAre(testing::AllOf(testing::StartsWith("Cannot search " + fixture.folder.Path()),
+                                           testing::EndsWith(SystemText(Win32Error::GeneralFailure)))));
+  }
 }
 
 TEST_F(DeleteFiles, StopsAtAReadOnlyFileInTheOrderOfUpperCasedNames) {

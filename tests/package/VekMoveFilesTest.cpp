@@ -144,7 +144,7 @@ TEST_F(MoveFiles, OneReadOnlyTargetStandsForAllThatFollow) {
 TEST_F(MoveFiles, ATargetThatCannotMakeWayStopsOnlyWhenAsked) {
   disk.Write({"in/a=A", "in/b=B", "out/a=old"});
   fault = [](const PlatformCall& call) -> std::optional<SysResult> {
-    if (!call.progress || call.bits != 0 || NamePart(call.path) != "a") return {};
+    if (call.operation != "entries.CheckReplace" || NamePart(call.path) != "a") return {};
     return SysResult::Failure(Win32Error::WriteProtect);
   };
   action->StopOnAnyErrors = true;

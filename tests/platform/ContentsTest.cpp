@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
 #include "platform/PlatformTest.h"
 
 namespace {
@@ -84,6 +89,48 @@ TEST_F(PlatformTest, RewriteRefusesBeforeAnythingIsWritten) {
     std::unique_ptr<NewContents> contents;
     EXPECT_EQ(data.Rewrite(Path(name), contents).code, code) << name;
   }
+}
+
+TEST_F(PlatformTest, ChangesOfSeveralProgramsAreAllKept) {
+  constexpr size_t kWriters = 4, kChanges = 50;
+  folder.Write("file", "");
+  folder.MakeFolder("links");
+  if (!WineLimits::NoLinks()) MakeLink(Path("file"), Path("links/link"));
+  const std::string paths[] = {Path("file"), Path(WineLimits::NoLinks() ? "FILE" : "links/link")};
+  std::vector<std::thread> writers;
+  for (size_t writer = 0; writer < kWriters; ++writer) {
+    writers.emplace_back([&, writer] {
+      const auto own = CreatePlatform({});
+      for (size_t i = 0; i < kChanges; ++i) {
+        EXPECT_TRUE(own->Get().contents->Change(paths[writer % 2], [&](std::string& contents) {
+          contents += static_cast<char>('a' + writer);
+          return true;
+        }));
+      }
+    });
+  }
+  for (std::thread& writer : writers) writer.join();
+  std::string contents = folder.Read("file");
+  std::ranges::sort(contents);
+  std::string wanted;
+  for (size_t writer = 0; writer < kWriters; ++writer)
+    wanted.append(kChanges, static_cast<char>('a' + writer));
+  EXPECT_EQ(contents, wanted);
+}
+
+TEST_F(PlatformTest, AnEditThatDeclinesOrRaisesLeavesTheFile) {
+  folder.Write("file", "old");
+  const auto declines = [](std::string& contents) {
+    contents += "more";
+    return false;
+  };
+  EXPECT_TRUE(data.Change(Path("file"), declines));
+  EXPECT_TRUE(data.Change(Path("missing"), declines));
+  const auto raises = [](std::string&) -> bool { throw std::runtime_error("raised"); };
+  EXPECT_THROW(data.Change(Path("file"), raises), std::runtime_error);
+  EXPECT_TRUE(data.Replace(Path("other"), "the turn is free again"));
+  EXPECT_EQ(folder.Read("file"), "old");
+  EXPECT_EQ(folder.Names(), (Names{"file", "other"}));
 }
 
 TEST_F(PlatformTest, AFileThatIsHeldExclusivelyIsLeftAlone) {

@@ -29,7 +29,12 @@ bool TryQuestion(const Fault& fault, std::string_view operation, std::string_vie
 
 class NoMatches final : public FindSearch {
  public:
+  explicit NoMatches(SysResult result) : result_(result) {}
   bool Next(FoundEntry& /*entry*/) override { return false; }
+  SysResult Result() const override { return result_; }
+
+ private:
+  SysResult result_;
 };
 
 class FaultyOpenFile final : public OpenFile {
@@ -142,6 +147,13 @@ class FaultyEntries final : public Faulty<Entries> {
   bool EntryExists(std::string_view path) override {
     return TryQuestion(fault_, "entries.EntryExists", path, [&] { return real_.EntryExists(path); });
   }
+  bool TargetExists(std::string_view source, std::string_view target) override {
+    return TryQuestion(fault_, "entries.TargetExists", target,
+                       [&] { return real_.TargetExists(source, target); });
+  }
+  SysResult CheckReplace(std::string_view path) override {
+    return Try(fault_, {"entries.CheckReplace", path}, [&] { return real_.CheckReplace(path); });
+  }
   std::optional<EntryIdentity> Identity(std::string_view path) override {
     const Answer planned = Ask(fault_, {.operation = "entries.Identity", .path = path, .isQuestion = true});
     return planned ? std::nullopt : real_.Identity(path);
@@ -201,6 +213,12 @@ class FaultyContents final : public Faulty<Contents> {
   SysResult ReadWhole(std::string_view path, std::string& contents) override {
     return Try(fault_, {"contents.ReadWhole", path}, [&] { return real_.ReadWhole(path, contents); });
   }
+  SysResult ReadStream(std::string_view path, std::string& contents) override {
+    return Try(fault_, {"contents.ReadStream", path}, [&] { return real_.ReadStream(path, contents); });
+  }
+  SysResult Change(std::string_view path, const Edit& edit) override {
+    return Try(fault_, {"contents.Change", path}, [&] { return real_.Change(path, edit); });
+  }
   SysResult Replace(std::string_view path, std::string_view contents) override {
     return Try(fault_, {"contents.Replace", path}, [&] { return real_.Replace(path, contents); });
   }
@@ -229,7 +247,7 @@ class FaultyFinder final : public Faulty<Finder> {
     const Answer planned = Ask(fault_, {"finder.Open", spec});
     if (!planned) return real_.Open(spec, mask, detail, result);
     result = *planned;
-    return std::make_unique<NoMatches>();
+    return std::make_unique<NoMatches>(result);
   }
 };
 

@@ -66,10 +66,7 @@ class Evaluation {
       : host_(host),
         finder_(*host.GetPlatform().finder),
         walk_(*host.GetPlatform().entries, finder_, host.GetFolderLinks(),
-              [&host](std::string_view folder, Win32Error code) {
-                throw EVekError("cannot search " + std::string(folder) + ": " +
-                                host.GetPlatform().errorTexts->Text(code));
-              }),
+              [this](std::string_view folder, Win32Error code) { Fail(folder, code); }),
         includes_(host, declaration.includes),
         excludes_(host, declaration.excludes) {}
 
@@ -92,6 +89,11 @@ class Evaluation {
     });
   }
 
+  [[noreturn]] void Fail(std::string_view folder, Win32Error code) const {
+    throw EVekError("cannot search " + std::string(folder) + ": " +
+                    host_.GetPlatform().errorTexts->Text(code));
+  }
+
   void TakeFiles(const std::string& folder, const States& includes, const States& excludes) {
     SysResult found;
     const auto search = finder_.Open(folder + "*", kHiddenToo, FindDetail::Names, found);
@@ -100,6 +102,7 @@ class Evaluation {
         files_.push_back(folder + entry.name);
       }
     }
+    if (const SysResult result = search->Result(); IsUnreadable(result)) Fail(folder, result.code);
   }
 
   IVekActionHost& host_;

@@ -203,8 +203,6 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
                                          const std::string& target) {
   SysResult found;
   const auto search = GetPlatform().finder->Open(spec, FileAttribute::AnyFile, FindDetail::Names, found);
-  // A walk into the sub-folders comes upon the same and reports it.
-  if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   const bool takesAll = ContainsWildcard(spec);
   std::string sourceFile = folder;
   std::string targetFile = targetIsDir_ ? StartOfFolder(GetPlatform(), target) : target;
@@ -219,6 +217,7 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
     }
     if (!takesAll) break;
   }
+  ReportUnreadable(folder, *search);
   return true;
 }
 
@@ -247,7 +246,7 @@ bool TCustomCopyFilesAction::CopyFile(const std::string& source, const std::stri
     return false;
   };
 
-  if (entries.FileExists(target)) {
+  if (entries.TargetExists(source, target)) {
     if (FailIfExists) return refuse("File Already Exists!");
     uint32_t attributes = 0;
     if (entries.GetAttributes(target, attributes) && (attributes & FileAttribute::ReadOnly) != 0) {

@@ -95,7 +95,7 @@ class TCustomMoveFilesAction : public TCustomCopyFilesAction {
   bool MoveMatches(const std::string& spec, const std::string& target, IVekActionLogMessage& message);
   bool MoveMatch(const std::string& source, const std::string& target, IVekActionLogMessage& message);
   std::optional<std::string> PrepareTarget(const std::string& target);
-  SysResult MoveFile(const std::string& source, const std::string& target);
+  SysResult MoveFile(const std::string& source, const std::string& target, bool replaces);
 
   bool readOnlyMet_ = false;  // this run has come upon a read-only target
 };

@@ -77,13 +77,13 @@ bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, IVekAction
   SysResult searchResult;
   const auto search =
       GetPlatform().finder->Open(spec, FileAttribute::ReadOnly | FileAttribute::Hidden, searchResult);
-  if (IsUnreadable(searchResult)) ReportUnreadable(FolderPart(spec), searchResult.code);
   std::string fileName = SearchedFolder(GetPlatform(), spec);
   const size_t folderLength = fileName.size();
   for (FoundEntry match; search->Next(match);) {
     fileName.replace(folderLength, std::string::npos, match.name);
     if (StopSignalled() || !DeleteMatch(fileName, match, message)) return false;
   }
+  ReportUnreadable(FolderPart(spec), *search);
   return true;
 }
 

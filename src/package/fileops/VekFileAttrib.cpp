@@ -90,8 +90,6 @@ void TCustomSetFileAttributesAction::ProcessFiles(IVekActionLogMessage& message,
   SysResult found;
   const auto search =
       GetPlatform().finder->Open(folder + std::string(mask), FileAttribute::AnyFile, FindDetail::All, found);
-  // A walk into the sub-folders comes upon the same and reports it.
-  if (!Recurse && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   std::string path = folder;
   for (FoundEntry match; search->Next(match) && !StopSignalled();) {
     if ((match.attributes & FileAttribute::Directory) == 0) {
@@ -100,6 +98,7 @@ void TCustomSetFileAttributesAction::ProcessFiles(IVekActionLogMessage& message,
     }
     if (!HasWildcards(mask)) break;
   }
+  ReportUnreadable(folder, *search);
 }
 
 /// Applies the settings to what the search has found; written also when nothing changes.

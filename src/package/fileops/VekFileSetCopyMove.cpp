@@ -148,7 +148,7 @@ void TCustomVekFileSetCopyMoveAction::CopyOrMove(const std::string& source, cons
   const std::string_view folder = DirectoryPart(destination);
   if (!folder.empty() && folder != madeFolder_ && GetPlatform().folders->CreateWithParents(folder))
     madeFolder_ = folder;
-  if (entries.FileExists(destination) && !MakeRoom(destination)) return;
+  if (entries.TargetExists(source, destination) && !MakeRoom(destination)) return;
 
   const SysResult done = Transfer(source, destination);
   if (!done) throw ECopyMoveError(SystemMessage("Error : Unable to copy file. Received ", done));

@@ -19,47 +19,6 @@ bool AreOneFile(Entries& entries, const std::string& a, const std::string& b) {
   return identity && identity == entries.Identity(b) && folderOf(a) == folderOf(b);
 }
 
-/// Takes a target out of the way of the file that is to replace it. Unless that one arrives, the target comes
-/// back: a move that fails costs no file.
-class DisplacedFile {
- public:
-  DisplacedFile(Entries& entries, IVekActionLogMessage& message) : entries_(entries), message_(message) {}
-  ~DisplacedFile() {
-    if (!aside_.empty() && !entries_.Move(aside_, path_, 0)) Tell();
-  }
-  DisplacedFile(const DisplacedFile&) = delete;
-  DisplacedFile& operator=(const DisplacedFile&) = delete;
-
-  SysResult Displace(const std::string& path) {
-    SysResult moved;
-    for (int number = 1; number <= kMostNames; ++number) {
-      // A short name, because the file's own may leave no room for more.
-      const std::string aside = std::string(FolderPart(path)) + ".replaced" + std::to_string(number);
-      moved = entries_.Move(path, aside, 0);
-      if (moved) {
-        path_ = path;
-        aside_ = aside;
-      }
-      if (moved.code != Win32Error::AlreadyExists) break;
-    }
-    return moved;
-  }
-
-  void Delete() {
-    if (!aside_.empty() && !entries_.Delete(aside_)) Tell();
-    aside_.clear();
-  }
-
- private:
-  static constexpr int kMostNames = 100;
-
-  void Tell() const { message_.AddLine(" --> The replaced file is left as : " + aside_); }
-
-  Entries& entries_;
-  IVekActionLogMessage& message_;
-  std::string path_, aside_;
-};
-
 }  // namespace
 
 const ActionClass TCustomMoveFilesAction::kClass{
@@ -92,10 +51,12 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
   constexpr uint32_t kMask = FileAttribute::ReadOnly | FileAttribute::Hidden;
   SysResult found;
   const auto search = GetPlatform().finder->Open(spec, kMask, FindDetail::Names, found);
-  if (IsUnreadable(found)) ReportUnreadable(FolderPart(spec), found.code);
   FoundEntry match;
   // FailIfZeroFiles is about matches that stayed where they were; without a match there is nothing to fail.
-  if (!search->Next(match)) return true;
+  if (!search->Next(match)) {
+    ReportUnreadable(FolderPart(spec), *search);
+    return true;
+  }
 
   const std::string folder = SearchedFolder(GetPlatform(), spec);
   const std::string targetFolder = TargetIsDir() ? AsFolder(GetPlatform(), target) : std::string();
@@ -105,6 +66,7 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
     // A move is not broken off, but the next one need not begin.
     if (StopSignalled() || !MoveMatch(folder + match.name, targetFile, message)) return false;
   } while (search->Next(match));
+  ReportUnreadable(FolderPart(spec), *search);
   return FilesAffected > 0 || !FailIfZeroFiles;
 }
 
@@ -119,27 +81,26 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
     return false;
   };
 
-  DisplacedFile displaced(entries, message);
-  const bool targetExists = entries.FileExists(target);
+  const bool targetExists = entries.TargetExists(source, target);
+  bool replaces = false;
   if (StopOnAnyErrors && !entries.FileExists(source)) return report("Source File Does not exist");
   if (targetExists) {
     if (FailIfExists) return report("The target File exists and \"Fail if Exists\" is checked");
     if (const auto reason = PrepareTarget(target)) return report(*reason);
-    // To take a target away that is the source would lose the file.
     if (source != target && !AreOneFile(entries, source, target)) {
-      const SysResult gone = displaced.Displace(target);
-      if (!gone && StopOnAnyErrors) return report(SysErrorMessage(gone.code));
+      const SysResult free = entries.CheckReplace(target);
+      if (!free && StopOnAnyErrors) return report(SysErrorMessage(free.code));
+      replaces = free.ok;
     }
   }
   if (Force && !TargetIsDir()) MakeFolderOf(target);
 
-  const SysResult moved = MoveFile(source, target);
+  const SysResult moved = MoveFile(source, target, replaces);
   if (!moved) {
     ++ErrorCount;
     report(SysErrorMessage(moved.code));
     return !StopOnAnyErrors;
   }
-  displaced.Delete();
   if (ClearAttributes) ClearAttributesOf(target);
   ++FilesAffected;
   return true;
@@ -159,10 +120,13 @@ std::optional<std::string> TCustomMoveFilesAction::PrepareTarget(const std::stri
   return {};
 }
 
-SysResult TCustomMoveFilesAction::MoveFile(const std::string& source, const std::string& target) {
+/// The target, where it is to be replaced, makes way in the same step.
+SysResult TCustomMoveFilesAction::MoveFile(const std::string& source, const std::string& target,
+                                           bool replaces) {
   Entries& entries = *GetPlatform().entries;
-  if (!TargetIsDir()) return entries.Move(source, target, 0);
+  const uint32_t replacing = replaces ? MoveFlag::ReplaceExisting : 0;
+  if (!TargetIsDir()) return entries.Move(source, target, replacing);
   StartProgress("Moving File : ", source, target);
-  return entries.Move(source, target, MoveFlag::CopyAllowed | MoveFlag::WriteThrough,
+  return entries.Move(source, target, MoveFlag::CopyAllowed | MoveFlag::WriteThrough | replacing,
                       [this](uint64_t transferred, uint64_t total) { ShowProgress(transferred, total); });
 }

@@ -68,4 +68,5 @@ void TCustomRenameFilesAction::RenameMatches(const std::string& spec, const std:
     const bool isDots = entry.name == "." || entry.name == "..";
     if (!isDots) platform.entries->Move(folder + entry.name, folder + newName, 0);
   }
+  ReportUnreadable(folder, *search);
 }

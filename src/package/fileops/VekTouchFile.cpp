@@ -106,13 +106,12 @@ bool TCustomTouchFilesAction::ProcessFiles(const std::string& folder, std::strin
     SysResult found;
     const auto search =
         GetPlatform().finder->Open(folder + std::string(mask), kPlainFiles, FindDetail::Names, found);
-    // A walk into the sub-folders comes upon the same and reports it.
-    if (!Recurse && IsUnreadable(found)) ReportUnreadable(folder, found.code);
     std::string path = folder;
     for (FoundEntry match; search->Next(match) && !StopSignalled();) {
       path.replace(folder.size(), std::string::npos, match.name);
       if (!TouchFile(path)) return Refuse("Error touching File : " + path);
     }
+    ReportUnreadable(folder, *search);
     return true;
   } catch (const std::exception& error) {
     return Refuse(error.what());

@@ -129,11 +129,10 @@ void TCustomFileIterator::TakeMatches(const std::string& folder, std::string_vie
   SysResult found;
   const auto search = GetPlatform().finder->Open(
       folder + std::string(mask), FindAnyFile ? FileAttribute::AnyFile : 0, FindDetail::Names, found);
-  // A walk into the sub-folders comes upon the same and reports it.
-  if (!recurse_ && IsUnreadable(found)) ReportUnreadable(folder, found.code);
   for (FoundEntry entry; search->Next(entry);) {
     files_.push_back(includeFilePath_ ? folder + entry.name : std::move(entry.name));
   }
+  ReportUnreadable(folder, *search);
 }
 
 void TCustomFileIterator::ReadFileSet() {

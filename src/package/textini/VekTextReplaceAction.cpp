@@ -104,15 +104,11 @@ bool TCustomTextReplaceAction::Execute() {
 /// A regular expression has a pass of its own, which begins with the source file again: with a new file name
 /// it overwrites what the first pass has saved.
 bool TCustomTextReplaceAction::ReplaceInFile() {
-  return ReplaceReferencesAndLines() && (!DoReplaceText || !MatchRegularExpression || ReplaceByExpression());
-}
-
-bool TCustomTextReplaceAction::ReplaceReferencesAndLines() {
-  std::string text = Load();
-  if (DoReplaceVariables) text = ExpandExpression(text, replacements_, false);
-  if (DoReplaceText && !MatchRegularExpression && !ReplaceByLines(text)) return false;
-  Save(text);
-  return true;
+  const bool goesOn = EditFile([this](std::string& text) {
+    if (DoReplaceVariables) text = ExpandExpression(text, replacements_, false);
+    return !DoReplaceText || MatchRegularExpression || ReplaceByLines(text);
+  });
+  return goesOn && (!DoReplaceText || !MatchRegularExpression || ReplaceByExpression());
 }
 
 bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
@@ -139,9 +135,11 @@ bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
 
 bool TCustomTextReplaceAction::ReplaceByExpression() {
   if (!ExpandTexts()) return false;
-  const auto replaced = ReplaceMatches(Load());
-  if (replaced) Save(*replaced);
-  return replaced.has_value();
+  return EditFile([this](std::string& text) {
+    auto replaced = ReplaceMatches(text);
+    if (replaced) text = std::move(*replaced);
+    return replaced.has_value();
+  });
 }
 
 /// Nothing when a script failed. The matches are those of the text as it was.
@@ -197,19 +195,27 @@ bool TCustomTextReplaceAction::ProcessLine(std::string& line) {
   return true;
 }
 
-std::string TCustomTextReplaceAction::Load() const {
-  std::string text;
-  const SysResult read = GetPlatform().contents->ReadWhole(fileName_, text);
-  if (!read) throw EVekError("Cannot read " + fileName_ + ": " + SysErrorMessage(read.code));
-  return text;
-}
-
-/// Over the source file only when something may have changed.
-void TCustomTextReplaceAction::Save(const std::string& text) const {
-  if (newFileName_.empty() && replacements_ == 0 && !DoReplaceVariables) return;
-  const std::string& target = newFileName_.empty() ? fileName_ : newFileName_;
-  const SysResult written = GetPlatform().contents->Replace(target, text);
-  if (!written) throw EVekError("Cannot write " + target + ": " + SysErrorMessage(written.code));
+/// Reads the source file, and writes what the edit makes of it: over the source only when something may have
+/// changed. False when the edit failed.
+bool TCustomTextReplaceAction::EditFile(const Contents::Edit& edit) const {
+  Contents& contents = *GetPlatform().contents;
+  bool wasRead = false, goesOn = false;
+  const auto run = [&](std::string& text) {
+    wasRead = true;
+    goesOn = edit(text);
+    return goesOn && (!newFileName_.empty() || replacements_ != 0 || DoReplaceVariables);
+  };
+  SysResult done;
+  if (newFileName_.empty()) {
+    done = contents.Change(fileName_, run);
+  } else {
+    std::string text;
+    done = contents.ReadWhole(fileName_, text);
+    if (done && run(text)) done = contents.Replace(newFileName_, text);
+  }
+  if (done) return goesOn;
+  const std::string target = newFileName_.empty() || !wasRead ? fileName_ : newFileName_;
+  throw EVekError((wasRead ? "Cannot write " : "Cannot read ") + target + ": " + SysErrorMessage(done.code));
 }
 
 void TCustomTextReplaceAction::SendSummary() const {

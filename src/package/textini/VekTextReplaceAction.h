@@ -5,6 +5,7 @@
 #include <string>
 
 #include "coreapi/Vekactionapi.h"
+#include "platform/Contents.h"
 
 class TRegExpr;
 struct SysResult;
@@ -36,15 +37,13 @@ class TCustomTextReplaceAction : public TVekAction {
 
  private:
   bool ReplaceInFile();
-  bool ReplaceReferencesAndLines();
   bool ReplaceByLines(std::string& text);
   bool ReplaceByExpression();
   std::optional<std::string> ReplaceMatches(const std::string& text);
   bool ExpandTexts();
   bool FindText(int32_t count, std::string_view foundText, std::string& replaceText, bool& doReplace);
   bool ProcessLine(std::string& line);
-  std::string Load() const;
-  void Save(const std::string& text) const;
+  bool EditFile(const Contents::Edit& edit) const;
   void SendSummary() const;
 
   std::string fileName_, newFileName_;  // expanded, as are the next two

@@ -57,22 +57,20 @@ bool TCustomVekWriteToTextFileAction::Execute() {
 
   std::string text;
   if (!TryExpandExpression("Content", NewContent, text, false)) return false;
-  const SysResult edited = AddToFile(fileName, text, fileExists);
+  const SysResult edited = AddToFile(fileName, text);
   SendMessage(edited ? "File updated: " + fileName : "File edit failed: " + SysErrorMessage(edited.code));
   return edited.ok;
 }
 
-SysResult TCustomVekWriteToTextFileAction::AddToFile(const std::string& fileName, const std::string& text,
-                                                     bool fileExists) {
-  std::string contents;
-  if (fileExists) {
-    if (const SysResult loaded = GetPlatform().contents->ReadWhole(fileName, contents); !loaded)
-      return loaded;
-  }
-  StringList lines = SplitLines(contents);
+SysResult TCustomVekWriteToTextFileAction::AddToFile(const std::string& fileName,
+                                                     const std::string& text) const {
   // The text is one line more than it holds line breaks, also when it is empty or ends in one.
   const StringList added = SplitLines(std::string(text).append(kLineBreak));
-  lines.insert(WriteToPosition == TVekWriteToPos::toStart ? lines.begin() : lines.end(), added.begin(),
-               added.end());
-  return GetPlatform().contents->Replace(fileName, TextOf(lines));
+  return GetPlatform().contents->Change(fileName, [&](std::string& contents) {
+    StringList lines = SplitLines(contents);
+    lines.insert(WriteToPosition == TVekWriteToPos::toStart ? lines.begin() : lines.end(), added.begin(),
+                 added.end());
+    contents = TextOf(lines);
+    return true;
+  });
 }

@@ -27,7 +27,7 @@ class TCustomVekWriteToTextFileAction : public TVekAction {
   bool Execute() override;
 
  private:
-  SysResult AddToFile(const std::string& fileName, const std::string& text, bool fileExists);
+  SysResult AddToFile(const std::string& fileName, const std::string& text) const;
 };
 
 class TVekWriteToTextFileAction final

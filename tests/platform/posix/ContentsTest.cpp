@@ -47,6 +47,39 @@ TEST_F(PosixContentsTest, ReplaceFollowsLinks) {
   EXPECT_EQ(data.Replace(Path("circle"), "x").code, Win32Error::CantResolveFilename);
 }
 
+TEST_F(PosixContentsTest, WhatIsNoFileIsRefused) {
+  MakePipe(Path("pipe"));
+  std::string contents;
+  for (const std::string& path : {Path("pipe"), std::string("/dev/zero")}) {
+    EXPECT_EQ(data.ReadWhole(path, contents).code, Win32Error::NotSupported) << path;
+    EXPECT_EQ(data.Replace(path, "x").code, Win32Error::NotSupported) << path;
+    EXPECT_EQ(data.Change(path, [](std::string&) { return true; }).code, Win32Error::NotSupported) << path;
+  }
+  EXPECT_TRUE(data.ReadStream("/dev/null", contents));
+}
+
+TEST_F(PosixContentsTest, WhatAKilledProgramLeftIsFoundByNoSearchAndGoes) {
+  const std::string abandoned = ".vek-0123456789abcdef", held = ".vek-fedcba9876543210";
+  const auto search = [&](const std::string& spec) {
+    SysResult found;
+    return finder.Open(Path(spec), FileAttribute::AnyFile, found), found.code;
+  };
+  for (const char* target : {"new", "new", "sub/new"}) {  // one to be made, to be changed, and elsewhere
+    folder.Write(abandoned, "x");
+    folder.Write(held, "x");
+    EXPECT_EQ(search(".vek-*"), Win32Error::FileNotFound);
+    EXPECT_EQ(search(abandoned), Win32Error::FileNotFound);
+    const ExclusiveOpen other(Path(held));
+    owner = CreatePlatform({});
+    folder.MakeFolder("sub");
+    EXPECT_TRUE(owner->Get().contents->Replace(Path(target), "x"));
+    EXPECT_EQ(folder.Exists(abandoned), folder.Exists("sub/new"));
+    EXPECT_TRUE(folder.Exists(held));
+  }
+  folder.Write("gone/" + abandoned, "x");
+  EXPECT_TRUE(owner->Get().folders->Remove(Path("gone")));
+}
+
 TEST_F(PosixContentsTest, AFullDiskLeavesTheOldFile) {
   folder.Write("file", "old");
   const std::string big(100000, 'x');

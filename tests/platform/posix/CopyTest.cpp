@@ -27,14 +27,36 @@ TEST_F(PosixCopyTest, AFullDiskLeavesTheOldFileOrNone) {
   EXPECT_EQ(folder.Names(), (Names{"large", "small", "target"}));
 }
 
-TEST_F(PosixCopyTest, WhoIsKilledLeavesNoPartOfALargeFile) {
-  folder.Write("source", std::string(20u << 20, 'x'));
+TEST_F(PosixCopyTest, WhoIsKilledLeavesNoPartOfAFile) {
+  folder.Write("small", "x");
+  folder.Write("large", std::string(20u << 20, 'x'));
   folder.Write("old", "kept");
-  for (const char* target : {"new", "old"}) {
-    const CopyOptions options = {.progress = [](uint64_t, uint64_t) { raise(SIGKILL); }};
-    EXPECT_EXIT(entries.Copy(Path("source"), Path(target), options), testing::KilledBySignal(SIGKILL), "");
-    EXPECT_FALSE(folder.Exists("new"));
-    EXPECT_EQ(folder.Read("old"), "kept");
+  const CopyOptions options = {.progress = [](uint64_t, uint64_t) { raise(SIGKILL); }};
+  for (const char* source : {"small", "large"}) {
+    for (const char* target : {"new", "old"}) {
+      EXPECT_EXIT(entries.Copy(Path(source), Path(target), options), testing::KilledBySignal(SIGKILL), "");
+      EXPECT_FALSE(folder.Exists("new"));
+      EXPECT_EQ(folder.Read("old"), "kept");
+    }
+  }
+}
+
+TEST_F(PosixCopyTest, FilesWhoseNamesDifferInCaseOnlyAllArrive) {
+  for (const bool moves : {false, true}) {
+    for (const char* name : {"MAKE", "Make", "make", "other"}) folder.Write(std::string("in/") + name, name);
+    folder.Write("out/mAKE", "replaced");
+    for (const char* name : {"MAKE", "Make", "make", "make", "other"}) {
+      const std::string source = Path(std::string("in/") + name), target = Path(std::string("out/") + name);
+      if (!entries.EntryExists(source)) continue;  // moved
+      const bool exists = entries.TargetExists(source, target);
+      EXPECT_EQ(exists, name == std::string("MAKE") || entries.EntryExists(target)) << name;
+      EXPECT_TRUE(moves ? entries.Move(source, target, MoveFlag::ReplaceExisting)
+                        : entries.Copy(source, target, {}));
+    }
+    EXPECT_EQ(folder.Names("out"), (Names{"Make", "mAKE", "make", "other"}));
+    EXPECT_EQ(folder.Read("out/mAKE"), "MAKE");
+    EXPECT_EQ(folder.Read("out/make"), "make");
+    std::filesystem::remove_all(Path("out"));
   }
 }
 

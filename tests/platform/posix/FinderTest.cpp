@@ -49,9 +49,40 @@ TEST_F(PosixFinderTest, NamesThatAreNotUtf8PassThrough) {
   EXPECT_FALSE(entries.EntryExists(Path(name)));
 }
 
-TEST_F(PosixFinderTest, LeavesOutNamesThatAPathWouldTakeForAnother) {
+TEST_F(PosixFinderTest, NamesThatMeanSomethingElseInAPathAreShownOtherwise) {
+  const std::string back = "\xEF\x81\x9C", star = "\xEF\x80\xAA", mark = "\xEF\x80\xBF";
   folder.Write("keep");
-  folder.Write("sub/..\\keep");
+  folder.Write("sub/a.tmp", "kept");
+  folder.Write("sub/*.tmp", "star");
+  folder.Write("sub/..\\keep", "back");
+  folder.Write("sub/q?", "mark");
+  folder.Write("sub/x" + star, "own");
+  folder.Write("sub/x*", "other");
+  EXPECT_EQ(Find(Path("sub/*.*")),
+            (Names{".." + back + "keep", "a.tmp", "q" + mark, "x" + star, "x" + star, star + ".tmp"}));
+  EXPECT_EQ(Find(Path("sub/*.TMP")), (Names{"a.tmp", star + ".tmp"}));
+  EXPECT_EQ(Find(Path("sub/Q" + mark)), Names{"q" + mark});
+
+  std::string contents;
+  EXPECT_TRUE(data.ReadWhole(Path("sub\\X" + star), contents));
+  EXPECT_EQ(contents, "own");
+  EXPECT_EQ(environment.NativePath(Path("sub/" + star + ".TMP")), Path("sub/*.tmp"));
+  EXPECT_EQ(environment.NativePath("new" + back + "one"), "new\\one");
+
+  ASSERT_TRUE(folders.Create(Path("out" + star)));
+  EXPECT_TRUE(entries.Copy(Path("sub/" + star + ".tmp"), Path("out" + star + "/" + star + ".tmp"), {}));
+  EXPECT_TRUE(entries.Move(Path("sub/.." + back + "keep"), Path("out" + star + "/" + back), 0));
+  EXPECT_TRUE(data.Replace(Path("out" + star + "/" + mark), "new"));
+  EXPECT_EQ(folder.Names("out*"), (Names{"*.tmp", "?", "\\"}));
+  EXPECT_TRUE(entries.Delete(Path("sub/" + star + ".tmp")));
+  EXPECT_EQ(folder.Names("sub"), (Names{"a.tmp", "q?", "x*", "x" + star}));
+
+  ASSERT_TRUE(environment.SetCurrentFolder(Path("out" + star)));
+  EXPECT_EQ(environment.CurrentFolder(), Path("out" + star));
+  ASSERT_TRUE(environment.SetCurrentFolder("/"));
+}
+
+TEST_F(PosixFinderTest, LeavesOutNamesThatAPathWouldTakeForADrive) {
   folder.Write("sub/q:keep");
   EXPECT_EQ(Find(Path("sub\\*")), Names{"q:keep"});
   ASSERT_TRUE(environment.SetCurrentFolder(Path("sub")));

@@ -1,5 +1,6 @@
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 
 #include "base/WindowsPath.h"
 #include "platform/PlatformTest.h"
@@ -83,6 +84,18 @@ TEST_F(PosixMoveAcrossTest, WhoIsKilledLeavesTheSourceOnly) {
               testing::KilledBySignal(SIGKILL), "");
   EXPECT_EQ(folder.Read("file").size(), 20u << 20);
   EXPECT_TRUE(folders.Remove(other));
+}
+
+TEST_F(PosixMoveAcrossTest, ASourceThatChangesMeanwhileStays) {
+  folder.Write("file", "text");
+  std::ofstream(other + "/file") << "old";
+  const auto change = [&](uint64_t, uint64_t) { std::ofstream(Path("file"), std::ios::app) << " and more"; };
+  constexpr uint32_t kFlags = MoveFlag::CopyAllowed | MoveFlag::ReplaceExisting;
+  EXPECT_EQ(entries.Move(Path("file"), other + "/file", kFlags, change).code, Win32Error::SharingViolation);
+  EXPECT_EQ(folder.Read("file"), "text and more");
+  std::string target;
+  EXPECT_TRUE(data.ReadWhole(other + "/file", target));
+  EXPECT_EQ(target, "old");
 }
 
 TEST_F(PosixMoveAcrossTest, AFullDiskLeavesTheSource) {

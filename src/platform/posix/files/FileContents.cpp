@@ -1,5 +1,6 @@
 #include "platform/posix/files/FileContents.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <stdexcept>
 
@@ -29,33 +30,42 @@ SysResult ReadToEnd(int fd, size_t expected, std::string& contents) {
   }
 }
 
-/// A pipe or device takes the bytes itself.
-SysResult WriteInto(int fd, std::string_view contents) {
-  fcntl(fd, F_SETFL, 0);
-  return WriteAll(fd, contents) ? SysResult() : LastFailure();
-}
-
-}  // namespace
-
-SysResult ReadContents(const Place& place, std::string& contents) {
-  const UniqueFd fd(openat(place.Fd(), place.Name(), O_RDONLY | O_CLOEXEC));
+SysResult ReadOpen(const UniqueFd& fd, std::string& contents, bool onlyFiles) {
   struct stat status = {};
   if (!fd || fstat(fd.Get(), &status) != 0) return LastFailure();
+  const bool isFile = S_ISREG(status.st_mode);
+  // What is no file might never come to its end.
+  if (onlyFiles && !isFile && !S_ISDIR(status.st_mode)) return SysResult::Failure(Win32Error::NotSupported);
   if (!MayUse(fd.Get())) return LastFailure();
   try {
-    return ReadToEnd(fd.Get(), S_ISREG(status.st_mode) ? static_cast<size_t>(status.st_size) : 0, contents);
+    return ReadToEnd(fd.Get(), isFile ? static_cast<size_t>(status.st_size) : 0, contents);
   } catch (const std::exception&) {
     return SysResult::Failure(Win32Error::NotEnoughMemory);
   }
 }
 
-SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_view contents) {
+}  // namespace
+
+SysResult ReadContents(const Place& place, std::string& contents) {
+  // Without waiting, for a pipe would have it wait for the other end.
+  const UniqueFd fd(openat(place.Fd(), place.Name(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  return ReadOpen(fd, contents, true);
+}
+
+SysResult ReadStream(const Place& place, std::string& contents) {
+  const UniqueFd fd(openat(place.Fd(), place.Name(), O_RDONLY | O_CLOEXEC));
+  return ReadOpen(fd, contents, false);
+}
+
+SysResult ReplaceContents(PosixPaths& paths, const Place& place, std::string_view contents) {
   RewriteTarget target;
-  if (const SysResult found = FindRewriteTarget(paths, path, target); !found) return found;
-  if (target.old && !S_ISREG(target.status.st_mode)) return WriteInto(target.old.Get(), contents);
+  if (const SysResult found = FindRewriteTarget(place, target); !found) return found;
+  if (target.old) paths.SweepOnce(*place.folder);
   // The folder must be writable too, since only an exchange of files is one step.
-  DiskChange change(paths, target.place, DiskChange::File);
-  NewFile file(target.place);
-  if (!file.CreateBeside(target.ModeUntilDone()) || !WriteAll(file.Fd(), contents)) return LastFailure();
+  DiskChange change(paths, place, DiskChange::File);
+  NewFile file(place);
+  const mode_t mode = target.ModeUntilDone();
+  const bool created = target.old ? file.CreateBeside(mode) : file.CreateUnseen(mode);
+  if (!created || !WriteAll(file.Fd(), contents)) return LastFailure();
   return TakePlace(file, target, change);
 }

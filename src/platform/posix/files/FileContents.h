@@ -6,6 +6,9 @@
 #include "base/Win32Error.h"
 #include "platform/posix/paths/PosixPaths.h"
 
-/// What Contents::ReadWhole and Contents::Replace do.
+/// What Contents::ReadWhole does, and what ReadStream does with something that may be no file.
 SysResult ReadContents(const Place& place, std::string& contents);
-SysResult ReplaceContents(PosixPaths& paths, std::string_view path, std::string_view contents);
+SysResult ReadStream(const Place& place, std::string& contents);
+
+/// What Contents::Replace does at the place of the file itself. Others take their turn (see FolderTurn).
+SysResult ReplaceContents(PosixPaths& paths, const Place& place, std::string_view contents);

@@ -38,52 +38,47 @@ class Copy {
       : paths_(paths), source_(source), options_(options) {}
 
   SysResult To(Place target) {
-    paths_.OtherCase(target);
+    bool mayExist = paths_.SettleTarget(target, &source_.place);
     for (int links = 0; links <= kMostLinks; ++links) {
-      bool exists = false;
-      const SysResult created = Create(target, exists);
-      if (!exists) return created;
-      if (options_.failIfExists) return SysResult::Failure(Win32Error::FileExists);
       struct stat status = {};
-      if (fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
-      if (!S_ISLNK(status.st_mode)) return Replace(target, status);
-      if (!FollowLink(target)) return NoFolder();
+      if (mayExist && fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0) {
+        if (options_.failIfExists) return SysResult::Failure(Win32Error::FileExists);
+        if (!S_ISLNK(status.st_mode)) return Arrived(Replace(target, status), target);
+        if (!FollowLink(target)) return NoFolder();
+        continue;
+      }
+      if (mayExist && errno != ENOENT) return LastFailure();
+      const SysResult created = Create(target, mayExist);
+      if (!mayExist) return Arrived(created, target);
     }
     return SysResult::Failure(Win32Error::CantResolveFilename);
   }
 
  private:
-  /// A large file has no name before it is whole, since this program may be killed while it copies.
-  bool IsLarge() const { return source_.status.st_size >= kLargeFile; }
-
-  bool Begin(NewFile& file, const Place& target, mode_t mode) const {
-    if (!IsLarge()) return file.CreateAs(target.name, mode);
-    struct stat status = {};
-    if (fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
-    return errno == ENOENT && file.CreateUnseen(mode);
+  SysResult Arrived(SysResult copied, const Place& target) const {
+    if (copied) paths_.Twins().Arrived(source_.place, target);
+    return copied;
   }
 
-  /// Makes the target, or says that there is one.
+  /// Makes the target, or says that another was quicker.
   SysResult Create(const Place& target, bool& exists) {
     constexpr uint32_t kStored = FileAttribute::Hidden | FileAttribute::System | FileAttribute::Archive;
     const bool stores = ((source_.attributes ^ ImpliedAttributes(target.name)) & kStored) != 0;
     const mode_t mode = source_.status.st_mode & 0777;
     // The system stores attributes only in what may be written.
     const mode_t first = stores ? mode | kOwnerWrites : mode;
+    exists = false;
     DiskChange change(paths_, target, DiskChange::File);
     NewFile file(target);
-    if (!Begin(file, target, first)) {
-      exists = errno == EEXIST || errno == EISDIR;
-      return NoFolder();
-    }
+    if (!file.CreateUnseen(first)) return NoFolder();
     if (const SysResult moved = Transfer(source_.fd.Get(), source_.status, file.Fd()).Run(options_); !moved) {
       return moved;
     }
     if (stores && !CopyAttributes(source_, file.Fd(), target.name)) return LastFailure();
     if (stores && (mode & kOwnerWrites) == 0 && !Withdraw(file.Fd(), kOwnerWrites)) return LastFailure();
     CopyLastWrite(source_, file.Fd());
-    if (!(IsLarge() ? file.KeepAs(target.name) : file.Keep())) {
-      exists = errno == EEXIST && lseek(source_.fd.Get(), 0, SEEK_SET) == 0;  // another was quicker
+    if (!file.KeepAs(target.name)) {
+      exists = errno == EEXIST && lseek(source_.fd.Get(), 0, SEEK_SET) == 0;
       return LastFailure();
     }
     change.Added(target.name);
@@ -98,7 +93,8 @@ class Copy {
     if (!old || !MayUse(old.Get())) return LastFailure();
     DiskChange change(paths_, target, DiskChange::File);
     NewFile file(target);
-    if (!(IsLarge() ? file.CreateUnseen(0600) : file.CreateBeside(0600))) return LastFailure();
+    const bool isLarge = source_.status.st_size >= kLargeFile;
+    if (!(isLarge ? file.CreateUnseen(0600) : file.CreateBeside(0600))) return LastFailure();
     if (const SysResult moved = Transfer(source_.fd.Get(), source_.status, file.Fd()).Run(options_); !moved) {
       return moved;
     }
@@ -149,6 +145,7 @@ SysResult OpenCopySource(PosixPaths& paths, const Place& place, CopySource& sour
   if (!source.fd || fstat(source.fd.Get(), &source.status) != 0) return LastFailure();
   if (const SysResult kind = CheckKind(source.status); !kind) return kind;
   if (!MayUse(source.fd.Get())) return LastFailure();
+  source.place = place;
   source.attributes = seen ? seen->attributes : OpenAttributes(source.fd.Get(), place.name);
   return {};
 }

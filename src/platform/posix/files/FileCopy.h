@@ -7,6 +7,7 @@
 
 /// A regular file that is open for being copied.
 struct CopySource {
+  Place place;
   UniqueFd fd;
   struct stat status;
   uint32_t attributes;  // hidden, system and archive among them

@@ -7,10 +7,13 @@
 
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FileCopy.h"
+#include "platform/posix/files/FileStamp.h"
 #include "platform/posix/files/NewFile.h"
 #include "platform/posix/files/OpenedFile.h"
+#include "platform/posix/files/TemporaryName.h"
 #include "platform/posix/files/Transfer.h"
 #include "platform/posix/paths/DiskChange.h"
+#include "platform/posix/paths/ShownNames.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -27,17 +30,17 @@ class Move {
   SysResult To(Place target) {
     const std::string wanted = target.name;
     if (const SysResult found = FindBoth(target); !found) return found;
-    if (const SysResult usable = CheckUse(from_, source_); !usable) return usable;
+    if (const SysResult usable = CheckFree(from_, source_); !usable) return usable;
     if (IsSameEntry(target)) {
       // Nothing to move but, perhaps, the case of letters.
       if (wanted == from_.name) return {};
-      target.name = wanted;
+      target.name = DiskName(wanted);
       exists_ = false;
       mustBeFree_ = false;
     }
     if (exists_) {
       if (const SysResult allowed = CheckTarget(); !allowed) return allowed;
-      if (const SysResult usable = CheckUse(target, target_.status); !usable) return usable;
+      if (const SysResult usable = CheckFree(target, target_.status); !usable) return usable;
       // Two names of one file: the system's own rename would leave both.
       if (IsSameFile(source_, target_.status) && !target_.isLink) return RemoveSource();
     }
@@ -49,7 +52,7 @@ class Move {
 
   SysResult FindBoth(Place& target) {
     if (fstatat(from_.Fd(), from_.Name(), &source_, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
-    paths_.OtherCase(target);
+    paths_.SettleTarget(target, &from_);
     exists_ = ReadStatus(target.Fd(), target.Name(), target_);
     return exists_ || errno == ENOENT ? SysResult() : LastFailure();
   }
@@ -64,13 +67,6 @@ class Move {
     const bool isLocked = !target_.isLink && IsReadOnly(target_.status);
     const bool isFolder = target_.IsFolder() || S_ISDIR(source_.st_mode);
     return isLocked || isFolder ? SysResult::Failure(Win32Error::AccessDenied) : SysResult();
-  }
-
-  /// Whether another open holds the file exclusively; who may not read it cannot tell.
-  static SysResult CheckUse(const Place& place, const struct stat& status) {
-    if (!S_ISREG(status.st_mode)) return {};
-    const UniqueFd file(openat(place.Fd(), place.Name(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    return !file || MayUse(file.Get()) ? SysResult() : LastFailure();
   }
 
   DiskChange::Kind Kind() const {
@@ -94,6 +90,7 @@ class Move {
     }
     left.Removed(from_.name);
     if (!exists_) entered.Added(target.name);
+    paths_.Twins().Arrived(from_, target);
     return {};
   }
 
@@ -109,18 +106,29 @@ class Move {
   SysResult ToOtherVolume(const Place& target, DiskChange& entered) {
     if (!Has(MoveFlag::CopyAllowed)) return SysResult::Failure(Win32Error::NotSameDevice);
     if (S_ISDIR(source_.st_mode)) return SysResult::Failure(Win32Error::AccessDenied);
+    // Before anything is replaced by what would then be there twice.
+    if (faccessat(from_.Fd(), ".", W_OK | X_OK, AT_EACCESS) != 0) return LastFailure();
     const SysResult made = S_ISLNK(source_.st_mode) ? RemakeLink(target) : CopyFileTo(target);
     if (!made) return made;
     if (!exists_) entered.Added(target.name);
+    paths_.Twins().Arrived(from_, target);
     if (Has(MoveFlag::WriteThrough) && !WriteNames(target)) return LastFailure();
-    // What cannot be removed stays: the copy is good.
-    RemoveSource();
-    return {};
+    const SysResult same = CheckUnchanged();
+    return same ? RemoveSource() : same;
+  }
+
+  /// SharingViolation when the source is not what was read: another program works on it.
+  SysResult CheckUnchanged() const {
+    struct stat now = {};
+    if (fstatat(from_.Fd(), from_.Name(), &now, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
+    return FileStamp::Of(now) == FileStamp::Of(source_) ? SysResult()
+                                                        : SysResult::Failure(Win32Error::SharingViolation);
   }
 
   SysResult CopyFileTo(const Place& target) {
     CopySource source = {};
     if (const SysResult opened = OpenCopySource(paths_, from_, source); !opened) return opened;
+    source_ = source.status;
     const int from = source.fd.Get();
     NewFile file(target);
     if (!file.CreateUnseen(0600)) return LastFailure();
@@ -130,6 +138,7 @@ class Move {
     const timespec times[] = {source.status.st_atim, source.status.st_mtim};
     futimens(file.Fd(), times);
     if (Has(MoveFlag::WriteThrough) && fsync(file.Fd()) != 0) return LastFailure();
+    if (const SysResult same = CheckUnchanged(); !same) return same;
     return (exists_ ? file.TakePlaceOf(target.name) : file.KeepAs(target.name)) ? SysResult() : LastFailure();
   }
 
@@ -165,6 +174,15 @@ class Move {
 };
 
 }  // namespace
+
+SysResult CheckReplace(const Place& place) {
+  EntryStatus entry = {};
+  if (const SysResult found = StatusAt(place, entry); !found) return found;
+  const bool isRefused = entry.IsFolder() || (!entry.isLink && IsReadOnly(entry.status));
+  if (isRefused) return SysResult::Failure(Win32Error::AccessDenied);
+  if (faccessat(place.Fd(), ".", W_OK | X_OK, AT_EACCESS) != 0) return LastFailure();
+  return entry.isLink ? SysResult() : CheckFree(place, entry.status);
+}
 
 SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view target, uint32_t flags,
                     const CopyProgress& progress) {

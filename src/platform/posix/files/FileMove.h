@@ -8,3 +8,6 @@
 /// What Entries::Move does.
 SysResult MoveEntry(PosixPaths& paths, std::string_view source, std::string_view target, uint32_t flags,
                     const CopyProgress& progress);
+
+/// What Entries::CheckReplace does for an entry that was located.
+SysResult CheckReplace(const Place& place);

@@ -7,6 +7,7 @@
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/find/FolderListing.h"
 #include "platform/posix/find/FolderReader.h"
+#include "platform/posix/paths/ShownNames.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -57,14 +58,20 @@ class Emptying {
     Level& level = levels_.emplace_back(Level{std::move(fd), status, {}, 0, path_.size()});
     while (const dirent* entry = reader.Next()) {
       const std::string_view found = entry->d_name;
-      if (found != "." && found != "..") level.entries.Add(found, entry->d_type);
+      if (found == "." || found == "..") continue;
+      if (IsShownAsItStands(found)) {
+        level.entries.Add(found, entry->d_type);
+      } else {
+        level.entries.Add(found, ShownName(found), entry->d_type);
+      }
     }
     level.entries.Sort();
-    return {};
+    return reader.Error() == 0 ? SysResult() : SysResult::Failure(FromErrno(reader.Error()));
   }
 
   SysResult Take(const Level& level, size_t index) {
     const char* name = level.entries.Name(index);
+    const std::string_view shown = level.entries.Shown(index);
     unsigned char type = level.entries.Type(index);
     const bool checks = type != DT_DIR && type != DT_LNK && !options_.deleteReadOnly;
     if (checks || type == DT_UNKNOWN) {
@@ -72,12 +79,12 @@ class Emptying {
       if (fstatat(level.fd.Get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) return LastFailure();
       type = S_ISDIR(status.st_mode) ? DT_DIR : DT_REG;
       const bool refused = type != DT_DIR && !options_.deleteReadOnly && IsReadOnly(status);
-      if (refused) return Tell(EmptyingStep::Delete, name), SysResult::Failure(Win32Error::AccessDenied);
+      if (refused) return Tell(EmptyingStep::Delete, shown), SysResult::Failure(Win32Error::AccessDenied);
     }
     const bool isFolder = type == DT_DIR;
-    if (!Tell(isFolder ? EmptyingStep::Enter : EmptyingStep::Delete, name)) return kStopped;
+    if (!Tell(isFolder ? EmptyingStep::Enter : EmptyingStep::Delete, shown)) return kStopped;
     if (!isFolder) return Result(unlinkat(level.fd.Get(), name, 0));
-    path_.append(name).push_back(options_.shownAs.back());
+    path_.append(shown).push_back(options_.shownAs.back());
     const SysResult entered = Enter(level.fd.Get(), name);
     if (!entered) path_.resize(level.pathLength);
     return entered;
@@ -94,7 +101,7 @@ class Emptying {
     left.Close();
     path_.resize(level.pathLength);
     const char* name = level.entries.Name(level.next - 1);
-    if (!Tell(EmptyingStep::Remove, name)) return kStopped;
+    if (!Tell(EmptyingStep::Remove, level.entries.Shown(level.next - 1))) return kStopped;
     if (isReadOnly) return SysResult::Failure(Win32Error::AccessDenied);
     const SysResult removed = Result(unlinkat(level.fd.Get(), name, AT_REMOVEDIR));
     return removed.code == kGone.code ? SysResult() : removed;
@@ -108,7 +115,7 @@ class Emptying {
            status.st_ino == level.status.st_ino;
   }
 
-  bool Tell(EmptyingStep step, const char* name) {
+  bool Tell(EmptyingStep step, std::string_view name) {
     if (!options_.watch) return true;
     const size_t length = path_.size();
     const bool goesOn = options_.watch(step, path_.append(name));

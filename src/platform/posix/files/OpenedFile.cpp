@@ -8,6 +8,8 @@
 #include <sys/xattr.h>
 #include <vector>
 
+#include "platform/posix/system/PosixErrors.h"
+
 namespace {
 
 /// Attributes of other programs come along where that is allowed; the user's own must, where they can.
@@ -30,6 +32,12 @@ bool CopyExtendedAttributes(int from, int to) {
 
 bool MayUse(int fd) { return flock(fd, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK; }
 
+SysResult CheckFree(const Place& place, const struct stat& status) {
+  if (!S_ISREG(status.st_mode)) return {};
+  const UniqueFd file(openat(place.Fd(), place.Name(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  return !file || MayUse(file.Get()) ? SysResult() : LastFailure();
+}
+
 UniqueFd OpenTarget(const Place& place) {
   return UniqueFd(openat(place.Fd(), place.Name(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
 }
@@ -48,6 +56,19 @@ bool FollowLink(Place& place) {
   if (!fd || fstat(fd.Get(), &status) != 0) return false;
   place.folder = std::make_shared<Folder>(std::move(fd), folder, status.st_dev, status.st_ino);
   return true;
+}
+
+Place FinalPlace(PosixPaths& paths, std::string_view path) {
+  Place place = paths.Locate(path);
+  if (!place.folder) return place;
+  struct stat status = {};
+  const auto stands = [&] { return fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0; };
+  if (!stands() && errno == ENOENT && (!paths.SettleTarget(place) || !stands())) return place;
+  for (int links = 0; S_ISLNK(status.st_mode) && links < kMostLinks; ++links) {
+    if (!FollowLink(place)) return {};
+    if (!stands()) break;
+  }
+  return place;
 }
 
 bool CopyProperties(int from, const struct stat& status, int to) {

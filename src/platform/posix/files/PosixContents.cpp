@@ -2,6 +2,8 @@
 
 #include "base/WindowsPath.h"
 #include "platform/posix/files/FileContents.h"
+#include "platform/posix/files/FolderTurn.h"
+#include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/files/PosixOpenFile.h"
 #include "platform/posix/files/Rewrite.h"
 #include "platform/posix/paths/DiskChange.h"
@@ -10,8 +12,29 @@ SysResult PosixContents::ReadWhole(std::string_view path, std::string& contents)
   return paths_.OnEntry(path, [&](const Place& place) { return ReadContents(place, contents); });
 }
 
+SysResult PosixContents::ReadStream(std::string_view path, std::string& contents) {
+  return paths_.OnEntry(path, [&](const Place& place) { return ::ReadStream(place, contents); });
+}
+
 SysResult PosixContents::Replace(std::string_view path, std::string_view contents) {
-  return ReplaceContents(paths_, path, contents);
+  return InTurn(path, [&](const Place& place) { return ReplaceContents(paths_, place, contents); });
+}
+
+SysResult PosixContents::Change(std::string_view path, const Edit& edit) {
+  return InTurn(path, [&](const Place& place) {
+    std::string contents;
+    const SysResult read = ReadContents(place, contents);
+    if (!read && read.code != Win32Error::FileNotFound) return read;
+    return edit(contents) ? ReplaceContents(paths_, place, contents) : SysResult();
+  });
+}
+
+template <class Operation>
+SysResult PosixContents::InTurn(std::string_view path, Operation operation) {
+  const Place place = FinalPlace(paths_, path);
+  if (!place.folder) return SysResult::Failure(place.error);
+  const FolderTurn turn(place);
+  return turn.Result() ? operation(place) : turn.Result();
 }
 
 SysResult PosixContents::Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) {
@@ -26,8 +49,9 @@ SysResult PosixContents::Open(std::string_view path, OpenMode mode, ShareMode sh
   if (namesFolder && opened.code == Win32Error::FileNotFound)
     return SysResult::Failure(Win32Error::PathNotFound);
   if (mode != OpenMode::Create || opened.code != Win32Error::FileNotFound) return opened;
-  const Place place = paths_.Locate(path);
+  Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
+  paths_.SettleTarget(place);
   DiskChange change(paths_, place, DiskChange::File);
   const SysResult created = CreateAndOpen(place, share, file);
   if (created) change.Added(place.name);

@@ -8,11 +8,16 @@ class PosixContents final : public Contents {
   explicit PosixContents(PosixPaths& paths) : paths_(paths) {}
 
   SysResult ReadWhole(std::string_view path, std::string& contents) override;
+  SysResult ReadStream(std::string_view path, std::string& contents) override;
   SysResult Replace(std::string_view path, std::string_view contents) override;
   SysResult Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) override;
+  SysResult Change(std::string_view path, const Edit& edit) override;
   SysResult Open(std::string_view path, OpenMode mode, ShareMode share,
                  std::unique_ptr<OpenFile>& file) override;
 
  private:
+  template <class Operation>
+  SysResult InTurn(std::string_view path, Operation operation);
+
   PosixPaths& paths_;
 };

@@ -75,6 +75,21 @@ bool PosixEntries::EntryExists(std::string_view path) {
   return place.folder && fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
+bool PosixEntries::TargetExists(std::string_view source, std::string_view target) {
+  if (EndsInPathDelimiter(target)) return false;
+  Place to = paths_.Locate(target);
+  if (!to.folder) return false;
+  EntryStatus entry = {};
+  if (ReadStatus(to.Fd(), to.Name(), entry)) return !entry.IsFolder();
+  const Place from = paths_.Locate(source);
+  const bool isThere = paths_.SettleTarget(to, from.folder ? &from : nullptr);
+  return isThere && ReadStatus(to.Fd(), to.Name(), entry) && !entry.IsFolder();
+}
+
+SysResult PosixEntries::CheckReplace(std::string_view path) {
+  return paths_.OnEntry(path, [](const Place& place) { return ::CheckReplace(place); });
+}
+
 std::optional<EntryIdentity> PosixEntries::Identity(std::string_view path) {
   struct stat status = {};
   const auto look = [&](const Place& place) {

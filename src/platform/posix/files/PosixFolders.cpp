@@ -8,8 +8,22 @@
 #include "base/WindowsPath.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FolderEmptying.h"
+#include "platform/posix/files/TemporaryName.h"
 #include "platform/posix/paths/DiskChange.h"
 #include "platform/posix/system/PosixErrors.h"
+
+namespace {
+
+/// A folder with nothing in it but what nobody can find counts as empty.
+bool Unlink(const Place& place, int flags) {
+  if (unlinkat(place.Fd(), place.Name(), flags) == 0) return true;
+  if (errno != ENOTEMPTY) return false;
+  const UniqueFd folder(openat(place.Fd(), place.Name(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (folder) RemoveAllAbandoned(folder.Get());
+  return unlinkat(place.Fd(), place.Name(), flags) == 0;
+}
+
+}  // namespace
 
 bool PosixFolders::Exists(std::string_view path) {
   EntryStatus entry = {};
@@ -20,7 +34,7 @@ bool PosixFolders::Exists(std::string_view path) {
 SysResult PosixFolders::Create(std::string_view path) {
   Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
-  if (paths_.OtherCase(place)) return SysResult::Failure(Win32Error::AlreadyExists);
+  paths_.SettleTarget(place);
   DiskChange change(paths_, place, DiskChange::NewFolder);
   if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
   change.Added(place.name);
@@ -53,7 +67,7 @@ SysResult PosixFolders::RemoveAt(const Place& place) {
   if (!entry.isLink && IsReadOnly(entry.status)) return SysResult::Failure(Win32Error::AccessDenied);
   if (place.name == ".") return RemoveItself(place);
   DiskChange change(paths_, place, DiskChange::Folder);
-  if (unlinkat(place.Fd(), place.Name(), entry.isLink ? 0 : AT_REMOVEDIR) != 0) return LastFailure();
+  if (!Unlink(place, entry.isLink ? 0 : AT_REMOVEDIR)) return LastFailure();
   change.Removed(place.name);
   return {};
 }

@@ -40,33 +40,35 @@ class PosixNewContents final : public NewContents {
 
 }  // namespace
 
-SysResult FindRewriteTarget(PosixPaths& paths, std::string_view path, RewriteTarget& target) {
-  target.place = paths.Locate(path);
-  if (!target.place.folder) return SysResult::Failure(target.place.error);
-  UniqueFd& old = target.old;
-  old = OpenTarget(target.place);
-  if (!old && errno == ENOENT && paths.OtherCase(target.place)) old = OpenTarget(target.place);
-  for (int links = 0; !old && errno == ELOOP; ++links) {
-    if (links == kMostLinks || !FollowLink(target.place)) return LastFailure();
-    old = OpenTarget(target.place);
-  }
-  if (!old && errno == ENOENT) return {};
-  if (!old || fstat(old.Get(), &target.status) != 0) return LastFailure();
+SysResult FindRewriteTarget(const Place& place, RewriteTarget& target) {
+  if (!place.folder) return SysResult::Failure(place.error);
+  target.place = place;
+  target.old = OpenTarget(place);
+  if (!target.old && errno == ENOENT) return {};
+  // Nobody reads at the other end of a pipe.
+  if (!target.old && errno == ENXIO) return SysResult::Failure(Win32Error::NotSupported);
+  if (!target.old || fstat(target.old.Get(), &target.status) != 0) return LastFailure();
+  if (!S_ISREG(target.status.st_mode)) return SysResult::Failure(Win32Error::NotSupported);
   if (IsReadOnly(target.status)) return SysResult::Failure(Win32Error::AccessDenied);
-  return MayUse(old.Get()) ? SysResult() : LastFailure();
+  return MayUse(target.old.Get()) ? SysResult() : LastFailure();
 }
 
 SysResult TakePlace(NewFile& file, const RewriteTarget& target, DiskChange& change) {
-  if (target.old && !CopyProperties(target.old.Get(), target.status, file.Fd())) return LastFailure();
-  if (!file.TakePlaceOf(target.place.name)) return LastFailure();
-  if (!target.old) change.Added(target.place.name);
+  const std::string& name = target.place.name;
+  if (target.old) {
+    const bool done = CopyProperties(target.old.Get(), target.status, file.Fd()) && file.TakePlaceOf(name);
+    return done ? SysResult() : LastFailure();
+  }
+  // Another that is quicker to make the file loses to this one.
+  if (!file.KeepAs(name) && (errno != EEXIST || !file.TakePlaceOf(name))) return LastFailure();
+  change.Added(name);
   return {};
 }
 
 SysResult BeginRewrite(PosixPaths& paths, std::string_view path, std::unique_ptr<NewContents>& contents) {
   RewriteTarget target;
-  if (const SysResult found = FindRewriteTarget(paths, path, target); !found) return found;
-  if (target.old && !S_ISREG(target.status.st_mode)) return SysResult::Failure(Win32Error::AccessDenied);
+  if (const SysResult found = FindRewriteTarget(FinalPlace(paths, path), target); !found) return found;
+  if (target.old) paths.SweepOnce(*target.place.folder);
   auto made = std::make_unique<PosixNewContents>(paths, std::move(target));
   const SysResult created = made->Create();
   if (created) contents = std::move(made);

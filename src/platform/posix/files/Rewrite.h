@@ -8,7 +8,7 @@
 #include "platform/posix/files/NewFile.h"
 #include "platform/posix/paths/DiskChange.h"
 
-/// A file whose contents are to be exchanged, links followed.
+/// A file whose contents are to be exchanged.
 struct RewriteTarget {
   Place place;
   UniqueFd old;  // nothing: there is none yet
@@ -18,8 +18,9 @@ struct RewriteTarget {
   mode_t ModeUntilDone() const { return old ? 0600 : 0666; }
 };
 
-/// Finds it, refusing one that is read-only or that another holds exclusively.
-SysResult FindRewriteTarget(PosixPaths& paths, std::string_view path, RewriteTarget& target);
+/// Finds it at the place of the file itself, refusing what is no file, one that is read-only and one that
+/// another holds exclusively.
+SysResult FindRewriteTarget(const Place& place, RewriteTarget& target);
 
 /// The new file gets the properties of the old one, and then its name.
 SysResult TakePlace(NewFile& file, const RewriteTarget& target, DiskChange& change);

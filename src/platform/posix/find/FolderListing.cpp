@@ -29,9 +29,11 @@ uint64_t KeyOf(std::string_view text) {
 
 }  // namespace
 
-void FolderListing::Add(std::string_view name, unsigned char type) {
-  entries_.push_back({0, names_.size(), static_cast<uint16_t>(name.size()), type});
+void FolderListing::Add(std::string_view name, std::string_view shown, unsigned char type) {
+  const bool isApart = shown != name;
+  entries_.push_back({0, names_.size(), static_cast<uint16_t>(shown.size()), isApart, type});
   names_.append(name).push_back('\0');
+  if (isApart) names_.append(shown).push_back('\0');
 }
 
 void FolderListing::Sort() {

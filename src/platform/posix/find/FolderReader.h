@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 
@@ -19,8 +20,19 @@ class FolderReader {
   FolderReader& operator=(const FolderReader&) = delete;
 
   explicit operator bool() const { return stream_ != nullptr; }
-  const dirent* Next() { return readdir(stream_); }
+
+  /// Null at the end, or where the folder broke off.
+  const dirent* Next() {
+    errno = 0;
+    const dirent* entry = readdir(stream_);
+    if (entry == nullptr) error_ = errno;
+    return entry;
+  }
+
+  /// Why it broke off, or 0.
+  int Error() const { return error_; }
 
  private:
+  int error_ = 0;
   DIR* stream_ = nullptr;
 };

@@ -5,8 +5,10 @@
 #include "platform/FileAttributes.h"
 #include "platform/posix/files/DosAttributes.h"
 #include "platform/posix/files/EntryStatus.h"
+#include "platform/posix/files/TemporaryName.h"
 #include "platform/posix/find/FolderListing.h"
 #include "platform/posix/find/FolderReader.h"
+#include "platform/posix/paths/ShownNames.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -16,12 +18,13 @@ class PosixFindSearch final : public FindSearch {
  public:
   PosixFindSearch() = default;
   PosixFindSearch(RecentEntry& recent, std::shared_ptr<const Folder> folder, FolderListing names,
-                  uint32_t mask, FindDetail detail)
+                  uint32_t mask, FindDetail detail, SysResult listed)
       : recent_(&recent),
         folder_(std::move(folder)),
         names_(std::move(names)),
         excluded_(kByMaskOnly & ~mask),
-        detail_(detail) {
+        detail_(detail),
+        result_(listed) {
     hasFirst_ = Find(first_);
   }
 
@@ -34,6 +37,8 @@ class PosixFindSearch final : public FindSearch {
     return true;
   }
 
+  SysResult Result() const override { return result_; }
+
  private:
   static constexpr uint32_t kByMaskOnly =
       FileAttribute::Hidden | FileAttribute::System | FileAttribute::Directory;
@@ -42,20 +47,26 @@ class PosixFindSearch final : public FindSearch {
     for (; next_ < names_.Size(); ++next_) {
       const char* name = names_.Name(next_);
       if (detail_ == FindDetail::All ? Look(name, entry) : Glance(name, names_.Type(next_), entry)) {
-        ++next_;
+        entry.name = names_.Shown(next_++);
         return true;
       }
     }
     return false;
   }
 
+  bool Status(const char* name, EntryStatus& found) {
+    if (ReadStatus(folder_->fd.Get(), name, found)) return true;
+    if (errno != ENOENT && result_) result_ = LastFailure();
+    return false;
+  }
+
   /// Finds out no more than the name needs: most often nothing that the listing has not said.
-  bool Glance(const char* name, unsigned char type, FoundEntry& entry) const {
+  bool Glance(const char* name, unsigned char type, FoundEntry& entry) {
     entry = {};
     const int folder = folder_->fd.Get();
     if (type == DT_LNK || type == DT_UNKNOWN) {
       EntryStatus found;
-      if (!ReadStatus(folder, name, found)) return false;
+      if (!Status(name, found)) return false;
       if (found.IsFolder()) type = DT_DIR;
       if (found.isLink) entry.attributes = FileAttribute::ReparsePoint;
     }
@@ -64,20 +75,18 @@ class PosixFindSearch final : public FindSearch {
     if ((entry.attributes & excluded_) != 0) return false;
     constexpr uint32_t kStored = FileAttribute::Hidden | FileAttribute::System;
     if ((excluded_ & kStored) != 0 && (StoredAttributes(folder, name) & excluded_) != 0) return false;
-    entry.name = name;
     return true;
   }
 
-  bool Look(const char* name, FoundEntry& entry) const {
+  bool Look(const char* name, FoundEntry& entry) {
     EntryStatus found;
+    if (!Status(name, found)) return false;
     const int folder = folder_->fd.Get();
-    if (!ReadStatus(folder, name, found)) return false;
     if (found.IsFolder() && (excluded_ & FileAttribute::Directory) != 0) return false;
     entry.attributes = AttributesOf(folder, name, found);
     if ((entry.attributes & excluded_) != 0) return false;
     recent_->Keep(*folder_, name, {found, entry.attributes});
     if (entry.attributes == 0) entry.attributes = FileAttribute::Normal;
-    entry.name = name;
     const timespec& time = found.status.st_mtim;
     entry.size = S_ISREG(found.status.st_mode) ? static_cast<uint64_t>(found.status.st_size) : 0;
     entry.lastWrite = static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
@@ -92,23 +101,23 @@ class PosixFindSearch final : public FindSearch {
   size_t next_ = 0;
   FoundEntry first_;
   bool hasFirst_ = false;
+  SysResult result_;
 };
 
-/// Whether a path can say the name. It cannot where the name would be read as something else.
+/// Whether a path can say the name. Without a folder before it, one may be read as a drive.
 bool IsAddressable(std::string_view name, bool hasFolder) {
-  const bool looksLikeDrive = name.size() > 1 && name[1] == ':';
-  return name.find('\\') == std::string_view::npos && (hasFolder || !looksLikeDrive);
+  return hasFolder || name.size() < 2 || name[1] != ':';
 }
 
 bool IsDots(std::string_view name) { return name == "." || name == ".."; }
 
-/// The names that the wildcards match; false with the reason in errno.
-bool ListMatches(PosixPaths& paths, const Place& place, bool hasFolder, uint32_t mask, FindDetail detail,
-                 FolderListing& names) {
+/// The names that the wildcards match.
+SysResult ListMatches(PosixPaths& paths, const Place& place, bool hasFolder, uint32_t mask, FindDetail detail,
+                      FolderListing& names) {
   const bool wantsFiles = detail != FindDetail::FolderNames;
-  if (!wantsFiles && paths.Leaf().Is(*place.folder)) return true;
+  if (!wantsFiles && paths.Leaf().Is(*place.folder)) return {};
   FolderReader reader(place.Fd());
-  if (!reader) return false;
+  if (!reader) return LastFailure();
   const DosMask wanted(place.name);
   const bool wantsFolders = (mask & FileAttribute::Directory) != 0;
   bool isLeaf = true;
@@ -119,20 +128,27 @@ bool ListMatches(PosixPaths& paths, const Place& place, bool hasFolder, uint32_t
     isLeaf = isLeaf && (isFile || isDots);
     if (isFile || isDots ? !wantsFiles : entry->d_type == DT_DIR && !wantsFolders) continue;
     if (isDots && !wantsFolders) continue;
-    if (wanted.Matches(name) && IsAddressable(name, hasFolder)) names.Add(name, entry->d_type);
+    if (IsTemporaryName(name) || !IsAddressable(name, hasFolder)) continue;
+    if (IsShownAsItStands(name)) {
+      if (wanted.Matches(name)) names.Add(name, entry->d_type);
+    } else if (const std::string shown = ShownName(name); wanted.Matches(shown)) {
+      names.Add(name, shown, entry->d_type);
+    }
   }
   names.Sort();
+  if (reader.Error() != 0) return SysResult::Failure(FromErrno(reader.Error()));
   if (isLeaf) paths.Leaf().Keep(*place.folder);
-  return true;
+  return {};
 }
 
 /// The one name that a spec without wildcards means.
-bool FindOne(PosixPaths& paths, Place& place, FolderListing& names) {
+SysResult FindOne(PosixPaths& paths, Place& place, FolderListing& names) {
+  if (IsTemporaryName(place.name)) return SysResult::Failure(Win32Error::FileNotFound);
   EntryStatus ignored;
-  if (!ReadStatus(place.Fd(), place.Name(), ignored) && (errno != ENOENT || !paths.OtherCase(place)))
-    return false;
-  names.Add(place.name, DT_UNKNOWN);
-  return true;
+  const SysResult found = StatusAt(place, ignored);
+  if (!found && (found.code != Win32Error::FileNotFound || !paths.OtherCase(place))) return found;
+  names.Add(place.name, ShownName(place.name), DT_UNKNOWN);
+  return {};
 }
 
 std::unique_ptr<FindSearch> Nothing(SysResult& result, Win32Error code) {
@@ -154,11 +170,11 @@ std::unique_ptr<FindSearch> PosixFinder::Open(std::string_view spec, uint32_t ma
 
   FolderListing names;
   const bool hasWildcards = place.name.find_first_of("*?") != std::string::npos;
-  const bool listed = hasWildcards ? ListMatches(paths_, place, !folderPart.empty(), mask, detail, names)
-                                   : FindOne(paths_, place, names);
-  if (!listed) return Nothing(result, FromErrno(errno));
+  const SysResult listed = hasWildcards ? ListMatches(paths_, place, !folderPart.empty(), mask, detail, names)
+                                        : FindOne(paths_, place, names);
   auto search = std::make_unique<PosixFindSearch>(paths_.Recent(), std::move(place.folder), std::move(names),
-                                                  mask, detail);
-  result = search->IsEmpty() ? SysResult::Failure(Win32Error::FileNotFound) : SysResult();
+                                                  mask, detail, listed);
+  result = search->Result();
+  if (result && search->IsEmpty()) result = SysResult::Failure(Win32Error::FileNotFound);
   return search;
 }

@@ -5,6 +5,7 @@
 
 #include "platform/posix/files/FileContents.h"
 #include "platform/posix/files/FolderTurn.h"
+#include "platform/posix/files/OpenedFile.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -107,7 +108,8 @@ void PosixIniFiles::Keep(Known file) {
 /// Edits the text of a file and replaces the file by it; an edit that changes nothing answers false.
 SysResult PosixIniFiles::Change(std::string_view path, const std::function<bool(IniText&)>& edit) {
   const std::lock_guard lock(mutex_);
-  const FolderTurn turn(paths_.Locate(path));
+  const Place place = FinalPlace(paths_, path);
+  const FolderTurn turn(place);
   if (!turn.Result()) return turn.Result();
   if (const SysResult loaded = Load(path); !loaded) return loaded;
   Known& known = known_.front();
@@ -117,7 +119,7 @@ SysResult PosixIniFiles::Change(std::string_view path, const std::function<bool(
     known.stamp = before;
     return {};
   }
-  if (const SysResult replaced = ReplaceContents(paths_, path, known.text.Contents()); !replaced) {
+  if (const SysResult replaced = ReplaceContents(paths_, place, known.text.Contents()); !replaced) {
     return replaced;
   }
   known.stamp = StampOf(path);

@@ -1,21 +1,25 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <list>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
-#include <unordered_map>
+
+#include "platform/posix/paths/NameTable.h"
 
 /// Finds names without regard to case. A folder is read once and its names are kept while it stays as it is,
 /// so that many misses in a large folder cost a look-up each. Folders are given as open descriptors.
 /// [any thread]
 class NameIndex {
  public:
-  /// The name on the disk that differs from `name` in case at most, `name` itself where it stands there.
-  std::optional<std::string> Find(int folder, std::string_view name);
+  /// The name on the disk that is shown as `name` or differs from that in case at most, `name` itself where
+  /// it stands there. Others than that one are passed over unless they are wanted.
+  using Wanted = std::function<bool(std::string_view diskName)>;
+  std::optional<std::string> Find(int folder, std::string_view name, const Wanted& isWanted = {});
 
  private:
   friend class DiskChange;
@@ -24,8 +28,8 @@ class NameIndex {
     dev_t device;
     ino_t inode;
     timespec changed;
-    Clock::time_point read;
-    std::unordered_multimap<std::string, std::string> byUpperName;
+    Clock::time_point believedUntil;
+    NameTable table;
   };
 
   void Forget();

@@ -5,6 +5,8 @@
 #include <fcntl.h>
 
 #include "base/WindowsPath.h"
+#include "platform/posix/files/TemporaryName.h"
+#include "platform/posix/paths/ShownNames.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -82,6 +84,23 @@ bool PosixPaths::OtherCase(Place& place) {
   if (!found || *found == place.name) return false;
   place.name = std::move(*found);
   return true;
+}
+
+bool PosixPaths::SettleTarget(Place& target, const Place* source) {
+  const auto isNoTwin = [&](std::string_view name) {
+    return source == nullptr || !twins_.IsOfTwin(*source, target, name);
+  };
+  auto found = names_.Find(target.Fd(), target.name, isNoTwin);
+  target.name = found ? std::move(*found) : DiskName(target.name);
+  return found.has_value();
+}
+
+void PosixPaths::SweepOnce(const Folder& folder) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (!swept_.emplace(folder.device, folder.inode).second) return;
+  }
+  RemoveAllAbandoned(folder.fd.Get());
 }
 
 void PosixPaths::ForgetFolders() {

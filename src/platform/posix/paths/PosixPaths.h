@@ -5,12 +5,14 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
 
 #include "base/Win32Error.h"
 #include "platform/CreatePlatform.h"
+#include "platform/posix/paths/CaseTwins.h"
 #include "platform/posix/paths/NameIndex.h"
 #include "platform/posix/paths/RecentEntry.h"
 #include "platform/posix/system/UniqueFd.h"
@@ -34,7 +36,7 @@ struct Place {
 };
 
 /// From Windows paths to places on this system. Names are tried as written, and only when that fails looked
-/// for without regard to case. [any thread]
+/// for as they are shown (see ShownNames.h) and without regard to case. [any thread]
 class PosixPaths {
  public:
   explicit PosixPaths(DriveLookup drives) : drives_(std::move(drives)) {}
@@ -48,8 +50,13 @@ class PosixPaths {
   /// The folder itself, as the place "." in it.
   Place LocateFolder(std::string_view path);
 
-  /// Exchanges the name for that of an entry that differs in case only; false when there is none.
+  /// Exchanges the name for that of an entry that differs in case only, or is shown so; false when there is
+  /// none.
   bool OtherCase(Place& place);
+
+  /// Gives a place the name of the entry that stands there, in other case too, or of the one to be made;
+  /// false when there is none. An entry that a twin of `source` became is not the one that `source` replaces.
+  bool SettleTarget(Place& target, const Place* source = nullptr);
 
   /// Runs `operation(place)`, and when it answers FileNotFound once more for the name in other case.
   template <class Operation>
@@ -61,6 +68,10 @@ class PosixPaths {
     return result;
   }
 
+  /// Removes what killed programs left in a folder, the first time that it is called for the folder.
+  void SweepOnce(const Folder& folder);
+
+  CaseTwins& Twins() { return twins_; }
   RecentEntry& Recent() { return recent_; }
   RecentLeaf& Leaf() { return leaf_; }
 
@@ -82,9 +93,11 @@ class PosixPaths {
 
   DriveLookup drives_;
   NameIndex names_;
+  CaseTwins twins_;
   RecentEntry recent_;
   RecentLeaf leaf_;
   std::mutex mutex_;
+  std::set<std::pair<dev_t, ino_t>> swept_;
   std::array<std::optional<std::optional<std::string>>, 26> roots_;
   std::array<UsedFolder, 4> used_;  // the one used last in front
 };

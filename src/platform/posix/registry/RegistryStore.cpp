@@ -201,7 +201,7 @@ SysResult RegistryStore::Append(const Place& place, std::string_view changes) {
 /// changes that are made once more, which changes nothing.
 SysResult RegistryStore::Fold(const Place& place) {
   if (journalSize_ == 0) return {};
-  if (const SysResult replaced = ReplaceContents(paths_, file_, text_.Contents()); !replaced) return replaced;
+  if (const SysResult replaced = ReplaceContents(paths_, place, text_.Contents()); !replaced) return replaced;
   unlinkat(place.Fd(), JournalName(place).c_str(), 0);
   isSettled_ = false;
   return {};

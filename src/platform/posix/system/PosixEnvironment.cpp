@@ -12,6 +12,7 @@
 #include "base/Text.h"
 #include "base/WindowsPath.h"
 #include "platform/posix/paths/DiskChange.h"
+#include "platform/posix/paths/ShownNames.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -64,7 +65,7 @@ std::optional<std::string> PosixEnvironment::OwnVariable(const std::string& name
 
 std::string PosixEnvironment::CurrentFolder() {
   const std::unique_ptr<char, decltype(&std::free)> folder(getcwd(nullptr, 0), &std::free);
-  return folder ? folder.get() : "/";
+  return folder ? ShownName(folder.get()) : "/";
 }
 
 SysResult PosixEnvironment::SetCurrentFolder(std::string_view path) {
@@ -94,7 +95,7 @@ std::string PosixEnvironment::NativePath(std::string_view path) {
   Place place = paths_.Locate(path);
   struct stat status = {};
   const auto stands = [&] { return fstatat(place.Fd(), place.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0; };
-  if (!place.folder || place.name == "." || !(stands() || paths_.OtherCase(place))) return *native;
+  if (!place.folder || place.name == "." || !(stands() || paths_.OtherCase(place))) return DiskName(*native);
   const std::string_view written = WithoutTrailingDelimiter(*native);
   if (FolderPart(written).empty()) return place.name;
   std::string folder = place.folder->path;

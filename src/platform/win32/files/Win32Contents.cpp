@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/win32/files/Win32FileTurn.h"
 #include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/files/Win32OpenFile.h"
 #include "platform/win32/paths/Win32Path.h"
@@ -14,7 +15,7 @@ constexpr size_t kBlock = size_t{1} << 20;
 
 SysResult ReadAll(HANDLE file, std::string& contents) {
   LARGE_INTEGER size{};
-  if (!GetFileSizeEx(file, &size)) return LastFailure();
+  if (!GetFileSizeEx(file, &size) && GetFileType(file) == FILE_TYPE_DISK) return LastFailure();
   contents.clear();
   for (size_t expected = static_cast<size_t>(size.QuadPart) + 1;;) {
     // One byte more than the file has, so that its end shows in the first read.
@@ -23,10 +24,21 @@ SysResult ReadAll(HANDLE file, std::string& contents) {
     contents.resize(before + wanted);
     DWORD count = 0;
     const BOOL read = ReadFile(file, contents.data() + before, static_cast<DWORD>(wanted), &count, nullptr);
-    const SysResult result = ResultOf(read);
+    const SysResult result = ResultOf(read || GetLastError() == ERROR_BROKEN_PIPE);
     contents.resize(before + count);
     if (!read || count == 0) return result;
   }
+}
+
+bool IsFile(const Handle& file) { return GetFileType(file.Get()) == FILE_TYPE_DISK; }
+
+Handle OpenToRead(const std::wstring& native) {
+  return Handle(CreateFileW(native.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+}
+
+bool IsMissing(Win32Error code) {
+  return code == Win32Error::FileNotFound || code == Win32Error::PathNotFound;
 }
 
 /// A file whose contents are to be exchanged, links followed.
@@ -41,6 +53,7 @@ SysResult FindRewriteTarget(std::string_view path, RewriteTarget& target) {
   if (target.attributes == INVALID_FILE_ATTRIBUTES) return {};
   const Handle file = OpenToReplace(target.name);
   if (!file) return LastFailure();
+  if (!IsFile(file)) return SysResult::Failure(Win32Error::NotSupported);
   target.name = FinalPath(file, target.name);
   target.attributes = GetFileAttributesW(target.name.c_str());
   // The system's own answer to these differs between its releases.
@@ -82,12 +95,34 @@ class Win32NewContents final : public NewContents {
 SysResult Win32Contents::ReadWhole(std::string_view path, std::string& contents) {
   std::wstring native;
   if (const SysResult result = NativePath(path, native); !result) return result;
-  const Handle file(CreateFileW(native.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const Handle file = OpenToRead(native);
+  if (!file) return LastFailure();
+  return IsFile(file) ? ReadAll(file.Get(), contents) : SysResult::Failure(Win32Error::NotSupported);
+}
+
+SysResult Win32Contents::ReadStream(std::string_view path, std::string& contents) {
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  const Handle file = OpenToRead(native);
   return file ? ReadAll(file.Get(), contents) : LastFailure();
 }
 
+SysResult Win32Contents::Change(std::string_view path, const Edit& edit) {
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  const FileTurn turn(native);
+  if (!turn.Result()) return turn.Result();
+  std::string contents;
+  const SysResult read = ReadWhole(path, contents);
+  if (!read && !IsMissing(read.code)) return read;
+  return edit(contents) ? Replace(path, contents) : SysResult();
+}
+
 SysResult Win32Contents::Replace(std::string_view path, std::string_view contents) {
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  const FileTurn turn(native);
+  if (!turn.Result()) return turn.Result();
   RewriteTarget target;
   if (const SysResult found = FindRewriteTarget(path, target); !found) return found;
   NewFile file;

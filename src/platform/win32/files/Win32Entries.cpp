@@ -3,6 +3,7 @@
 #include "base/WindowsPath.h"
 #include "platform/Contents.h"
 #include "platform/Folders.h"
+#include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
 #include "platform/win32/system/Win32Text.h"
@@ -33,6 +34,22 @@ bool Win32Entries::FileExists(std::string_view path) {
   if (EndsInPathDelimiter(path) || !NativePath(path, native)) return false;
   const DWORD attributes = AttributesOf(native);
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool Win32Entries::TargetExists(std::string_view /*source*/, std::string_view target) {
+  return FileExists(target);  // one spelling stands for all
+}
+
+SysResult Win32Entries::CheckReplace(std::string_view path) {
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  const DWORD attributes = AttributesOf(native);
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastFailure();
+  if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    return SysResult::Failure(Win32Error::AccessDenied);
+  }
+  const bool isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  return isLink || OpenToReplace(native) ? SysResult() : LastFailure();
 }
 
 bool Win32Entries::EntryExists(std::string_view path) {

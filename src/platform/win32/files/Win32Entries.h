@@ -11,6 +11,8 @@ class Win32Entries final : public Entries {
 
   bool FileExists(std::string_view path) override;
   bool EntryExists(std::string_view path) override;
+  bool TargetExists(std::string_view source, std::string_view target) override;
+  SysResult CheckReplace(std::string_view path) override;
   std::optional<EntryIdentity> Identity(std::string_view path) override;
   SysResult GetSize(std::string_view path, uint64_t& size) override;
   SysResult GetAttributes(std::string_view path, uint32_t& attributes) override;

@@ -1,7 +1,6 @@
 #include "platform/win32/files/Win32NewFile.h"
 
-#include <atomic>
-
+#include "platform/win32/files/Win32TemporaryName.h"
 #include "platform/win32/system/Win32Streams.h"
 
 namespace {
@@ -42,11 +41,10 @@ SysResult NewFile::Create(const std::wstring& target, std::string_view contents)
 }
 
 SysResult NewFile::CreateBy(const std::wstring& target, const Make& make) {
-  static std::atomic<unsigned> counter;
   const std::wstring folder = target.substr(0, target.find_last_of(L'\\') + 1);
+  SweepOnce(folder);
   for (;;) {
-    const std::wstring name = folder + L"~vek" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                              std::to_wstring(++counter) + L".tmp";
+    const std::wstring name = folder + TemporaryName();
     const SysResult made = make(name);
     if (!made && made.code == Win32Error::FileExists) continue;
     name_ = name;
@@ -64,7 +62,11 @@ SysResult NewFile::TakePlaceOf(const std::wstring& target, DWORD attributes) {
     return {};
   }
   if (isThere) SetFileAttributesW(name_.c_str(), attributes);
-  if (!MoveFileExW(name_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING)) return LastFailure();
+  return KeepAs(target, MOVEFILE_REPLACE_EXISTING);
+}
+
+SysResult NewFile::KeepAs(const std::wstring& target, DWORD flags) {
+  if (!MoveFileExW(name_.c_str(), target.c_str(), flags)) return LastFailure();
   name_.clear();
   return {};
 }

@@ -29,6 +29,9 @@ class NewFile {
   /// The file that stands there after that has `attributes`, unless they say that there was none.
   SysResult TakePlaceOf(const std::wstring& target, DWORD attributes);
 
+  /// Under that name, as it is; `flags` are those of MoveFileEx.
+  SysResult KeepAs(const std::wstring& target, DWORD flags);
+
  private:
   std::wstring name_;
 };

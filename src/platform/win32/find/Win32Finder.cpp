@@ -7,6 +7,7 @@
 #include "base/Wildcard.h"
 #include "base/WindowsPath.h"
 #include "platform/FileAttributes.h"
+#include "platform/win32/files/Win32TemporaryName.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
 #include "platform/win32/system/Win32Text.h"
@@ -59,7 +60,7 @@ SysResult List(const std::wstring& native, Take take) {
                                          nullptr, FIND_FIRST_EX_LARGE_FETCH);
   if (search == INVALID_HANDLE_VALUE) return LastFailure();
   do {
-    take(EntryOf(data));
+    if (!IsTemporaryName(data.cFileName)) take(EntryOf(data));
   } while (FindNextFileW(search, &data));
   const SysResult end = LastFailure();
   FindClose(search);
@@ -118,6 +119,9 @@ class Win32Search final : public FindSearch {
     return false;
   }
 
+  void SetResult(SysResult result) { result_ = result; }
+  SysResult Result() const override { return result_; }
+
  private:
   bool IsStillThere(std::string_view name) const {
     const std::wstring path = folder_ + ToWide(name).value_or(L"");
@@ -129,6 +133,7 @@ class Win32Search final : public FindSearch {
   std::wstring folder_;
   std::vector<FoundEntry> entries_;
   size_t next_ = 0;
+  SysResult result_;
 };
 
 }  // namespace
@@ -137,5 +142,6 @@ std::unique_ptr<FindSearch> Win32Finder::Open(std::string_view spec, uint32_t ma
                                               SysResult& result) {
   auto search = std::make_unique<Win32Search>();
   result = search->Open(spec, mask, detail);
+  search->SetResult(result);
   return search;
 }

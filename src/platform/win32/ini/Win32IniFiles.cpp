@@ -4,6 +4,7 @@
 
 #include "platform/Contents.h"
 #include "platform/IniText.h"
+#include "platform/win32/files/Win32FileTurn.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
 #include "platform/win32/system/Win32Text.h"
@@ -55,30 +56,6 @@ bool HasUtf8Mark(const std::wstring& native) {
   return file && ReadFile(file.Get(), mark, sizeof mark, &count, nullptr) &&
          std::string_view(mark, count) == "\xEF\xBB\xBF";
 }
-
-/// Writers of several processes take turns, so that no change is lost between reading and replacing.
-class Turn {
- public:
-  Turn() : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\VekIniFiles")) {
-    const DWORD waited = WaitForSingleObject(mutex_, kPatience);
-    isOurs_ = waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
-  }
-  Turn(const Turn&) = delete;
-  Turn& operator=(const Turn&) = delete;
-  ~Turn() {
-    if (isOurs_) ReleaseMutex(mutex_);
-    CloseHandle(mutex_);
-  }
-
-  /// LockViolation when another program keeps the turn.
-  SysResult Result() const { return isOurs_ ? SysResult() : SysResult::Failure(Win32Error::LockViolation); }
-
- private:
-  static constexpr DWORD kPatience = 10000;  // milliseconds, where a turn takes few
-
-  HANDLE mutex_;
-  bool isOurs_ = false;
-};
 
 }  // namespace
 
@@ -180,14 +157,15 @@ SysResult Win32IniFiles::Load(std::string_view path, IniText& text) {
 
 SysResult Win32IniFiles::Change(std::string_view path, const std::function<bool(IniText&)>& edit) {
   const std::lock_guard lock(mutex_);
-  const Turn turn;
+  std::wstring native;
+  if (const SysResult result = NativePath(path, native); !result) return result;
+  const FileTurn turn(native);
   if (!turn.Result()) return turn.Result();
   IniText text;
   if (const SysResult loaded = Load(path, text); !loaded) return loaded;
   if (!edit(text)) return {};
   const SysResult replaced = contents_.Replace(path, text.Contents());
   // Whatever the system keeps of the old file.
-  std::wstring native;
-  if (NativePath(path, native)) WritePrivateProfileStringW(nullptr, nullptr, nullptr, native.c_str());
+  WritePrivateProfileStringW(nullptr, nullptr, nullptr, native.c_str());
   return replaced;
 }
