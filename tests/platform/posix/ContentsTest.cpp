@@ -70,9 +70,9 @@ TEST_F(PosixContentsTest, WhatAKilledProgramLeftIsFoundByNoSearchAndGoes) {
     EXPECT_EQ(search(".vek-*"), Win32Error::FileNotFound);
     EXPECT_EQ(search(abandoned), Win32Error::FileNotFound);
     const ExclusiveOpen other(Path(held));
-    owner = CreatePlatform({});
+    const auto fresh = CreatePlatform({});  // which knows of no folder yet
     folder.MakeFolder("sub");
-    EXPECT_TRUE(owner->Get().contents->Replace(Path(target), "x"));
+    EXPECT_TRUE(fresh->Get().contents->Replace(Path(target), "x"));
     EXPECT_EQ(folder.Exists(abandoned), folder.Exists("sub/new"));
     EXPECT_TRUE(folder.Exists(held));
   }
