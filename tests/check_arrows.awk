@@ -18,12 +18,12 @@ BEGIN {
   Rooms("package/checksum package/interaction package/pages")
 
   # What of a room of the host the others may include; the rest is its inside.
-  face["host/catalogue"] = "Catalogue Description Packages"
+  face["host/catalogue"] = "Catalogue Description Packages PropertyMeaning"
   face["host/engine"] = "ActionGroup BuildContext Engine StopControl"
   face["host/expressions"] = "Expressions VariableName Variables"
   face["host/filesets"] = "FileSets"
   face["host/log"] = "DisplayText EventSink LogOutput Logs"
-  face["host/project"] = "Project ProjectFile ProjectVariables Quoted Validation VariablesFile"
+  face["host/project"] = "Project ProjectFile ProjectSchema ProjectVariables Quoted Validation VariablesFile"
   face["host/scripts"] = "ScriptEngine"
   face["host/services"] = "ConsoleDialogs OptionStore"
 

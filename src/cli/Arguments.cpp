@@ -52,6 +52,13 @@ Examples:
   vekrun describe HDELETE_FILE
   vekrun describe HDELETE_FILE --json)";
 
+constexpr auto kSchemaExamples = R"(
+Examples:
+  vekrun schema > vekproj.xsd
+  xmllint --noout --schema vekproj.xsd nightly.vekproj
+An editor that knows schemas finds it by a line below the first one of a project:
+  <?xml-model href="vekproj.xsd"?>)";
+
 /// The texts as they come, before they are taken apart.
 struct RawArguments {
   std::vector<std::string> variables, drives, options;
@@ -137,6 +144,9 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
     sub->add_flag("--json", arguments.json, "Print JSON");
     AddCommonOptions(*sub, arguments, raw);
   }
+  CLI::App* schema = AddCommand(app, Command::Schema, "schema", "Print an XML schema of project files",
+                                kSchemaExamples, arguments);
+  AddCommonOptions(*schema, arguments, raw);
   app.add_subcommand("help", "Show the options and examples of a command")->add_option("COMMAND");
 }
 

@@ -8,7 +8,7 @@
 #include "base/Text.h"
 #include "host/project/ProjectVariables.h"
 
-enum class Command { Run, Exec, Validate, Actions, Describe };
+enum class Command { Run, Exec, Validate, Actions, Describe, Schema };
 enum class LogFormat { Text, Jsonl, Junit };
 
 /// What the command line asks for.

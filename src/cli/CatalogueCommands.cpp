@@ -6,6 +6,7 @@
 #include "cli/Session.h"
 #include "host/catalogue/Description.h"
 #include "host/engine/BuildContext.h"
+#include "host/project/ProjectSchema.h"
 
 int ListActions(const Arguments& arguments) {
   const Session session(arguments, true);
@@ -21,5 +22,13 @@ int DescribeAction(const Arguments& arguments) {
   const CatalogueEntry& entry = session.FindType(arguments.subject);
   std::cout << (arguments.json ? DescribeAsJson(session.GetCatalogue(), entry, context)
                                : DescribeAsText(session.GetCatalogue(), entry, context));
+  return 0;
+}
+
+int PrintSchema(const Arguments& arguments) {
+  const Session session(arguments, false);
+  NoEvents events;
+  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
+  std::cout << ProjectSchema(session.GetCatalogue(), context);
   return 0;
 }

@@ -24,6 +24,8 @@ int Dispatch(const Arguments& arguments) {
       return ListActions(arguments);
     case Command::Describe:
       return DescribeAction(arguments);
+    case Command::Schema:
+      return PrintSchema(arguments);
   }
   return kUnusable;
 }

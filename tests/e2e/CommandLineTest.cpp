@@ -132,7 +132,8 @@ TEST(CommandLine, DescribeAnswersWhatTheClassAnswers) {
   const auto& last = answer.at("properties").back();
   EXPECT_EQ(last,
             nlohmann::json::parse(R"({"name": "WriteToPosition", "type": "Enumeration", "default": "toEnd",
-      "stored": true, "inherited": false, "values": ["toStart", "toEnd"]})"));
+      "stored": true, "inherited": false, "values": ["toStart", "toEnd"],
+      "meaning": ["Specify either Start or End to write the new content to"]})"));
   EXPECT_EQ(answer.at("properties")[0].at("name"), "Name");
   EXPECT_FALSE(last.contains("role"));
   EXPECT_EQ(answer.at("properties")[8].at("role"), "file");
