@@ -50,6 +50,14 @@ DateTimeParts ToParts(TDateTime value) {
           .millisecond = number(time.subseconds())};
 }
 
+std::string ToIso8601Utc(TDateTime value) {
+  const DateTimeParts parts = ToParts(value);
+  char text[64];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02u:%02u:%02u.%03uZ", parts.year, parts.month, parts.day,
+                parts.hour, parts.minute, parts.second, parts.millisecond);
+  return text;
+}
+
 std::string ToIso8601(TDateTime value) {
   const double wholeSeconds = std::round(value.days * static_cast<double>(kSecondsPerDay));
   const DateTimeParts parts = ToParts({wholeSeconds / static_cast<double>(kSecondsPerDay)});

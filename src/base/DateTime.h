@@ -26,6 +26,9 @@ VEK_API DateTimeParts ToParts(TDateTime value);
 /// ISO 8601 local time to the second: "2007-03-05T10:00:00".
 VEK_API std::string ToIso8601(TDateTime value);
 
+/// The same of a time in UTC, to the millisecond: "2007-03-05T10:00:00.123Z".
+VEK_API std::string ToIso8601Utc(TDateTime value);
+
 /// Reads "2007-03-05", "2007-03-05T10:00" or "2007-03-05T10:00:00" (a blank may stand for the T);
 /// nothing when the text is no valid date and time.
 VEK_API std::optional<TDateTime> ParseIso8601(std::string_view text);

@@ -96,7 +96,8 @@ void AddBuildOptions(CLI::App& app, Arguments& arguments, RawArguments& raw) {
                "Let steps remove roots, the home folder and folders of the system");
   AddRepeatable(app, "--drive", raw.drives, "X=DIR",
                 "Linux: what drive X: stands for; may be repeated (Z: is /)");
-  app.add_flag("-v,--verbose", arguments.verbose, "Log variable assignments and times too");
+  app.add_flag("-v,--verbose", arguments.verbose,
+               "Log variable assignments, the programs started and times too");
   app.add_flag("-q,--quiet", arguments.quiet, "Log failures and the summary only");
   AddCommonOptions(app, arguments, raw);
 }

@@ -57,12 +57,16 @@ class StopEvent {
   std::function<void()> wake_;
 };
 
+/// Receives the command line that the system was given, once the program has been started.
+using ProcessAnnouncement = std::function<void(std::string_view commandLine)>;
+
 struct ProcessSetup {
   std::string program = {};         // a file, or a name without a folder, which is looked up along PATH
   std::string parameters = {};      // one text, quoted as on a Windows command line
   std::string startDirectory = {};  // empty: the current folder
   bool hideWindow = false;          // where programs have windows of their own
   uint32_t timeoutSeconds = 0;      // after which a run is stopped as by its event; 0: never
+  ProcessAnnouncement announce = {};
 };
 
 /// Receives a program's output line by line, without line ends, each stream in its order. Lines may hold

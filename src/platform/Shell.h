@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Win32Error.h"
+#include "platform/Processes.h"
 #include "platform/RunningProcess.h"
 
 struct ShellRequest {
@@ -11,6 +12,7 @@ struct ShellRequest {
   std::string file = {};        // a document or a program
   std::string parameters = {};  // for a program
   std::string folder = {};      // to start in; empty: the current one
+  ProcessAnnouncement announce = {};
 };
 
 /// Acts on documents as the user's desktop does.

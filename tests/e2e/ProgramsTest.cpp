@@ -1,3 +1,5 @@
+#include <map>
+
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 
@@ -21,6 +23,26 @@ TEST(Programs, OutputThatIsNotUtf8LeavesTheLogsValid) {
   EXPECT_EQ(result.Of("message").size(), 4u);
   const auto text = RunVekrun(RunChild("bytes one~xFFtwo", {"--log-format", "junit"}));
   EXPECT_TRUE(IsUtf8(text.out));
+}
+
+TEST(Programs, TheLogTellsWhatWasStartedAndWhichLinesItWrote) {
+  const TempFolder folder;
+  folder.Write("out.js", "Vek.Log('of the script')");
+  const StringList command =
+      RunChild("bytes out err~xC3~xA4",
+               {"-v", "StartInDir=" + folder.Path(), "--script", "OnStdOut=" + folder.Path("out.js")});
+  const VekrunResult result = RunJsonl(command);
+  ASSERT_EQ(result.Of("process").size(), 1u) << result.out << result.err;
+  const nlohmann::json process = result.Of("process")[0];
+  EXPECT_EQ(process.at("path"), "/1");
+  EXPECT_EQ(process.at("folder"), folder.Path());
+  EXPECT_THAT(process.at("commandLine").get<std::string>(), testing::HasSubstr(" bytes out "));
+  std::map<std::string, nlohmann::json> streams;
+  for (const auto& message : result.Of("message")) streams[message.at("text")] = message.value("stream", "");
+  EXPECT_EQ(streams["out"], "stdout");
+  EXPECT_EQ(streams["err\u00E4"], "stderr");
+  EXPECT_EQ(streams["of the script"], "");
+  EXPECT_THAT(RunVekrun(command).out, testing::HasSubstr("\n  Running in " + folder.Path() + ": "));
 }
 
 TEST(Programs, ATimeOutEndsAProgramAndWhatItStarted) {

@@ -10,10 +10,18 @@
 
 namespace {
 
+/// What is written, without the time that every event carries.
 MemoryStream Record(const std::function<void(EventSink&)>& play) {
   MemoryStream stream;
   LogOutput output(stream, {});
-  play(*CreateJsonLog(output));
+  const auto log = CreateJsonLog(output);
+  log->At({ParseIso8601("2007-03-05T10:00:00")->days + 0.1234 / 86400});
+  play(*log);
+  for (std::string& line : stream.writes) {
+    const std::string time = R"("time":"2007-03-05T10:00:00.123Z",)";
+    EXPECT_NE(line.find(time), std::string::npos) << line;
+    line = ReplaceAll(line, time, "");
+  }
   return stream;
 }
 

@@ -26,6 +26,7 @@ TEST(Secrets, AreHiddenInEveryFormOfPlainQuoting) {
       {"?q=a%22b%3Cc%3E&'d%20e/%C3%A4?", "?q=********"},          // encodeURI
       {"Basic YSJiPGM+JidkIGUvw6Q/", "Basic ********"},
       {"Basic YSJiPGM-JidkIGUvw6Q_", "Basic ********"},
+      {"'a\"b<c>&'\\''d e/\u00E4?'", "'********'"},
       {"a\"b<c>", "a\"b<c>"},
   };
   for (const auto& [text, wanted] : kCases) EXPECT_EQ(secrets.Mask(text), wanted);
@@ -63,11 +64,13 @@ TEST(SecretMask, HidesThemInEveryEvent) {
   mask.Variable("/1", "pin", int64_t{7});
   mask.Variable("/1", "N", int64_t{7});
   mask.Error("/1", "e hush-hush");
-  EXPECT_THAT(events.events,
-              ElementsAre("build-start ********.vekproj", "message /1 a ********", "status /1",
-                          "progress /1 d ******** 50", "variable /1 COPY=[********]",
-                          "variable /1 pin=********", "variable /1 N=7", "error /1 e ********"));
-  EXPECT_THAT(events.lines, ElementsAre("a ********", "b ********", "c"));
+  mask.ProgramLine("/1", ProgramStream::StdOut, "f hush-hush");
+  mask.Process("/1", "g hush-hush", "/hush-hush");
+  EXPECT_THAT(events.events, ElementsAre("build-start ********.vekproj", "message /1 a ********", "status /1",
+                                         "progress /1 d ******** 50", "variable /1 COPY=[********]",
+                                         "variable /1 pin=********", "variable /1 N=7", "error /1 e ********",
+                                         "message /1 f ********", "process /1 g ********|/********"));
+  EXPECT_THAT(events.lines, ElementsAre("a ********", "b ********", "c", "f ********"));
 }
 
 }  // namespace

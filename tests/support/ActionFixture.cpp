@@ -39,6 +39,10 @@ void RecordingEvents::ActionEnd(const ActionPlace& place, const ActionOutcome& o
   Add("end", std::string(place.path) + ' ' + std::string(ActionResultName(outcome.result)));
 }
 
+void RecordingEvents::Process(std::string_view path, std::string_view commandLine, std::string_view folder) {
+  Add("process", std::string(path) + ' ' + std::string(commandLine) + '|' + std::string(folder));
+}
+
 void RecordingEvents::BuildEnd(const BuildSummary& summary) {
   Add("build-end", std::string(ActionResultName(summary.result)) + ' ' + std::to_string(summary.actions) +
                        ' ' + std::to_string(summary.failures));

@@ -33,6 +33,7 @@ class RecordingEvents final : public EventSink {
   void Variable(std::string_view path, std::string_view name, const Variant& value) override;
   void Error(std::string_view path, std::string_view text) override;
   void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override;
+  void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override;
   void BuildEnd(const BuildSummary& summary) override;
 
  private:

@@ -28,7 +28,9 @@ std::vector<nlohmann::json> VekrunResult::Of(const std::string& kind) const {
 
 StringList VekrunResult::Short() const {
   StringList lines;
-  for (const auto& event : events) lines.push_back(ShortEvent(event));
+  for (const auto& event : events) {
+    if (event.at("event") != "process") lines.push_back(ShortEvent(event));
+  }
   return lines;
 }
 

@@ -14,7 +14,8 @@ struct VekrunResult : ProgramResult {
   /// The events of a kind.
   std::vector<nlohmann::json> Of(const std::string& kind) const;
 
-  /// "start /1", "end /1 success", "message /1 text", "status /1 line|line", ... without the times.
+  /// "start /1", "end /1 success", "message /1 text", "status /1 line|line", ... without the times, and
+  /// without the programs that were started, whose command lines are the system's.
   StringList Short() const;
 };
 

@@ -7,19 +7,24 @@
 #include "host/catalogue/Catalogue.h"
 #include "host/log/EventSink.h"
 #include "host/project/Project.h"
+#include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
-#include "platform/Platform.h"
 #include "platform/ProtectedFolders.h"
 
 BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
                            bool unattended)
-    : platform_(platform),
+    : processes_(*platform.processes, *this),
+      shell_(*platform.shell, *this),
+      platform_(platform),
       catalogue_(catalogue),
       unattended_(unattended),
       events_(events, variables_.GetSecrets()),
       stop_(*platform.clock),
-      fileSets_(*this) {}
+      fileSets_(*this) {
+  platform_.processes = &processes_;
+  platform_.shell = &shell_;
+}
 
 BuildContext::~BuildContext() = default;
 
@@ -29,6 +34,7 @@ void BuildContext::SetProject(Project* project) {
 }
 
 EventSink& BuildContext::Events() {
+  events_.At(platform_.clock->UtcNow());
   if (hasPostponed_.load(std::memory_order_relaxed)) {
     StringList messages;
     {
@@ -92,7 +98,10 @@ void BuildContext::ExportVariable(const std::string& name) {
 }
 
 void BuildContext::SendMessage(std::string_view text) {
-  if (std::this_thread::get_id() == buildThread_) return Events().Message(path_, text);
+  if (std::this_thread::get_id() == buildThread_) {
+    EventSink& events = Events();
+    return speaking_ ? events.ProgramLine(path_, *speaking_, text) : events.Message(path_, text);
+  }
   const std::lock_guard lock(postponedMutex_);
   postponed_.emplace_back(text);
   hasPostponed_ = true;
@@ -128,6 +137,13 @@ void BuildContext::Synchronize(const std::function<void()>& method) {
     ~Scope() { flag = before; }
   } scope{inSynchronize_};
   method();
+}
+
+void BuildContext::OnProgram(std::string_view commandLine, const std::string& startDirectory) {
+  Environment& environment = *platform_.environment;
+  Events().Process(
+      path_, commandLine,
+      startDirectory.empty() ? environment.CurrentFolder() : environment.FullPath(startDirectory));
 }
 
 std::string BuildContext::NativePath(std::string_view path) {

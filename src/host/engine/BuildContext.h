@@ -12,19 +12,24 @@
 #include <vector>
 
 #include "coreapi/Vekactionhost.h"
+#include "host/engine/ReportedPrograms.h"
 #include "host/engine/StopControl.h"
 #include "host/expressions/Expressions.h"
 #include "host/expressions/Variables.h"
 #include "host/filesets/FileSets.h"
 #include "host/scripts/ScriptEngine.h"
 #include "host/secrets/SecretMask.h"
+#include "platform/Platform.h"
 
 class Catalogue;
 class EventSink;
 struct Project;
 
 /// The host that actions run in: variables, expressions, scripts, the log and the wish to stop.
-class BuildContext final : public IVekActionHost, private ExpressionSource, private ScriptEnvironment {
+class BuildContext final : public IVekActionHost,
+                           private ExpressionSource,
+                           private ScriptEnvironment,
+                           private ProgramListener {
  public:
   BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events, bool unattended);
   ~BuildContext() override;
@@ -94,20 +99,28 @@ class BuildContext final : public IVekActionHost, private ExpressionSource, priv
 
   // ScriptEnvironment
   const Variant* FindVariable(std::string_view name) override { return variables_.Find(name); }
-  void Log(std::string_view text) override { SendMessage(text); }
+  void Log(std::string_view text) override { Events().Message(path_, text); }
   std::string NativePath(std::string_view path) override;
   IVekScriptObject* ActionByName(std::string_view name) override;
   const std::vector<std::pair<std::string, Variant>>& Constants() override;
   bool Interrupted() override { return stop_.Stopped(); }
 
+  // ProgramListener
+  void OnProgram(std::string_view commandLine, const std::string& startDirectory) override;
+  void BeginLine(ProgramStream stream) override { speaking_ = stream; }
+  void EndLine() override { speaking_.reset(); }
+
   ScriptEngine& Scripts();
 
-  const Platform& platform_;
+  ReportedProcesses processes_;
+  ReportedShell shell_;
+  Platform platform_;
   const Catalogue& catalogue_;
   const bool unattended_;
   Project* project_ = nullptr;
   bool allowsProtected_ = false;
   std::string path_;
+  std::optional<ProgramStream> speaking_;  // while messages are lines of a program's output
   std::atomic<int64_t> errors_ = 0;
   Variables variables_;
   SecretMask events_;

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/DateTime.h"
 #include "base/Text.h"
 #include "coreapi/Vekvariant.h"
 
@@ -11,6 +12,9 @@ enum class ActionResult { Success, Failure, Skipped, Stopped };
 
 /// "success", "failure", "skipped" or "stopped".
 std::string_view ActionResultName(ActionResult result);
+
+/// Where a line of a program's output came from.
+enum class ProgramStream { StdOut, StdErr };
 
 /// An execution of an action: its place in the tree ("/1/3/2", 1-based), its type id and its title.
 struct ActionPlace {
@@ -45,12 +49,24 @@ class EventSink {
   virtual void BuildStart(std::string_view project) = 0;
   virtual void ActionStart(const ActionPlace& place) = 0;
   virtual void Message(std::string_view path, std::string_view text) = 0;
+
+  /// A message that is a line of a program's output.
+  virtual void ProgramLine(std::string_view path, ProgramStream /*stream*/, std::string_view text) {
+    Message(path, text);
+  }
   virtual void Status(std::string_view path, const StringList& lines) = 0;
   virtual void Progress(std::string_view path, std::string_view text, int32_t percent) = 0;
   virtual void Variable(std::string_view path, std::string_view name, const Variant& value) = 0;
   virtual void Error(std::string_view path, std::string_view text) = 0;
   virtual void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) = 0;
   virtual void BuildEnd(const BuildSummary& summary) = 0;
+
+  /// A program has been started. `folder` is a full path.
+  virtual void Process(std::string_view /*path*/, std::string_view /*commandLine*/,
+                       std::string_view /*folder*/) {}
+
+  /// When what is told next happens, in UTC.
+  virtual void At(TDateTime /*utc*/) {}
 
   /// Events need not be written before they are let go.
   virtual void Hold(bool /*held*/) {}

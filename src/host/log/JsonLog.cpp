@@ -32,7 +32,7 @@ bool HasEscape(std::string_view text) {
 /// One event as it is put together. Most text needs no escapes and is copied.
 class JsonLine {
  public:
-  explicit JsonLine(std::string_view event) { Text("event", event); }
+  JsonLine(std::string_view event, std::string_view time) { Text("event", event).Text("time", time); }
 
   JsonLine& Text(std::string_view key, std::string_view text) {
     if (!IsPlainText(text) || HasEscape(text)) return Value(key, text);
@@ -59,31 +59,31 @@ class JsonLog final : public EventSink {
  public:
   explicit JsonLog(LogOutput& output) : output_(output) {}
 
-  void BuildStart(std::string_view project) override {
-    Write(JsonLine("build-start").Text("project", project));
-  }
+  void BuildStart(std::string_view project) override { Write(Line("build-start").Text("project", project)); }
 
   void ActionStart(const ActionPlace& place) override {
-    Write(JsonLine("action-start")
-              .Text("path", place.path)
-              .Text("type", place.type)
-              .Text("title", place.title));
+    Write(Line("action-start").Text("path", place.path).Text("type", place.type).Text("title", place.title));
   }
 
   void Message(std::string_view path, std::string_view text) override {
-    Write(JsonLine("message").Text("path", path).Text("text", text));
+    Write(Line("message").Text("path", path).Text("text", text));
+  }
+
+  void ProgramLine(std::string_view path, ProgramStream stream, std::string_view text) override {
+    const std::string_view name = stream == ProgramStream::StdOut ? "stdout" : "stderr";
+    Write(Line("message").Text("path", path).Text("text", text).Text("stream", name));
   }
 
   void Status(std::string_view path, const StringList& lines) override {
-    Write(JsonLine("status").Text("path", path).Value("lines", lines));
+    Write(Line("status").Text("path", path).Value("lines", lines));
   }
 
   void Progress(std::string_view path, std::string_view text, int32_t percent) override {
-    Write(JsonLine("progress").Text("path", path).Text("text", text).Value("percent", percent));
+    Write(Line("progress").Text("path", path).Text("text", text).Value("percent", percent));
   }
 
   void Variable(std::string_view path, std::string_view name, const Variant& value) override {
-    Write(JsonLine("variable")
+    Write(Line("variable")
               .Text("path", path)
               .Text("name", name)
               .Text("type", VariantTypeName(value))
@@ -91,11 +91,11 @@ class JsonLog final : public EventSink {
   }
 
   void Error(std::string_view path, std::string_view text) override {
-    Write(JsonLine("error").Text("path", path).Text("text", text));
+    Write(Line("error").Text("path", path).Text("text", text));
   }
 
   void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
-    JsonLine line("action-end");
+    JsonLine line = Line("action-end");
     line.Text("path", place.path)
         .Text("result", ActionResultName(outcome.result))
         .Value("seconds", ToMicroseconds(outcome.seconds))
@@ -105,19 +105,31 @@ class JsonLog final : public EventSink {
   }
 
   void BuildEnd(const BuildSummary& summary) override {
-    Write(JsonLine("build-end")
+    Write(Line("build-end")
               .Text("result", ActionResultName(summary.result))
               .Value("seconds", ToMicroseconds(summary.seconds))
               .Value("actions", summary.actions)
               .Value("failures", summary.failures));
   }
 
+  void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override {
+    Write(Line("process").Text("path", path).Text("commandLine", commandLine).Text("folder", folder));
+  }
+
+  void At(TDateTime utc) override {
+    const int64_t millisecond = std::llround(utc.days * 86'400'000);
+    if (std::exchange(millisecond_, millisecond) != millisecond) time_ = ToIso8601Utc(utc);
+  }
+
   void Hold(bool held) override { output_.Hold(held); }
 
  private:
+  JsonLine Line(std::string_view event) const { return JsonLine(event, time_); }
   void Write(JsonLine& line) { output_.Write(line.End()); }
 
   LogOutput& output_;
+  int64_t millisecond_ = 0;
+  std::string time_;  // text of the same, made anew when it changes
 };
 
 }  // namespace

@@ -65,6 +65,11 @@ void TextFormat::Variable(std::string& out, std::string_view path, std::string_v
   Lines(out, PathDepth(path), Tone::Faint, DisplayLine(name) + " = ", VariantToText(value));
 }
 
+void TextFormat::Process(std::string& out, std::string_view path, std::string_view commandLine,
+                         std::string_view folder) const {
+  Lines(out, PathDepth(path), Tone::Faint, "Running in " + DisplayLine(folder) + ": ", commandLine);
+}
+
 void TextFormat::Failures(std::string& out, const std::vector<FailedStep>& steps) const {
   if (steps.empty()) return;
   Line(out, 0, Tone::Plain, "", "Failed steps:");

@@ -20,6 +20,8 @@ class TextFormat {
   void Text(std::string& out, std::string_view path, std::string_view text) const;
   void Error(std::string& out, std::string_view path, std::string_view text) const;
   void Variable(std::string& out, std::string_view path, std::string_view name, const Variant& value) const;
+  void Process(std::string& out, std::string_view path, std::string_view commandLine,
+               std::string_view folder) const;
   void Summary(std::string& out, const BuildSummary& summary) const;
 
   /// The steps that made the build fail, each with its reason; nothing for none.

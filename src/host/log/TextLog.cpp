@@ -53,6 +53,12 @@ class TextLog final : public EventSink {
     Write();
   }
 
+  void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override {
+    if (!verbose_) return;
+    format_.Process(pending_, path, commandLine, folder);
+    Write();
+  }
+
   void Error(std::string_view path, std::string_view text) override {
     failed_.Line(path, text, true);
     format_.Error(pending_, path, text);

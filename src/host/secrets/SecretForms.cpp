@@ -83,6 +83,7 @@ StringList FormsOf(std::string_view text) {
     forms.push_back(InJson(text, asciiOnly));
     forms.push_back(ReplaceAll(forms.back(), "/", "\\/"));
   }
+  forms.push_back(Replaced(text, {{'\'', "'\\''"}}));
   forms.push_back(Replaced(text, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}}));
   forms.push_back(Replaced(text, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}));
   for (const std::string_view apostrophe : {"&apos;", "&#39;"}) {

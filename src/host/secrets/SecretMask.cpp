@@ -22,6 +22,10 @@ void SecretMask::Message(std::string_view path, std::string_view text) {
   Masked(text, [&](std::string_view masked) { events_.Message(path, masked); });
 }
 
+void SecretMask::ProgramLine(std::string_view path, ProgramStream stream, std::string_view text) {
+  Masked(text, [&](std::string_view masked) { events_.ProgramLine(path, stream, masked); });
+}
+
 void SecretMask::Status(std::string_view path, const StringList& lines) {
   if (!secrets_.Any()) return events_.Status(path, lines);
   StringList masked;
@@ -53,4 +57,12 @@ void SecretMask::ActionEnd(const ActionPlace& place, const ActionOutcome& outcom
 }
 
 void SecretMask::BuildEnd(const BuildSummary& summary) { events_.BuildEnd(summary); }
+
+void SecretMask::Process(std::string_view path, std::string_view commandLine, std::string_view folder) {
+  Masked(commandLine, [&](std::string_view shownLine) {
+    Masked(folder, [&](std::string_view shownFolder) { events_.Process(path, shownLine, shownFolder); });
+  });
+}
+
+void SecretMask::At(TDateTime utc) { events_.At(utc); }
 void SecretMask::Hold(bool held) { events_.Hold(held); }

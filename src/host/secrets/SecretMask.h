@@ -11,12 +11,15 @@ class SecretMask final : public EventSink {
   void BuildStart(std::string_view project) override;
   void ActionStart(const ActionPlace& place) override;
   void Message(std::string_view path, std::string_view text) override;
+  void ProgramLine(std::string_view path, ProgramStream stream, std::string_view text) override;
   void Status(std::string_view path, const StringList& lines) override;
   void Progress(std::string_view path, std::string_view text, int32_t percent) override;
   void Variable(std::string_view path, std::string_view name, const Variant& value) override;
   void Error(std::string_view path, std::string_view text) override;
   void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override;
   void BuildEnd(const BuildSummary& summary) override;
+  void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override;
+  void At(TDateTime utc) override;
   void Hold(bool held) override;
 
  private:

@@ -80,6 +80,16 @@ std::optional<std::string> ShellCommand(std::string_view program, std::string_vi
   return std::string(parameters.substr(3));
 }
 
+/// As it stands where a shell leaves it so, else in single quotes.
+std::string ShellQuoted(const std::string& argument) {
+  constexpr std::string_view kPlain =
+      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+./:,=@%";
+  if (!argument.empty() && argument.find_first_not_of(kPlain) == std::string::npos) return argument;
+  std::string quoted = "'";
+  for (const char c : argument) quoted += c == '\'' ? "'\\''" : std::string(1, c);
+  return quoted + '\'';
+}
+
 /// Reads one argument from `position` on.
 std::string NextArgument(std::string_view text, size_t& position) {
   std::string argument;
@@ -123,6 +133,14 @@ StringList SplitParameters(std::string_view parameters) {
     if (position == parameters.size()) return arguments;
     arguments.push_back(NextArgument(parameters, position));
   }
+}
+
+std::string CommandText(const ProcessCommand& command) {
+  std::string text;
+  for (const std::string& argument : command.arguments) {
+    text.append(text.empty() ? "" : " ").append(ShellQuoted(argument));
+  }
+  return text;
 }
 
 SysResult FindCommand(PosixPaths& paths, const std::string& program, const std::string& parameters,

@@ -4,13 +4,18 @@
 #include <string_view>
 
 #include "base/Text.h"
+#include "platform/Processes.h"
 #include "platform/posix/paths/PosixPaths.h"
 
 /// What the system is to run: a file, and the arguments, which begin with the program's name.
 struct ProcessCommand {
   std::string file;
   StringList arguments;
+  ProcessAnnouncement announce = {};
 };
+
+/// The arguments as one would type them into a shell.
+std::string CommandText(const ProcessCommand& command);
 
 /// The full native name of an entry.
 std::string FileAt(const Place& place);

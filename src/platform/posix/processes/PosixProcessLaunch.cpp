@@ -89,8 +89,11 @@ int Launch(const ProcessCommand& command, const std::string& folder, const Child
 SysResult LaunchProcess(ProcessCommand command, const std::string& folder, const ChildStreams& streams,
                         ChildLife life, pid_t& child) {
   int error = Launch(command, folder, streams, life, child);
-  if (error == 0) return {};
-  if (const SysResult result = FindInterpreter(error, command); !result) return result;
-  error = Launch(command, folder, streams, life, child);
-  return error == 0 ? SysResult() : SysResult::Failure(FromErrno(error));
+  if (error != 0) {
+    if (const SysResult result = FindInterpreter(error, command); !result) return result;
+    error = Launch(command, folder, streams, life, child);
+  }
+  if (error != 0) return SysResult::Failure(FromErrno(error));
+  if (command.announce) command.announce(CommandText(command));
+  return {};
 }

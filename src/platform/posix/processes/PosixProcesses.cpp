@@ -64,6 +64,7 @@ SysResult PosixProcesses::Launch(const ProcessSetup& setup, const ChildStreams& 
                                  pid_t& child) {
   ProcessCommand command;
   const SysResult found = FindCommand(paths_, setup.program, setup.parameters, command);
+  command.announce = setup.announce;
   return found ? Launch(std::move(command), setup.startDirectory, streams, life, child) : found;
 }
 

@@ -62,6 +62,7 @@ SysResult PosixShell::Execute(const ShellRequest& request, std::unique_ptr<Runni
   if (!found) return found;
   ProcessCommand command;
   if (const SysResult result = FindHandler(request, file, command); !result) return result;
+  command.announce = request.announce;
   return processes_.StartWatched(std::move(command), request.folder, process);
 }
 

@@ -101,5 +101,6 @@ SysResult LaunchProcess(const ProcessSetup& setup, const ChildStreams& streams, 
     return LastFailure();
   }
   launched = {Handle(process.hProcess), Handle(process.hThread), process.dwProcessId};
+  if (setup.announce) setup.announce(FromWide(commandLine));
   return {};
 }

@@ -43,6 +43,10 @@ SysResult Win32Shell::Execute(const ShellRequest& request, std::unique_ptr<Runni
   info.lpDirectory = OrNull(folder);
   info.nShow = SW_HIDE;
   if (!ShellExecuteExW(&info)) return LastFailure();
+  if (request.announce) {
+    const std::string rest = request.parameters.empty() ? "" : ' ' + request.parameters;
+    request.announce('"' + FromWide(file) + '"' + rest);
+  }
   if (info.hProcess != nullptr) process = std::make_unique<StartedProcess>(info.hProcess);
   return {};
 }
