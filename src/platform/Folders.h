@@ -30,8 +30,11 @@ class Folders {
   /// Creates one folder; its parent must exist (PathNotFound) and the name be free (AlreadyExists).
   virtual SysResult Create(std::string_view path) = 0;
 
-  /// Creates the folder and its missing parents; a folder that exists is success.
-  virtual SysResult CreateWithParents(std::string_view path) = 0;
+  /// Creates the folder and its missing parents; a folder that exists is success. It is made for what comes
+  /// from the folder `source`, where that is given: of two folders there whose names differ in case only,
+  /// the one that the other became is not taken for it.
+  SysResult CreateWithParents(std::string_view path) { return CreateWithParents(path, {}); }
+  virtual SysResult CreateWithParents(std::string_view path, std::string_view source) = 0;
 
   /// Removes an empty folder. A read-only one is refused with AccessDenied.
   virtual SysResult Remove(std::string_view path) = 0;

@@ -196,8 +196,9 @@ class FaultyFolders final : public Faulty<Folders> {
   SysResult Create(std::string_view path) override {
     return Try(fault_, {"folders.Create", path}, [&] { return real_.Create(path); });
   }
-  SysResult CreateWithParents(std::string_view path) override {
-    return Try(fault_, {"folders.CreateWithParents", path}, [&] { return real_.CreateWithParents(path); });
+  SysResult CreateWithParents(std::string_view path, std::string_view source) override {
+    return Try(fault_, {"folders.CreateWithParents", path},
+               [&] { return real_.CreateWithParents(path, source); });
   }
   SysResult Remove(std::string_view path) override {
     return Try(fault_, {"folders.Remove", path}, [&] { return real_.Remove(path); });

@@ -134,10 +134,10 @@ bool TCustomCopyFilesAction::RunAndReport(const std::shared_ptr<IVekActionLogMes
 }
 
 /// Makes the folder that a file is to stand in, and its parents; what fails shows when the file is written.
-void TCustomCopyFilesAction::MakeFolderOf(const std::string& target) {
+void TCustomCopyFilesAction::MakeFolderOf(const std::string& target, const std::string& source) {
   const std::string_view folder = DirectoryPart(target);
   if (folder.empty() || folder == madeFolder_) return;
-  if (GetPlatform().folders->CreateWithParents(folder)) madeFolder_ = folder;
+  if (GetPlatform().folders->CreateWithParents(folder, DirectoryPart(source))) madeFolder_ = folder;
 }
 
 /// The file has arrived, so that attributes that stay do not fail the step.
@@ -211,7 +211,7 @@ bool TCustomCopyFilesAction::CopyMatches(CopyRun& run, const std::string& spec, 
     if ((match.attributes & FileAttribute::Directory) == 0) {
       sourceFile.replace(folder.size(), std::string::npos, match.name);
       if (targetIsDir_) targetFile.replace(targetLength, std::string::npos, match.name);
-      if (Force) MakeFolderOf(targetFile);
+      if (Force) MakeFolderOf(targetFile, sourceFile);
       if (!CopyFile(sourceFile, targetFile, run.message)) return false;
       ++FilesAffected;
     }

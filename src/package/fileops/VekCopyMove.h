@@ -53,7 +53,7 @@ class TCustomCopyFilesAction : public TVekAction {
   std::string Expanded(const WideString& text) const;
   bool RunAndReport(const std::shared_ptr<IVekActionLogMessage>& message, std::string_view summary,
                     const std::function<bool()>& work);
-  void MakeFolderOf(const std::string& target);
+  void MakeFolderOf(const std::string& target, const std::string& source);
   void ClearAttributesOf(const std::string& target) const;
   void StartProgress(std::string_view what, const std::string& source, const std::string& target);
   void ShowProgress(uint64_t transferred, uint64_t total);

@@ -146,7 +146,8 @@ void TCustomVekFileSetCopyMoveAction::CopyOrMove(const std::string& source, cons
   SendProgress(progressText_, lastPercent_);
 
   const std::string_view folder = DirectoryPart(destination);
-  if (!folder.empty() && folder != madeFolder_ && GetPlatform().folders->CreateWithParents(folder))
+  if (!folder.empty() && folder != madeFolder_ &&
+      GetPlatform().folders->CreateWithParents(folder, DirectoryPart(source)))
     madeFolder_ = folder;
   if (entries.TargetExists(source, destination) && !MakeRoom(destination)) return;
 

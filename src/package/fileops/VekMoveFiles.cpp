@@ -61,10 +61,11 @@ bool TCustomMoveFilesAction::MoveMatches(const std::string& spec, const std::str
   const std::string folder = SearchedFolder(GetPlatform(), spec);
   const std::string targetFolder = TargetIsDir() ? AsFolder(GetPlatform(), target) : std::string();
   do {
+    const std::string sourceFile = folder + match.name;
     const std::string targetFile = TargetIsDir() ? targetFolder + match.name : target;
-    if (Force && TargetIsDir()) MakeFolderOf(targetFile);
+    if (Force && TargetIsDir()) MakeFolderOf(targetFile, sourceFile);
     // A move is not broken off, but the next one need not begin.
-    if (StopSignalled() || !MoveMatch(folder + match.name, targetFile, message)) return false;
+    if (StopSignalled() || !MoveMatch(sourceFile, targetFile, message)) return false;
   } while (search->Next(match));
   ReportUnreadable(FolderPart(spec), *search);
   return FilesAffected > 0 || !FailIfZeroFiles;
@@ -93,7 +94,7 @@ bool TCustomMoveFilesAction::MoveMatch(const std::string& source, const std::str
       replaces = free.ok;
     }
   }
-  if (Force && !TargetIsDir()) MakeFolderOf(target);
+  if (Force && !TargetIsDir()) MakeFolderOf(target, source);
 
   const SysResult moved = MoveFile(source, target, replaces);
   if (!moved) {

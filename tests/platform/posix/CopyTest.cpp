@@ -82,6 +82,24 @@ TEST_F(PosixCopyTest, PipesAreNeitherReadNorReplaced) {
   EXPECT_EQ(folder.Names(), (Names{"file", "pipe"}));
 }
 
+TEST_F(PosixCopyTest, FoldersThatDifferInCaseOnlyStayApart) {
+  for (const char* name : {"in/Sub/Deep", "in/Sub/deep", "in/sub/Deep", "in/only"}) folder.MakeFolder(name);
+  const struct {
+    const char *source, *target, *made;
+  } cases[] = {
+      {"in/Sub/Deep", "out/Sub/Deep", "out/Sub/Deep"},
+      {"in/Sub/deep", "out/Sub/deep", "out/Sub/deep"},
+      {"in/sub/Deep", "out/sub/Deep", "out/sub/Deep"},
+      {"in/only", "OUT/only", "out/only"},
+      {"in/only", "out/SUB", "out/Sub"},  // of another name, and so the folder that is there
+  };
+  for (const auto& c : cases) {
+    EXPECT_TRUE(folders.CreateWithParents(Path(c.target), Path(c.source)));
+    EXPECT_TRUE(folder.Exists(c.made)) << c.made;
+    EXPECT_EQ(folder.Exists(c.target), std::string_view(c.target) == c.made) << c.target;
+  }
+}
+
 TEST_F(PosixCopyTest, FilesThatTellNoSizeAreCopiedWhole) {
   if (!entries.FileExists("/proc/self/status")) GTEST_SKIP() << "no such file here";
   EXPECT_TRUE(entries.Copy("/proc/self/status", Path("copy"), {}));

@@ -31,22 +31,45 @@ bool PosixFolders::Exists(std::string_view path) {
          entry.IsFolder();
 }
 
-SysResult PosixFolders::Create(std::string_view path) {
+SysResult PosixFolders::Create(std::string_view path) { return CreateFor({}, path); }
+
+/// Creates a folder for what comes from the folder `source`, where that is given.
+SysResult PosixFolders::CreateFor(std::string_view source, std::string_view path) {
   Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
-  paths_.SettleTarget(place);
+  if (!HasTwin(source, place)) paths_.SettleTarget(place);
   DiskChange change(paths_, place, DiskChange::NewFolder);
   if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
   change.Added(place.name);
   return {};
 }
 
-SysResult PosixFolders::CreateWithParents(std::string_view path) {
-  SysResult created = Create(path);
+/// Whether what stands at the place in other case is called as another folder beside the source.
+bool PosixFolders::HasTwin(std::string_view source, const Place& target) {
+  if (source.empty()) return false;
+  struct stat own = {}, other = {};
+  const auto stands = [](const Place& place, struct stat& status) {
+    return fstatat(place.Fd(), place.Name(), &status, 0) == 0;
+  };
+  Place there = target;
+  if (stands(there, other) || !paths_.OtherCase(there)) return false;
+  Place from = paths_.Locate(source);
+  if (!from.folder || !stands(from, own)) return false;
+  from.name = there.name;
+  return stands(from, other) && S_ISDIR(other.st_mode) && own.st_ino != other.st_ino;
+}
+
+SysResult PosixFolders::CreateWithParents(std::string_view path, std::string_view source) {
   const std::string_view parent = ParentFolder(path);
-  if (created.code == Win32Error::PathNotFound && !parent.empty() && parent.size() < path.size()) {
-    if (const SysResult above = CreateWithParents(parent); !above) return above;
-    created = Create(path);
+  const bool hasParent = !parent.empty() && parent.size() < path.size();
+  const bool isMirrored = hasParent && !source.empty() && NamePart(path) == NamePart(source);
+  if (!isMirrored) source = {};
+  // The folders above first, or one would be made in a twin of the folder that is wanted.
+  if (isMirrored) CreateWithParents(parent, ParentFolder(source));
+  SysResult created = CreateFor(source, path);
+  if (created.code == Win32Error::PathNotFound && hasParent) {
+    if (const SysResult above = CreateWithParents(parent, {}); !above) return above;
+    created = CreateFor(source, path);
   }
   return created.code == Win32Error::AlreadyExists && Exists(path) ? SysResult() : created;
 }

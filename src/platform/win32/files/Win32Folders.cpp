@@ -23,14 +23,14 @@ SysResult Win32Folders::Create(std::string_view path) {
   return ResultOf(CreateDirectoryW(native.c_str(), nullptr));
 }
 
-SysResult Win32Folders::CreateWithParents(std::string_view path) {
+SysResult Win32Folders::CreateWithParents(std::string_view path, std::string_view source) {
   if (Exists(path)) return {};
   const SysResult created = Create(path);
   if (created.code == Win32Error::PathNotFound) {
     const std::string_view parent = ParentFolder(path);
     if (parent.empty() || parent.size() >= path.size()) return created;
-    if (const SysResult result = CreateWithParents(parent); !result) return result;
-    return CreateWithParents(path);
+    if (const SysResult result = CreateWithParents(parent, source); !result) return result;
+    return CreateWithParents(path, source);
   }
   // Another program may have been quicker.
   return created.code == Win32Error::AlreadyExists && Exists(path) ? SysResult{} : created;
