@@ -59,6 +59,17 @@ Examples:
 An editor that knows schemas finds it by a line below the first one of a project:
   <?xml-model href="vekproj.xsd"?>)";
 
+constexpr auto kCompletionExamples = R"(
+Examples:
+  source <(vekrun completion bash)
+  vekrun completion zsh > ~/.zfunc/_vekrun
+  vekrun completion fish > ~/.config/fish/completions/vekrun.fish)";
+
+constexpr auto kHelpExamples = R"(
+Examples:
+  vekrun help run
+  vekrun help --man | man -l -)";
+
 /// The texts as they come, before they are taken apart.
 struct RawArguments {
   std::vector<std::string> variables, drives, options;
@@ -147,8 +158,25 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   }
   CLI::App* schema = AddCommand(app, Command::Schema, "schema", "Print an XML schema of project files",
                                 kSchemaExamples, arguments);
-  AddCommonOptions(*schema, arguments, raw);
-  app.add_subcommand("help", "Show the options and examples of a command")->add_option("COMMAND");
+  CLI::App* completion = AddCommand(app, Command::Completion, "completion",
+                                    "Print a completion script for a shell", kCompletionExamples, arguments);
+  completion->add_option("SHELL", arguments.subject, "bash, zsh or fish")->required()->type_name("");
+  for (CLI::App* sub : {schema, completion}) AddCommonOptions(*sub, arguments, raw);
+  CLI::App* help = AddCommand(app, Command::Manual, "help", "Show the options and examples of a command",
+                              kHelpExamples, arguments);
+  help->add_option("COMMAND", arguments.subject, "Command to show")->type_name("");
+  help->add_flag_function(
+      "--man", [](int64_t) {}, "Print the page of the manual");
+}
+
+constexpr auto kTitle = "vekrun executes build projects.";
+
+void Declare(CLI::App& app, Arguments& arguments, RawArguments& raw) {
+  app.allow_windows_style_options(false);  // a path may begin with "/" on every system
+  app.set_version_flag("--version", "vekrun " VEK_VERSION);
+  app.require_subcommand(1);
+  app.footer(kExamples);
+  DeclareCommands(app, arguments, raw);
 }
 
 LogFormat FormatOf(const std::string& name) {
@@ -209,13 +237,9 @@ std::pair<std::string, std::string> SplitAssignment(const std::string& text, con
 }
 
 std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
-  CLI::App app("vekrun executes build projects.", "vekrun");
-  app.allow_windows_style_options(false);  // a path may begin with "/" on every system
-  app.set_version_flag("--version", "vekrun " VEK_VERSION);
-  app.require_subcommand(1);
-  app.footer(kExamples);
+  CLI::App app(kTitle, "vekrun");
   RawArguments raw;
-  DeclareCommands(app, arguments, raw);
+  Declare(app, arguments, raw);
   try {
     words = CommandFirst(std::move(words), app);
     std::reverse(words.begin(), words.end());  // the parser takes them from the back
@@ -230,4 +254,12 @@ std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
     return kWrongUsage;
   }
   return {};
+}
+
+void ShowCommands(const std::function<void(const CLI::App&)>& show) {
+  CLI::App app(kTitle, "vekrun");
+  Arguments arguments;
+  RawArguments raw;
+  Declare(app, arguments, raw);
+  show(app);
 }

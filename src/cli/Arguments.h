@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -8,8 +9,12 @@
 #include "base/Text.h"
 #include "host/project/ProjectVariables.h"
 
-enum class Command { Run, Exec, Validate, Actions, Describe, Schema };
+enum class Command { Run, Exec, Validate, Actions, Describe, Schema, Completion, Manual };
 enum class LogFormat { Text, Jsonl, Junit };
+
+namespace CLI {
+class App;
+}
 
 /// What the command line asks for.
 struct Arguments {
@@ -52,3 +57,6 @@ std::pair<std::string, std::string> SplitAssignment(const std::string& text, con
 /// Reads the command line. Answers an exit code instead when there is nothing left to do: help and version
 /// were asked for (0), or the usage is wrong (2, said on standard error).
 std::optional<int> ReadArguments(StringList words, Arguments& arguments);
+
+/// Hands out the commands and options, for what is made of them.
+void ShowCommands(const std::function<void(const CLI::App&)>& show);

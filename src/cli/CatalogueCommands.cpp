@@ -1,7 +1,10 @@
 #include "cli/CatalogueCommands.h"
 
+#include <algorithm>
 #include <iostream>
 
+#include "cli/Completion.h"
+#include "cli/Manual.h"
 #include "cli/NoEvents.h"
 #include "cli/Session.h"
 #include "host/catalogue/Description.h"
@@ -30,5 +33,24 @@ int PrintSchema(const Arguments& arguments) {
   NoEvents events;
   BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
   std::cout << ProjectSchema(session.GetCatalogue(), context);
+  return 0;
+}
+
+int PrintCompletion(const Arguments& arguments) {
+  if (std::ranges::find(kShells, arguments.subject) == std::end(kShells)) {
+    throw UsageError{"completion: the shell must be bash, zsh or fish, not \"" + arguments.subject + '"'};
+  }
+  const Session session(arguments, false);
+  NoEvents events;
+  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
+  ShowCommands([&](const CLI::App& app) {
+    std::cout << CompletionScript(arguments.subject,
+                                  CollectCompletionWords(app, session.GetCatalogue(), context));
+  });
+  return 0;
+}
+
+int PrintManual() {
+  ShowCommands([](const CLI::App& app) { std::cout << ManualPage(app); });
   return 0;
 }

@@ -6,3 +6,5 @@
 int ListActions(const Arguments& arguments);
 int DescribeAction(const Arguments& arguments);
 int PrintSchema(const Arguments& arguments);
+int PrintCompletion(const Arguments& arguments);
+int PrintManual();

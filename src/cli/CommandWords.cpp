@@ -83,7 +83,7 @@ StringList CommandFirst(StringList words, const CLI::App& app) {
   const size_t place = FirstPlainWord(words, app);
   if (place == words.size()) return words;
   const std::string word = words[place];
-  if (word == "help") {
+  if (word == "help" && std::ranges::find(words, "--man") == words.end()) {
     if (place + 1 == words.size()) return {"--help"};
     return {CommandNamed(app, words[place + 1]).get_name(), "--help"};
   }

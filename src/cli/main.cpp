@@ -26,6 +26,10 @@ int Dispatch(const Arguments& arguments) {
       return DescribeAction(arguments);
     case Command::Schema:
       return PrintSchema(arguments);
+    case Command::Completion:
+      return PrintCompletion(arguments);
+    case Command::Manual:
+      return PrintManual();
   }
   return kUnusable;
 }

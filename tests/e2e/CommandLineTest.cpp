@@ -21,6 +21,7 @@ TEST(CommandLine, WrongUsageIsExitCode2WithAClearLine) {
   folder.Write("not-a-package.so", "x");
   const WrongUsage cases[] = {
       {{}, "subcommand"},
+      {{"completion", "ksh"}, "the shell must be bash, zsh or fish, not \"ksh\""},
       {{"rnu", "p.vekproj"}, "unknown command \"rnu\"; did you mean \"run\"?"},
       {{"help", "validat"}, "did you mean \"validate\"?"},
       {{"--log-fromat", "junit", "run", "p.vekproj"}, "did you mean \"--log-format\"?"},
