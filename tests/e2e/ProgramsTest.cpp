@@ -53,7 +53,7 @@ TEST(Programs, ATimeOutEndsAProgramAndWhatItStarted) {
 }
 
 TEST(Programs, CtrlCEndsAProgram) {
-  const VekrunResult result = RunJsonl(RunChild("sleep 60"), {.interruptAfterSeconds = 0.5});
+  const VekrunResult result = RunJsonl(RunChild("sleep 60"), {.interruptAt = "\"process\""});
   EXPECT_EQ(result.exitCode, 130);
   EXPECT_THAT(result.Short(), Contains("status /1 Program returned code  : 999|Terminated by user"));
   EXPECT_EQ(result.events.back().at("result"), "stopped");

@@ -175,7 +175,7 @@ TEST_F(Run, CtrlCStopsTheBuild) {
   const auto result =
       RunProject(ProjectOf(ActionOf("ACTIONGROUP", "<Condition>" + kEndless + "</Condition>") +
                            ActionOf("ACTIONGROUP", "")),
-                 {}, {.interruptAfterSeconds = 0.3});
+                 {}, {.interruptAt = "action-start"});
   EXPECT_EQ(result.exitCode, 130) << result.out << result.err;
   EXPECT_EQ(result.events.back().at("result"), "stopped");
   EXPECT_THAT(result.Of("action-start"), testing::SizeIs(1));

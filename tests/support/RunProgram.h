@@ -11,11 +11,11 @@ struct ProgramResult {
 };
 
 struct ProgramSetup {
-  std::string input = {};            // what it reads; end of input follows
-  std::string folder = {};           // its current folder; empty: the test's
-  StringList environment = {};       // NAME=VALUE, on top of the test's
-  size_t closeOutputAfter = 0;       // bytes after which the reader of its output goes away; 0: never
-  double interruptAfterSeconds = 0;  // Ctrl-C once this time has passed; 0: never
+  std::string input = {};        // what it reads; end of input follows
+  std::string folder = {};       // its current folder; empty: the test's
+  StringList environment = {};   // NAME=VALUE, on top of the test's
+  size_t closeOutputAfter = 0;   // bytes after which the reader of its output goes away; 0: never
+  std::string interruptAt = {};  // Ctrl-C once the output holds this; empty: never
 };
 
 /// Runs a program with the arguments as given, no shell between.

@@ -1,7 +1,6 @@
 #include "support/RunProgram.h"
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
@@ -50,18 +49,15 @@ bool ReadSome(int fd, std::string& text) {
 }
 
 void ReadBoth(Pipe& out, Pipe& err, pid_t child, const ProgramSetup& setup, ProgramResult& result) {
-  using std::chrono::steady_clock;
-  const auto start = steady_clock::now();
-  bool interrupted = setup.interruptAfterSeconds <= 0;
+  bool interrupted = setup.interruptAt.empty();
   while (out.ends[0] >= 0 || err.ends[0] >= 0) {
     std::array<pollfd, 2> wanted{{{out.ends[0], POLLIN, 0}, {err.ends[0], POLLIN, 0}}};
-    poll(wanted.data(), wanted.size(), interrupted ? -1 : 10);
-    const std::chrono::duration<double> passed = steady_clock::now() - start;
-    if (!interrupted && passed.count() >= setup.interruptAfterSeconds) {
+    poll(wanted.data(), wanted.size(), -1);
+    if (wanted[0].revents != 0 && !ReadSome(out.ends[0], result.out)) out.CloseRead();
+    if (!interrupted && result.out.find(setup.interruptAt) != std::string::npos) {
       kill(child, SIGINT);
       interrupted = true;
     }
-    if (wanted[0].revents != 0 && !ReadSome(out.ends[0], result.out)) out.CloseRead();
     if (wanted[1].revents != 0 && !ReadSome(err.ends[0], result.err)) err.CloseRead();
     if (setup.closeOutputAfter != 0 && result.out.size() >= setup.closeOutputAfter) out.CloseRead();
   }

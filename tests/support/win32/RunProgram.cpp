@@ -1,6 +1,5 @@
 #include "support/RunProgram.h"
 
-#include <chrono>
 #include <stdexcept>
 #include <thread>
 #include <windows.h>
@@ -49,12 +48,17 @@ std::wstring Environment(const StringList& extra) {
   return block + L'\0';
 }
 
-/// Reads until the writer closes, or until `limit` bytes have come when it is not 0.
-void ReadAll(HANDLE& end, std::string& text, size_t limit) {
+/// Reads until the writer closes, or until so many bytes have come, and interrupts it where that is wanted.
+void ReadAll(HANDLE& end, std::string& text, const ProgramSetup& setup = {}) {
   char buffer[65536];
+  bool interrupted = setup.interruptAt.empty();
   for (DWORD count = 0; ReadFile(end, buffer, sizeof buffer, &count, nullptr) && count > 0;) {
     text.append(buffer, count);
-    if (limit != 0 && text.size() >= limit) break;
+    if (!interrupted && text.find(setup.interruptAt) != std::string::npos) {
+      GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+      interrupted = true;
+    }
+    if (setup.closeOutputAfter != 0 && text.size() >= setup.closeOutputAfter) break;
   }
   Pipe::Close(end);
 }
@@ -77,7 +81,7 @@ std::string Native(std::string file) {
 }  // namespace
 
 ProgramResult RunProgram(const std::string& file, const StringList& arguments, const ProgramSetup& setup) {
-  if (setup.interruptAfterSeconds > 0) ShareConsoleOfOwn();
+  if (!setup.interruptAt.empty()) ShareConsoleOfOwn();
   Pipe in, out, err;
   Pipe::Keep(in.write), Pipe::Keep(out.read), Pipe::Keep(err.read);
   STARTUPINFOW startup{};
@@ -98,17 +102,13 @@ ProgramResult RunProgram(const std::string& file, const StringList& arguments, c
   Pipe::Close(in.read), Pipe::Close(out.write), Pipe::Close(err.write);
 
   ProgramResult result;
-  std::thread readOut([&] { ReadAll(out.read, result.out, setup.closeOutputAfter); });
-  std::thread readErr([&] { ReadAll(err.read, result.err, 0); });
+  std::thread readOut([&] { ReadAll(out.read, result.out, setup); });
+  std::thread readErr([&] { ReadAll(err.read, result.err); });
   DWORD written = 0;
   if (!setup.input.empty()) {
     WriteFile(in.write, setup.input.data(), static_cast<DWORD>(setup.input.size()), &written, nullptr);
   }
   Pipe::Close(in.write);
-  if (setup.interruptAfterSeconds > 0) {
-    std::this_thread::sleep_for(std::chrono::duration<double>(setup.interruptAfterSeconds));
-    GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
-  }
   readOut.join(), readErr.join();
   WaitForSingleObject(process.hProcess, INFINITE);
   DWORD exitCode = 0;
