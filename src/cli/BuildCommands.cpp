@@ -112,17 +112,11 @@ bool IsUnattended(Session& session, const Arguments& arguments) {
   return arguments.unattended || !session.GetConsole().InputIsTerminal();
 }
 
-Project LoadProject(const Session& session, const std::string& path, IVekActionHost& host) {
-  Project project = ReadProject(session.ReadFile(path), path, session.GetCatalogue(), host);
-  project.fileName = session.GetPlatform().environment->FullPath(path);
-  return project;
-}
-
 /// The variables that the command line gives; -D holds over what a file says.
 std::vector<VariableDefinition> Definitions(const Session& session, const Arguments& arguments) {
   std::vector<VariableDefinition> definitions;
   for (const std::string& file : arguments.variableFiles) {
-    const auto read = ReadVariablesFile(session.ReadFile(file), file);
+    const auto read = ReadVariablesFile(ReadTextOf(session.GetPlatform(), file), file);
     definitions.insert(definitions.end(), read.begin(), read.end());
   }
   definitions.insert(definitions.end(), arguments.variables.begin(), arguments.variables.end());
@@ -151,7 +145,7 @@ Project MakeProject(const Session& session, const Arguments& arguments, IVekActi
   }
   for (const std::string& text : arguments.scripts) {
     const auto [event, file] = SplitAssignment(text, "--script", "EVENT=FILE");
-    AttachScript(*node.action, event, session.ReadFile(file));
+    AttachScript(*node.action, event, ReadTextOf(session.GetPlatform(), file));
   }
   return project;
 }
@@ -216,7 +210,7 @@ int Build(const Arguments& arguments, const Load& load) {
 
 int RunProject(const Arguments& arguments) {
   return Build(arguments, [&arguments](const Session& session, IVekActionHost& host) {
-    return LoadProject(session, arguments.subject, host);
+    return LoadProject(session.GetPlatform(), arguments.subject, session.GetCatalogue(), host);
   });
 }
 
@@ -230,7 +224,8 @@ int ValidateProject(const Arguments& arguments) {
   Session session(arguments, false);
   NoEvents events;
   BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
-  const Project project = LoadProject(session, arguments.subject, context);
+  const Project project =
+      LoadProject(session.GetPlatform(), arguments.subject, session.GetCatalogue(), context);
   const auto problems = ValidateActions(project.actions);
   if (arguments.json) {
     PrintProblemsAsJson(problems);

@@ -3,10 +3,7 @@
 #include "base/NearestName.h"
 #include "coreapi/Vekerrors.h"
 #include "host/engine/ActionGroup.h"
-#include "platform/Contents.h"
 #include "platform/Environment.h"
-#include "platform/ErrorTexts.h"
-#include "platform/Folders.h"
 
 Session::Session(const Arguments& arguments, bool designTime)
     : drives_(arguments.drives),
@@ -30,15 +27,6 @@ Session::~Session() {
 const CatalogueEntry& Session::FindType(const std::string& typeId) const {
   if (const CatalogueEntry* entry = catalogue_.Find(typeId)) return *entry;
   throw EVekError("unknown action type \"" + typeId + '"' + DidYouMean(typeId, catalogue_.TypeIds()));
-}
-
-std::string Session::ReadFile(const std::string& path) const {
-  std::string contents;
-  const SysResult read = GetPlatform().folders->Exists(path)
-                             ? SysResult::Failure(Win32Error::Directory)
-                             : GetPlatform().contents->ReadStream(path, contents);
-  if (!read) throw EVekError(path + ": " + GetPlatform().errorTexts->Text(read.code));
-  return contents;
 }
 
 void Session::SetOptions(const Arguments& arguments) {

@@ -29,9 +29,6 @@ class Session {
   /// The entry of a type id; raises EVekError, which names the nearest one, when there is none.
   const CatalogueEntry& FindType(const std::string& typeId) const;
 
-  /// The contents of a file; raises EVekError with the system's word for what went wrong.
-  std::string ReadFile(const std::string& path) const;
-
  private:
   void SetOptions(const Arguments& arguments);
   std::optional<std::string> DriveFolder(char letter);

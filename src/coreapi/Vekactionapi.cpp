@@ -19,6 +19,7 @@ constexpr std::string_view kHostAliases[] = {
     "RetryCount=Retry Count",
     "RetryDelaySeconds=Retry Delay (Seconds)",
     "TimeoutSeconds=Time-out (Seconds)",
+    "Always=Always",
 };
 
 constexpr std::string_view kHostHelp[] = {
@@ -30,6 +31,7 @@ constexpr std::string_view kHostHelp[] = {
     "RetryCount=Further attempts after a failure",
     "RetryDelaySeconds=Seconds between two attempts",
     "TimeoutSeconds=Seconds after which an attempt is asked to terminate; 0 for no limit",
+    "Always=Runs even when a step before it in its group has failed: the place for cleaning up",
 };
 
 class LogMessage final : public IVekActionLogMessage {

@@ -90,6 +90,7 @@ class VEK_API TCustomVekAction : public TLumXMLObject {
   uint32_t RetryCount = 0;
   uint32_t RetryDelaySeconds = 0;
   uint32_t TimeoutSeconds = 0;  // 0: none
+  bool Always = false;          // runs after a failure too
 
   // What the action is.
   virtual const ActionClass& ClassType() const = 0;
@@ -276,6 +277,7 @@ inline constexpr PropertyRow kVekActionProperties[] = {
     Published<&TCustomVekAction::RetryCount>("RetryCount"),
     Published<&TCustomVekAction::RetryDelaySeconds>("RetryDelaySeconds"),
     Published<&TCustomVekAction::TimeoutSeconds>("TimeoutSeconds"),
+    Published<&TCustomVekAction::Always>("Always"),
 };
 
 /// What a base on the host's side adds to these, for pages to look up: each such base has its overload.

@@ -14,19 +14,50 @@
 
 BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
                            bool unattended)
-    : processes_(*platform.processes, *this),
+    : machine_(platform),
+      processes_(*platform.processes, *this),
       shell_(*platform.shell, *this),
       platform_(platform),
       catalogue_(catalogue),
       unattended_(unattended),
       events_(events, variables_.GetSecrets()),
-      stop_(*platform.clock),
+      ownStop_(std::make_unique<StopControl>(*platform.clock)),
+      stop_(*ownStop_),
       fileSets_(*this) {
+  ReportPrograms();
+}
+
+BuildContext::BuildContext(BuildContext& outer)
+    : outer_(&outer),
+      machine_(outer.machine_),
+      processes_(*machine_.processes, *this),
+      shell_(*machine_.shell, *this),
+      platform_(machine_),
+      catalogue_(outer.catalogue_),
+      unattended_(outer.unattended_),
+      allowsProtected_(outer.allowsProtected_),
+      path_(outer.path_),
+      variables_(&outer.variables_.GetSecrets()),
+      events_(outer.events_, variables_.GetSecrets()),
+      stop_(outer.stop_),
+      fileSets_(*this) {
+  ReportPrograms();
+}
+
+/// Programs are started through what reports them.
+void BuildContext::ReportPrograms() {
   platform_.processes = &processes_;
   platform_.shell = &shell_;
 }
 
-BuildContext::~BuildContext() = default;
+BuildContext::~BuildContext() {
+  for (const auto& [name, before] : replacedExports_) platform_.environment->Export(name, before);
+}
+
+const std::string& BuildContext::RunningFile() const {
+  static const std::string kNone;
+  return project_ ? project_->fileName : kNone;
+}
 
 void BuildContext::SetProject(Project* project) {
   project_ = project;
@@ -90,6 +121,7 @@ void BuildContext::MarkVariableSecret(std::string_view name) {
 }
 
 void BuildContext::ExportVariable(const std::string& name) {
+  replacedExports_.emplace(name, platform_.environment->Variable(name));
   variables_.Export(name, [this, name](const std::string& text) {
     const SysResult exported = platform_.environment->Export(name, text);
     if (exported) return;
@@ -130,6 +162,7 @@ bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript&
 }
 
 void BuildContext::Synchronize(const std::function<void()>& method) {
+  if (outer_) return outer_->Synchronize(method);
   // The build thread is this host's user-interface thread.
   struct Scope {
     bool& flag;
@@ -155,7 +188,8 @@ FolderLinks BuildContext::GetFolderLinks() {
 }
 
 bool BuildContext::MayRemoveTree(std::string_view folder) {
-  return allowsProtected_ || !IsProtectedTree(platform_, folder, project_ ? project_->fileName : "");
+  if (allowsProtected_) return true;
+  return !IsProtectedTree(platform_, folder, RunningFile()) && (!outer_ || outer_->MayRemoveTree(folder));
 }
 bool BuildContext::MayRemoveMatches(std::string_view spec) {
   return allowsProtected_ || !IsProtectedSelection(platform_, spec);

@@ -32,16 +32,22 @@ class BuildContext final : public IVekActionHost,
                            private ProgramListener {
  public:
   BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events, bool unattended);
+
+  /// For a project that is built as a step of another one.
+  explicit BuildContext(BuildContext& outer);
   ~BuildContext() override;
 
   Variables& GetVariables() { return variables_; }
   StopControl& Stop() { return stop_; }
+  const Catalogue& GetCatalogue() const { return catalogue_; }
+  const BuildContext* Outer() const { return outer_; }
 
   /// Where events go, after what other threads have sent meanwhile. [build thread]
   EventSink& Events();
 
   /// The project that is being built: its actions by name and its file sets; null for none.
   void SetProject(Project* project);
+  const std::string& RunningFile() const;
 
   /// From now on the programs that steps start find the variable's value in their environment, by the name as
   /// it is spelt here.
@@ -52,6 +58,7 @@ class BuildContext final : public IVekActionHost,
 
   /// What log lines are reported under. The engine moves it as it walks the tree.
   void SetCurrentPath(std::string path) { path_ = std::move(path); }
+  const std::string& CurrentPath() const { return path_; }
 
   // The errors that the running action has logged.
   int64_t ErrorCount() const { return errors_; }
@@ -112,6 +119,10 @@ class BuildContext final : public IVekActionHost,
 
   ScriptEngine& Scripts();
 
+  void ReportPrograms();
+
+  BuildContext* const outer_ = nullptr;
+  const Platform machine_;  // beneath what reports
   ReportedProcesses processes_;
   ReportedShell shell_;
   Platform platform_;
@@ -124,7 +135,8 @@ class BuildContext final : public IVekActionHost,
   std::atomic<int64_t> errors_ = 0;
   Variables variables_;
   SecretMask events_;
-  StopControl stop_;
+  std::unique_ptr<StopControl> ownStop_;  // null where there is an outer build
+  StopControl& stop_;
   const std::thread::id buildThread_ = std::this_thread::get_id();
   std::mutex postponedMutex_;
   StringList postponed_;  // messages of other threads
@@ -133,4 +145,5 @@ class BuildContext final : public IVekActionHost,
   std::unique_ptr<ScriptEngine> scripts_;  // made by the first script: most builds need none
   std::map<TCustomVekAction*, std::unique_ptr<IVekScriptObject>> scriptObjects_;
   bool inSynchronize_ = false;
+  std::map<std::string, std::optional<std::string>> replacedExports_;
 };

@@ -2,6 +2,8 @@
 
 #include "host/engine/ActionTitle.h"
 #include "host/engine/BuildContext.h"
+#include "host/engine/NestedProject.h"
+#include "host/engine/RunProjectAction.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 
@@ -37,6 +39,10 @@ bool RunsChildren(TVekNextAction next) {
   return next == TVekNextAction::naDefault || next == TVekNextAction::naChildren;
 }
 
+bool RunsProject(const TCustomVekAction& action) {
+  return dynamic_cast<const TCustomVekRunProject*>(&action) != nullptr;
+}
+
 }  // namespace
 
 Engine::Engine(BuildContext& context, const EngineOptions& options) : context_(context), options_(options) {}
@@ -55,25 +61,28 @@ BuildSummary Engine::Run(Project& project, std::string_view projectName) {
   return summary_;
 }
 
+/// The actions in order; after a failure only those that run always.
 ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::string& parentPath) {
+  StopControl& stop = context_.Stop();
   bool failed = false;
-  for (size_t i = 0; i < actions.size(); ++i) {
-    if (context_.Stop().Stopped()) return FailureOrStop();
+  for (size_t i = 0; i < actions.size() && !stop.StopRequested(); ++i) {
+    const TCustomVekAction& action = *actions[i].action;
+    const bool isGivenUp = stop.Stopped() || (failed && !options_.keepGoing);
+    if (isGivenUp && !action.Always) continue;
+    std::optional<StopControl::Shield> shield;
+    if (stop.Stopped()) shield.emplace(stop);
     const ActionResult result = RunAction(actions[i], parentPath + '/' + std::to_string(i + 1));
     context_.SetCurrentPath(parentPath);
-    if (result == ActionResult::Stopped) return result;
-    if (result != ActionResult::Failure || actions[i].action->IgnoreFailure) continue;
-    if (!options_.keepGoing) return result;
-    failed = true;
+    failed = failed || (result == ActionResult::Failure && !action.IgnoreFailure);
   }
-  return failed || context_.Stop().Stopped() ? FailureOrStop() : ActionResult::Success;
+  return failed || stop.Stopped() ? FailureOrStop() : ActionResult::Success;
 }
 
 ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
   Clock& clock = *context_.GetPlatform().clock;
   const double start = clock.Seconds();
   const std::string title = ActionTitle(*node.action, context_.GetVariables());
-  const ActionPlace place{path, node.typeId, title, !node.children.empty()};
+  const ActionPlace place{path, node.typeId, title, !node.children.empty() || RunsProject(*node.action)};
   context_.SetCurrentPath(path);
   context_.Events().ActionStart(place);
   const int64_t errorsOfParent = context_.TakeErrorCount();
@@ -175,16 +184,37 @@ ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
 /// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
 ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
   TCustomVekAction& action = *node.action;
+  if (RunsProject(action) && !node.children.empty()) {
+    context_.ReportError("No actions can stand below this one: those of the project do");
+    return ActionResult::Failure;
+  }
   if (!action.Run()) {
     // Its own words may say so without being marked as an error.
     if (context_.ErrorCount() == 0) context_.CountError();
     return ActionResult::Failure;
+  }
+  if (auto* const runsProject = dynamic_cast<TCustomVekRunProject*>(&action)) {
+    return RunNested(*runsProject, path);
   }
   action.GetNextActionSource(false, next);
   if (!RunsChildren(next)) return ActionResult::Success;
   const ActionResult result = RunActions(node.children, path);
   context_.SetCurrentPath(path);
   return result;
+}
+
+/// The project that the action has loaded, its actions as the children of this one.
+ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& path) {
+  const std::unique_ptr<NestedProject> nested = action.TakeProject();
+  BuildContext& context = nested->Context();
+  context.SetProject(&nested->GetProject());
+  Engine engine(context, options_);
+  const ActionResult result = engine.RunActions(nested->GetProject().actions, path);
+  context.SetProject(nullptr);
+  summary_.AddCounts(engine.summary_);
+  if (result == ActionResult::Stopped) return result;
+  const bool isComplete = action.TakeOver(*nested);
+  return isComplete ? result : ActionResult::Failure;
 }
 
 /// What a failure comes to: it is no fault of the action's when the build is to stop.

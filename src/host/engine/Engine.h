@@ -10,6 +10,7 @@
 #include "host/project/Project.h"
 
 class BuildContext;
+class TCustomVekRunProject;
 
 struct EngineOptions {
   bool strict = false;     // an action that logged errors has failed, whatever its answer
@@ -32,6 +33,7 @@ class Engine {
   ActionResult RunAttempts(ActionNode& node, const std::string& path);
   ActionResult RunAttempt(ActionNode& node, const std::string& path);
   ActionResult RunPass(ActionNode& node, const std::string& path, TVekNextAction& next);
+  ActionResult RunNested(TCustomVekRunProject& action, const std::string& path);
   ActionResult RunPasses(ActionNode& node, const std::string& path);
   void Count(const ActionOutcome& outcome);
   std::optional<bool> EvaluateCondition(TCustomVekAction& action);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <ranges>
 #include <utility>
 
 #include "coreapi/Vekactionapi.h"
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr double kNever = std::numeric_limits<double>::infinity();
+constexpr size_t kAllOfThem = std::numeric_limits<size_t>::max();
 
 }  // namespace
 
@@ -54,7 +56,7 @@ StopControl::Running::Running(StopControl& control, TCustomVekAction& action, ui
 StopControl::Running::~Running() {
   const std::lock_guard lock(control_.mutex_);
   control_.running_.pop_back();
-  control_.interrupted_ = control_.stopRequested_ || std::ranges::any_of(control_.running_, &Entry::timedOut);
+  control_.Renew();
 }
 
 bool StopControl::Running::TimedOut() const {
@@ -62,12 +64,29 @@ bool StopControl::Running::TimedOut() const {
   return control_.running_.back().timedOut;
 }
 
+StopControl::Shield::Shield(StopControl& control) : control_(control), outer_(control.Guard(kAllOfThem)) {}
+StopControl::Shield::~Shield() { control_.Guard(outer_); }
+
+/// Shields so many of the running actions, at most all; answers how many were.
+size_t StopControl::Guard(size_t count) {
+  const std::lock_guard lock(mutex_);
+  const size_t before = std::exchange(shielded_, std::min(count, running_.size()));
+  Renew();
+  changed_.notify_all();
+  return before;
+}
+
+void StopControl::Renew() {
+  interrupted_ =
+      stopRequested_ || std::ranges::any_of(running_ | std::views::drop(shielded_), &Entry::timedOut);
+}
+
 /// The watchdog's thread: sleeps to the next deadline.
 void StopControl::Watch() {
   std::unique_lock lock(mutex_);
   while (!quit_) {
     double next = kNever;
-    for (const Entry& entry : running_) {
+    for (const Entry& entry : running_ | std::views::drop(shielded_)) {
       if (!entry.timedOut) next = std::min(next, entry.deadline);
     }
     if (next == kNever) {
@@ -81,7 +100,7 @@ void StopControl::Watch() {
 
 void StopControl::MarkExpired() {
   const double now = clock_.Seconds();
-  for (size_t i = 0; i < running_.size(); ++i) {
+  for (size_t i = shielded_; i < running_.size(); ++i) {
     if (running_[i].timedOut || running_[i].deadline > now) continue;
     running_[i].timedOut = true;
     interrupted_ = true;

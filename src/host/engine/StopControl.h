@@ -42,6 +42,20 @@ class StopControl {
     StopControl& control_;
   };
 
+  /// While it lives, the time-outs that cut running actions short do not concern what is started: it is there
+  /// to clean up after them.
+  class Shield {
+   public:
+    explicit Shield(StopControl& control);
+    ~Shield();
+    Shield(const Shield&) = delete;
+    Shield& operator=(const Shield&) = delete;
+
+   private:
+    StopControl& control_;
+    const size_t outer_;
+  };
+
   /// Called whenever running actions are asked to terminate; empty for nothing. [any thread]
   void OnTerminate(std::function<void()> handler);
 
@@ -57,6 +71,8 @@ class StopControl {
 
   void Watch();
   void MarkExpired();
+  void Renew();
+  size_t Guard(size_t count);
   void TerminateRunning(size_t outermost);
 
   Clock& clock_;
@@ -65,6 +81,7 @@ class StopControl {
   std::recursive_mutex mutex_;
   std::condition_variable_any changed_;
   std::vector<Entry> running_;
+  size_t shielded_ = 0;  // so many of them do not pass their time-outs on
   std::function<void()> onTerminate_;
   std::atomic<bool> stopRequested_ = false;
   std::atomic<bool> interrupted_ = false;

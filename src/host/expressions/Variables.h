@@ -13,6 +13,9 @@
 /// ones are remembered as such.
 class Variables {
  public:
+  /// Secret values are those of `outer` too, where there is one.
+  explicit Variables(Secrets* outer = nullptr) : secrets_(outer) {}
+
   /// The value, or null when no variable has that name.
   const Variant* Find(std::string_view name) const;
 

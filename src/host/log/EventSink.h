@@ -39,6 +39,13 @@ struct BuildSummary {
   int64_t failures = 0;   // executions that ended so, ignored ones included
   int64_t errors = 0;     // that actions logged although they succeeded
   int64_t erroneous = 0;  // executions that did so
+
+  void AddCounts(const BuildSummary& part) {
+    actions += part.actions;
+    failures += part.failures;
+    errors += part.errors;
+    erroneous += part.erroneous;
+  }
 };
 
 /// Receives what happens in a build, as it happens; an action's end comes after those of its children. A

@@ -17,6 +17,7 @@ bool HidesNothing(std::string_view text) {
 }  // namespace
 
 void Secrets::AddValue(const Variant& value) {
+  if (outer_) return outer_->AddValue(value);
   const std::string text = VariantToText(value);
   AddForms(text);
   const StringList lines = SplitLines(text);
@@ -31,6 +32,7 @@ void Secrets::AddForms(std::string_view text) {
 }
 
 std::string Secrets::Mask(std::string_view text) const {
+  if (outer_) return outer_->Mask(text);
   struct Range {
     size_t start, end;
   };

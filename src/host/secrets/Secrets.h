@@ -15,6 +15,9 @@ inline constexpr std::string_view kSecretText = "********";
 /// than four characters hides nothing: it would be everywhere.
 class Secrets {
  public:
+  /// Values are those of the outer secrets too, where there are any; the variables are their own.
+  explicit Secrets(Secrets* outer = nullptr) : outer_(outer) {}
+
   void AddVariable(std::string_view name) { variables_.emplace(name); }
   bool IsSecret(std::string_view name) const { return variables_.contains(name); }
 
@@ -25,11 +28,12 @@ class Secrets {
   std::string Mask(std::string_view text) const;
 
   /// Whether there is anything to hide.
-  bool Any() const { return !forms_.empty() || !variables_.empty(); }
+  bool Any() const { return !forms_.empty() || !variables_.empty() || (outer_ && outer_->Any()); }
 
  private:
   void AddForms(std::string_view text);
 
+  Secrets* const outer_;
   std::set<std::string, LessNoCase> variables_;
   std::set<std::string, std::less<>> forms_;
 };
