@@ -23,7 +23,7 @@ BEGIN {
   face["host/expressions"] = "Expressions VariableName Variables"
   face["host/filesets"] = "FileSets"
   face["host/log"] = "DisplayText EventSink LogOutput Logs"
-  face["host/project"] = "Project ProjectFile ProjectSchema ProjectVariables Quoted Validation VariablesFile"
+  face["host/project"] = "Project ProjectFile ProjectListing ProjectSchema ProjectVariables Quoted StepSelection Validation VariablesFile"
   face["host/scripts"] = "ScriptEngine"
   face["host/services"] = "ConsoleDialogs OptionStore"
 

@@ -28,6 +28,7 @@ constexpr auto kRunExamples = R"(
 Examples:
   vekrun run nightly.vekproj -D VERSION=1.4.2 -D "TITLE=Night build"
   vekrun run nightly.vekproj --vars ci.env
+  vekrun run nightly.vekproj --only package --skip /2/3
   vekrun run nightly.vekproj --log build.xml --log-format junit
   vekrun run nightly.vekproj --validate -q)";
 
@@ -41,6 +42,11 @@ constexpr auto kValidateExamples = R"(
 Examples:
   vekrun validate nightly.vekproj
   vekrun validate nightly.vekproj --json)";
+
+constexpr auto kListExamples = R"(
+Examples:
+  vekrun list nightly.vekproj
+  vekrun list nightly.vekproj --json)";
 
 constexpr auto kActionsExamples = R"(
 Examples:
@@ -126,6 +132,9 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   run->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
   AddRepeatable(*run, "--secret", arguments.secrets, "NAME",
                 "Show the values of this variable in no log; may be repeated");
+  AddRepeatable(*run, "--only", arguments.only, "STEP",
+                "Run this step alone, by path (/2/1) or Name; may be repeated");
+  AddRepeatable(*run, "--skip", arguments.skip, "STEP", "Leave this step out; may be repeated");
   run->add_flag("--strict", arguments.strict,
                 "A step that logged errors has failed, whatever its type makes of them");
   run->add_flag("-k,--keep-going", arguments.keepGoing,
@@ -147,12 +156,16 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   CLI::App* validate = AddCommand(app, Command::Validate, "validate", "Check a project without executing it",
                                   kValidateExamples, arguments);
   validate->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
+  CLI::App* list =
+      AddCommand(app, Command::List, "list", "Show what a project is made of without executing it",
+                 kListExamples, arguments);
+  list->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
   CLI::App* actions =
       AddCommand(app, Command::Actions, "actions", "List the action types", kActionsExamples, arguments);
   CLI::App* describe = AddCommand(app, Command::Describe, "describe",
                                   "Show an action type's properties and help", kDescribeExamples, arguments);
   describe->add_option("TYPEID", arguments.subject, "Type id of the action")->required()->type_name("");
-  for (CLI::App* sub : {validate, actions, describe}) {
+  for (CLI::App* sub : {validate, list, actions, describe}) {
     sub->add_flag("--json", arguments.json, "Print JSON");
     AddCommonOptions(*sub, arguments, raw);
   }

@@ -9,7 +9,7 @@
 #include "base/Text.h"
 #include "host/project/ProjectVariables.h"
 
-enum class Command { Run, Exec, Validate, Actions, Describe, Schema, Completion, Manual };
+enum class Command { Run, Exec, Validate, List, Actions, Describe, Schema, Completion, Manual };
 enum class LogFormat { Text, Jsonl, Junit };
 
 namespace CLI {
@@ -24,7 +24,8 @@ struct Arguments {
   std::vector<std::string> scripts;           // of exec: EVENT=FILE
   std::vector<VariableDefinition> variables;  // of -D
   std::vector<std::string> variableFiles;
-  std::vector<std::string> secrets;  // names of variables
+  std::vector<std::string> secrets;     // names of variables
+  std::vector<std::string> only, skip;  // steps, by path or Name
 
   LogFormat logFormat = LogFormat::Text;
   std::string logFile;  // empty: standard output

@@ -13,6 +13,8 @@
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
 #include "host/project/ProjectFile.h"
+#include "host/project/ProjectListing.h"
+#include "host/project/StepSelection.h"
 #include "host/project/Validation.h"
 #include "host/project/VariablesFile.h"
 #include "platform/Console.h"
@@ -182,6 +184,7 @@ int Build(const Arguments& arguments, const Load& load) {
   const std::vector<VariableDefinition> definitions = Definitions(session, arguments);
   Project project = load(session, context);
   PrintNearMisses(project, definitions);
+  ChooseSteps(project, arguments.only, arguments.skip);
   if (arguments.validate) {
     const auto problems = ValidateActions(project.actions);
     PrintProblems(problems, arguments.subject, std::cerr);
@@ -233,4 +236,14 @@ int ValidateProject(const Arguments& arguments) {
     PrintProblems(problems, arguments.subject, std::cout);
   }
   return problems.empty() ? kSuccess : kFailed;
+}
+
+int ListProject(const Arguments& arguments) {
+  Session session(arguments, false);
+  NoEvents events;
+  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
+  const Project project =
+      LoadProject(session.GetPlatform(), arguments.subject, session.GetCatalogue(), context);
+  std::cout << (arguments.json ? ListProjectAsJson(project) : ListProjectAsText(project));
+  return kSuccess;
 }

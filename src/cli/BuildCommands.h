@@ -6,3 +6,4 @@
 int RunProject(const Arguments& arguments);
 int ExecAction(const Arguments& arguments);
 int ValidateProject(const Arguments& arguments);
+int ListProject(const Arguments& arguments);

@@ -20,6 +20,8 @@ int Dispatch(const Arguments& arguments) {
       return ExecAction(arguments);
     case Command::Validate:
       return ValidateProject(arguments);
+    case Command::List:
+      return ListProject(arguments);
     case Command::Actions:
       return ListActions(arguments);
     case Command::Describe:

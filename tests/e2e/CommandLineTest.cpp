@@ -137,8 +137,8 @@ TEST(CommandLine, DescribeAnswersWhatTheClassAnswers) {
       "meaning": ["Specify either Start or End to write the new content to"]})"));
   EXPECT_EQ(answer.at("properties")[0].at("name"), "Name");
   EXPECT_FALSE(last.contains("role"));
-  EXPECT_EQ(answer.at("properties")[8].at("role"), "file");
-  EXPECT_EQ(answer.at("properties")[9].at("role"), "plain");
+  EXPECT_EQ(answer.at("properties")[9].at("role"), "file");
+  EXPECT_EQ(answer.at("properties")[10].at("role"), "plain");
   EXPECT_EQ(answer.at("aliases")[0], "[Action]");
 
   const auto deleteFiles = nlohmann::json::parse(RunVekrun({"describe", "HDELETE_FILE", "--json"}).out);

@@ -108,6 +108,7 @@ void Engine::Count(const ActionOutcome& outcome) {
 /// Whether the action runs at all, and if so, how it ends.
 ActionResult Engine::Decide(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
+  if (!node.chosen) return Skip(action, TVekActionStatus::asSkipped);
   if (!action.Enabled) return Skip(action, TVekActionStatus::asDisabled);
   const std::optional<bool> condition = EvaluateCondition(action);
   if (condition == false) return Skip(action, TVekActionStatus::asConditionNotMet);

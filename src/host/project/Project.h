@@ -30,6 +30,7 @@ struct ActionNode {
   std::unique_ptr<TCustomVekAction> action;
   std::vector<ActionNode> children;
   int line = 0;
+  bool chosen = true;  // else it is skipped, with what is below it
 };
 
 struct Project {

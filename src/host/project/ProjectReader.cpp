@@ -1,3 +1,4 @@
+#include <map>
 #include <set>
 
 #include "host/catalogue/Catalogue.h"
@@ -79,14 +80,16 @@ class Reader {
   std::string ReadVariableType(Node element, const std::string& place) const;
   FileSetDeclaration ReadFileSet(Node element, NameSet& names) const;
   std::vector<ActionNode> ReadActions(Node section, const std::string& place, const std::string& path,
-                                      size_t depth) const;
-  ActionNode ReadAction(Node element, const std::string& path, size_t depth) const;
+                                      size_t depth);
+  ActionNode ReadAction(Node element, const std::string& path, size_t depth);
+  void TakeName(Node element, const std::string& place, const std::string& path, const std::string& name);
   ActionNode CreateAction(Node element, const std::string& place) const;
   void ReadScript(Node element, const std::string& place, TCustomVekAction& action, NameSet& events) const;
 
   const ProjectXml& xml_;
   const Catalogue& catalogue_;
   IVekActionHost& host_;
+  std::map<std::string, std::string, LessNoCase> pathsByName_;  // of the actions that have a Name
 };
 
 Project Reader::Read() {
@@ -189,7 +192,7 @@ FileSetDeclaration Reader::ReadFileSet(Node element, NameSet& names) const {
 }
 
 std::vector<ActionNode> Reader::ReadActions(Node section, const std::string& place, const std::string& path,
-                                            size_t depth) const {
+                                            size_t depth) {
   std::vector<ActionNode> actions;
   xml_.ForEachElement(section, place, {"Action"}, [&](Node element) {
     actions.push_back(ReadAction(element, path + '/' + std::to_string(actions.size() + 1), depth));
@@ -197,7 +200,7 @@ std::vector<ActionNode> Reader::ReadActions(Node section, const std::string& pla
   return actions;
 }
 
-ActionNode Reader::ReadAction(Node element, const std::string& path, size_t depth) const {
+ActionNode Reader::ReadAction(Node element, const std::string& path, size_t depth) {
   std::string place = "action " + path;
   if (depth > kDeepestAction) {
     // The path of such an action is long and says nothing.
@@ -214,11 +217,22 @@ ActionNode Reader::ReadAction(Node element, const std::string& path, size_t dept
     if (name == "Properties") {
       SavedProperties saved(xml_, part, place, *node.action);
       node.action->ReadState(saved);
+      TakeName(part, place, path, node.action->Name);
     } else {
       node.children = ReadActions(part, place, path, depth + 1);
     }
   });
   return node;
+}
+
+/// What goes by a name must be one action.
+void Reader::TakeName(Node element, const std::string& place, const std::string& path,
+                      const std::string& name) {
+  if (name.empty()) return;
+  const auto [first, isNew] = pathsByName_.emplace(name, path);
+  if (isNew) return;
+  xml_.Fail(element, place,
+            "property Name: " + Quoted(name) + " is the name of action " + first->second + " already");
 }
 
 ActionNode Reader::CreateAction(Node element, const std::string& place) const {
