@@ -1,12 +1,17 @@
 #!/usr/bin/env bash
 # Cross-builds for Windows, runs the tests under Wine, and executes the tour with vekrun.exe.
 # usage: lane.sh [x64|x86] [OPTION]...   (options: those of ctest)
+#        lane.sh package                 (only makes a zip of the 64-bit build, in build/package)
 set -euo pipefail
 
 here=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=${here%/*}
 arch=x64
-case ${1:-} in x64 | x86) arch=$1 && shift ;; esac
+package=
+case ${1:-} in
+  x64 | x86) arch=$1 && shift ;;
+  package) package=yes ;;
+esac
 build=$root/build/windows-$arch
 
 case $arch in
@@ -52,11 +57,16 @@ run_tests() {
 
 need g++ cmake ninja-build dpkg-dev libpugixml-dev duktape-dev libcli11-dev nlohmann-json3-dev libpcre2-dev libgtest-dev \
   libgmock-dev "$compiler"
-[[ $arch == x86 ]] || need wine wine64 util-linux
+[[ $arch == x86 || $package ]] || need wine wine64 util-linux
 note "third-party libraries"
 prefix=$("$here/deps.sh" "$arch")
 configure "$prefix"
 note "building"
+if [[ $package ]]; then
+  ninja -C "$build" --quiet vekrun Vek40File >&2 || die "the build failed"
+  (cd "$build" && cpack -G ZIP -B "$root/build/package" >/dev/null) || die "could not make the zip"
+  exit
+fi
 if [[ $arch == x86 && ! -f ${VEK_ROOT32:-$root/build/wine32-root}/complete ]]; then
   ninja -C "$build" --quiet vekrun Vek40File >&2 || die "the build failed"
   note "32 bit is built, its tests were not: there is no 32-bit Wine (windows/wine32-root.sh makes one)"
