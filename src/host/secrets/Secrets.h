@@ -33,7 +33,7 @@ class Secrets {
  private:
   void AddForms(std::string_view text);
 
-  Secrets* const outer_;
+  Secrets* outer_;
   std::set<std::string, LessNoCase> variables_;
   std::set<std::string, std::less<>> forms_;
 };
