@@ -36,7 +36,7 @@ class Scripts {
   static constexpr size_t kMemory = size_t{4} << 20;
 
   bool Compiles(const std::string& text) {
-    environment_.variables = {};
+    environment_.variables = Variables();
     environment_.variables.Set("a", int64_t{3});
     environment_.log.clear();
     environment_.pollsLeft = 2;
