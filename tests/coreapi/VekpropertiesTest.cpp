@@ -159,8 +159,8 @@ TEST(Properties, InheritedOnesAreSavedFirstAndResultsNever) {
   action.WriteState(saved);
   EXPECT_THAT(saved.names,
               ElementsAre("Name", "Enabled", "Description", "IgnoreFailure", "Condition", "RetryCount",
-                          "RetryDelaySeconds", "TimeoutSeconds", "Text", "Wide", "Flag", "Truth", "Switch",
-                          "Number", "Count", "Mode", "Modes", "Lines", "When"));
+                          "RetryDelaySeconds", "TimeoutSeconds", "Always", "Text", "Wide", "Flag", "Truth",
+                          "Switch", "Number", "Count", "Mode", "Modes", "Lines", "When"));
   EXPECT_NE(action.FindProperty("result"), nullptr);
   EXPECT_EQ(action.FindProperty("Results"), nullptr);
 }

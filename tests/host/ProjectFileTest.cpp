@@ -235,6 +235,7 @@ constexpr std::string_view kFullProject = R"(<?xml version="1.0" encoding="UTF-8
         <RetryCount>4294967295</RetryCount>
         <RetryDelaySeconds>0</RetryDelaySeconds>
         <TimeoutSeconds>0</TimeoutSeconds>
+        <Always>False</Always>
         <Text/>
         <Wide>Grüße 😀</Wide>
         <Flag>False</Flag>
@@ -266,6 +267,7 @@ if (a < b && c) d("&amp;");
             <RetryCount>0</RetryCount>
             <RetryDelaySeconds>0</RetryDelaySeconds>
             <TimeoutSeconds>0</TimeoutSeconds>
+            <Always>False</Always>
             <Text>default</Text>
             <Wide/>
             <Flag>True</Flag>
