@@ -317,7 +317,7 @@ TEST_F(ProjectFileTest, ReadsEveryPart) {
   EXPECT_EQ(project.actions[0].action->GetScriptByName("OnSample")->Text(),
             "\nif (a < b && c) d(\"&amp;\");\n");
   ASSERT_EQ(project.actions[0].children.size(), 1u);
-  EXPECT_EQ(project.actions[0].children[0].line, 46);
+  EXPECT_EQ(project.actions[0].children[0].line, 47);
   EXPECT_EQ(Sample(project.actions[0].children[0]).Text, "default");
 }
 
