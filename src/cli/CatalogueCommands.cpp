@@ -10,6 +10,7 @@
 #include "host/catalogue/Description.h"
 #include "host/engine/BuildContext.h"
 #include "host/project/ProjectSchema.h"
+#include "platform/Console.h"
 
 int ListActions(const Arguments& arguments) {
   const Session session(arguments, true);
@@ -19,12 +20,15 @@ int ListActions(const Arguments& arguments) {
 }
 
 int DescribeAction(const Arguments& arguments) {
-  const Session session(arguments, true);
+  Session session(arguments, true);
+  Console& console = session.GetConsole();
+  const size_t width =
+      console.OutputIsTerminal() ? static_cast<size_t>(std::max(console.OutputWidth(), 0)) : 0;
   NoEvents events;
   BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
   const CatalogueEntry& entry = session.FindType(arguments.subject);
   std::cout << (arguments.json ? DescribeAsJson(session.GetCatalogue(), entry, context)
-                               : DescribeAsText(session.GetCatalogue(), entry, context));
+                               : DescribeAsText(session.GetCatalogue(), entry, context, width));
   return 0;
 }
 

@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <exception>
 #include <iostream>
 
@@ -36,9 +37,11 @@ int Dispatch(const Arguments& arguments) {
   return kUnusable;
 }
 
-/// Output that could not be written (a full disk, a closed pipe) is a failure, whatever it was.
+/// Output that could not be written is a failure, whatever it was; but a reader that has read enough, as head
+/// does, is none.
 int AfterOutput(int exitCode) {
-  if (std::cout.flush()) return exitCode;
+  const bool readerLeft = errno == EPIPE;
+  if (std::cout.flush() || readerLeft || errno == EPIPE) return exitCode;
   std::cerr << "vekrun: cannot write the output\n";
   return exitCode == 0 ? kFailed : exitCode;
 }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "gtest/gtest.h"
@@ -19,6 +20,22 @@ TEST(Description, AVaryingDefaultIsSaidNotShown) {
   }
   const std::string text = DescribeAsText(catalogue, catalogue.Entries()[0], host);
   EXPECT_NE(text.find(" varies"), std::string::npos) << text;
+}
+
+TEST(Description, FitsTheWidthOfATerminalAndLosesNothing) {
+  Catalogue catalogue;
+  catalogue.RegisterAction("Sample", "C", TSampleAction::Class(), "SAMPLE");
+  NullHost host;
+  const auto words = [](const std::string& text) {
+    const StringList all = SplitAt(ReplaceAll(text, "\n", " "), " ");
+    return std::ranges::count_if(all, [](const std::string& word) { return !word.empty(); });
+  };
+  const std::string whole = DescribeAsText(catalogue, catalogue.Entries()[0], host);
+  for (const size_t width : {50u, 80u, 120u}) {
+    const std::string text = DescribeAsText(catalogue, catalogue.Entries()[0], host, width);
+    EXPECT_EQ(words(text), words(whole));
+    for (const std::string& line : SplitLines(text)) EXPECT_LE(line.size(), width) << line;
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "forms/Vekpropertyeditors.h"
 #include "host/catalogue/Catalogue.h"
 #include "host/catalogue/PropertyMeaning.h"
+#include "host/log/DisplayText.h"
 
 namespace {
 
@@ -111,8 +112,30 @@ StringList LinesOf(const TCustomVekAction& action, Getter getter) {
   return lines;
 }
 
+constexpr size_t kLeastLastColumn = 30;
+constexpr std::string_view kHanging = "      ";
+
+/// The last column broken into lines of its own where the width asks for it: below its start, or below the
+/// whole row when little room is left there.
+std::string Wrapped(const std::string& start, const std::string& last, size_t width) {
+  std::string text;
+  const auto addLines = [&text](const std::string& first, std::string_view indent, const StringList& lines) {
+    for (const std::string& line : lines) {
+      text.append(text.empty() ? first : std::string(indent)).append(line).append("\n");
+    }
+  };
+  if (start.size() + kLeastLastColumn <= width) {
+    addLines(start, std::string(start.size(), ' '), WrapColumns(last, width - start.size()));
+    return text;
+  }
+  const size_t indent = std::min(start.find_first_not_of(' '), start.size());
+  addLines(start.substr(0, indent), kHanging, WrapColumns(Trim(start), width - kHanging.size()));
+  if (!last.empty()) addLines("", kHanging, WrapColumns(last, width - kHanging.size()));
+  return text;
+}
+
 /// Columns padded to the widest entry of each.
-std::string Table(const std::vector<StringList>& rows, std::string_view indent) {
+std::string Table(const std::vector<StringList>& rows, std::string_view indent, size_t width = 0) {
   std::vector<size_t> widths;
   for (const StringList& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
@@ -120,18 +143,21 @@ std::string Table(const std::vector<StringList>& rows, std::string_view indent) 
   }
   std::string text;
   for (const StringList& row : rows) {
-    std::string line(indent);
-    for (size_t i = 0; i < row.size(); ++i) {
-      line += row[i];
-      if (i + 1 < row.size()) line.append(widths[i] - row[i].size() + 2, ' ');
+    std::string start(indent);
+    for (size_t i = 0; i + 1 < row.size(); ++i) {
+      start.append(row[i]).append(widths[i] - row[i].size() + 2, ' ');
     }
-    text.append(line, 0, line.find_last_not_of(' ') + 1).append("\n");
+    std::string line = start + row.back();
+    line.resize(line.find_last_not_of(' ') + 1);
+    const bool fits = width <= kHanging.size() * 2 || line.size() <= width;
+    text += fits ? line + '\n' : Wrapped(start, std::string(Trim(row.back())), width);
   }
   return text;
 }
 
 std::string TypeText(const PropertyRow& row) {
   std::string text(PropertyTypeName(row.type));
+  if (row.IsText() && row.role != TextRole::Plain) text.append(", ").append(TextRoleName(row.role));
   if (row.enumType) text = DescribeExpectedText(row);
   return text;
 }
@@ -146,7 +172,8 @@ std::string Marks(const PropertyRow& row, const StringList& hidden, const String
   return text;
 }
 
-std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own) {
+std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& action, bool own,
+                          size_t width) {
   const StringList hidden = LinesOf(action, &TCustomVekAction::GetHiddenProperties);
   const StringList readOnly = LinesOf(action, &TCustomVekAction::GetReadOnlyProperties);
   std::vector<StringList> rows;
@@ -160,7 +187,7 @@ std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& a
     rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value, meaning.front()});
     for (size_t i = 1; i < meaning.size(); ++i) rows.push_back({"", "", "", meaning[i]});
   }
-  return Table(rows, "  ");
+  return Table(rows, "  ", width);
 }
 
 }  // namespace
@@ -189,12 +216,17 @@ std::string ListActionsAsJson(const Catalogue& catalogue) {
   return ToText(actions);
 }
 
-std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host) {
+std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host,
+                           size_t width) {
   const auto action = entry.actionClass->create(host);
-  std::string text = entry.displayName + "\n\n";
-  std::vector<StringList> facts = {{"Type id", entry.typeId},
-                                   {"Category", entry.category},
-                                   {"Class", std::string(entry.actionClass->className)}};
+  std::vector<StringList> facts = {{"Type id", entry.typeId}, {"Category", entry.category}};
+  for (const std::string& event : action->ScriptEvents()) facts.push_back({"Script event", event});
+  std::string text = entry.displayName + "\n\n" + Table(facts, "  ", width);
+  const std::string own = PropertyTable(entry, *action, true, width);
+  if (!own.empty()) text += "\nProperties (name, type, default, meaning)\n" + own;
+  text += "\nProperties of every action\n" + PropertyTable(entry, *action, false, width);
+
+  facts = {{"Class", std::string(entry.actionClass->className)}};
   for (const PageClass* page : entry.pages) {
     facts.push_back({"Page", page->create()->PageName() + " (" + std::string(page->className) + ")"});
   }
@@ -203,11 +235,7 @@ std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& ent
     facts.push_back(
         {"Editor", editor["editor"].get<std::string>() + " of " + editor["property"].get<std::string>()});
   }
-  for (const std::string& event : action->ScriptEvents()) facts.push_back({"Script event", event});
-  text += Table(facts, "  ");
-  const std::string own = PropertyTable(entry, *action, true);
-  if (!own.empty()) text += "\nProperties (name, type, default, meaning)\n" + own;
-  return text + "\nProperties of every action\n" + PropertyTable(entry, *action, false);
+  return text + "\nFor designers\n" + Table(facts, "  ", width);
 }
 
 std::string DescribeAsJson(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host) {

@@ -12,5 +12,7 @@ std::string ListActionsAsJson(const Catalogue& catalogue);
 
 /// Everything that an action type answers about itself. The host is what an instance is made with, for its
 /// defaults.
-std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host);
+/// `width` is in columns; 0 for lines as long as they are.
+std::string DescribeAsText(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host,
+                           size_t width = 0);
 std::string DescribeAsJson(const Catalogue& catalogue, const CatalogueEntry& entry, IVekActionHost& host);
