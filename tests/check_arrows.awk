@@ -22,7 +22,7 @@ BEGIN {
   face["host/engine"] = "ActionGroup BuildContext Engine StopControl"
   face["host/expressions"] = "Expressions VariableName Variables"
   face["host/filesets"] = "FileSets"
-  face["host/log"] = "DisplayText EventSink LogOutput Logs"
+  face["host/log"] = "DisplayText EventQueue EventSink LogOutput Logs"
   face["host/project"] = "Project ProjectFile ProjectListing ProjectSchema ProjectVariables Quoted StepSelection Validation VariablesFile"
   face["host/scripts"] = "ScriptEngine"
   face["host/services"] = "ConsoleDialogs OptionStore"

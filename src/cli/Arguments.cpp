@@ -29,7 +29,7 @@ Examples:
   vekrun run nightly.vekproj -D VERSION=1.4.2 -D "TITLE=Night build"
   vekrun run nightly.vekproj --vars ci.env
   vekrun run nightly.vekproj --only package --skip /2/3
-  vekrun run nightly.vekproj --log build.xml --log-format junit
+  vekrun run nightly.vekproj --report junit=build.xml --report jsonl=build.jsonl
   vekrun run nightly.vekproj --validate -q)";
 
 constexpr auto kExecExamples = R"(
@@ -78,7 +78,7 @@ Examples:
 
 /// The texts as they come, before they are taken apart.
 struct RawArguments {
-  std::vector<std::string> variables, drives, options;
+  std::vector<std::string> variables, drives, options, reports;
   std::optional<std::string> logFormat, logFile;
 };
 
@@ -135,6 +135,8 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   AddRepeatable(*run, "--only", arguments.only, "STEP",
                 "Run this step alone, by path (/2/1) or Name; may be repeated");
   AddRepeatable(*run, "--skip", arguments.skip, "STEP", "Leave this step out; may be repeated");
+  AddRepeatable(*run, "--report", raw.reports, "FORMAT=FILE",
+                "Write a report (text, jsonl or junit) beside the log; may be repeated");
   run->add_flag("--strict", arguments.strict,
                 "A step that logged errors has failed, whatever its type makes of them");
   run->add_flag("-k,--keep-going", arguments.keepGoing,
@@ -192,15 +194,20 @@ void Declare(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   DeclareCommands(app, arguments, raw);
 }
 
-LogFormat FormatOf(const std::string& name) {
+LogFormat FormatOf(const std::string& name, const std::string& what) {
   for (const auto& [known, format] : kLogFormats) {
     if (SameText(known, name)) return format;
   }
-  throw UsageError{"--log-format " + name + ": it must be text, jsonl or junit"};
+  throw UsageError{what + ": it must be text, jsonl or junit"};
 }
 
 void TakeLog(const RawArguments& raw, Arguments& arguments) {
-  if (raw.logFormat) arguments.logFormat = FormatOf(*raw.logFormat);
+  if (raw.logFormat) arguments.logFormat = FormatOf(*raw.logFormat, "--log-format " + *raw.logFormat);
+  for (const std::string& text : raw.reports) {
+    const auto [format, file] = SplitAssignment(text, "--report", "FORMAT=FILE");
+    arguments.reports.push_back({FormatOf(format, "--report " + text), file});
+    if (file.empty()) throw UsageError{"--report " + text + ": the name of the file is empty"};
+  }
   if (!raw.logFile) return;
   if (raw.logFile->empty()) throw UsageError{"--log: the name of the file is empty"};
   arguments.logFile = *raw.logFile;

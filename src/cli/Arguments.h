@@ -29,6 +29,11 @@ struct Arguments {
 
   LogFormat logFormat = LogFormat::Text;
   std::string logFile;  // empty: standard output
+  struct Report {
+    LogFormat format;
+    std::string file;
+  };
+  std::vector<Report> reports;  // beside the log
   bool json = false;
   bool validate = false;
   bool unattended = false;

@@ -6,109 +6,25 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "cli/BuildLogs.h"
 #include "cli/NoEvents.h"
 #include "cli/Session.h"
 #include "host/engine/BuildContext.h"
 #include "host/engine/Engine.h"
-#include "host/log/LogOutput.h"
-#include "host/log/Logs.h"
+#include "host/log/DisplayText.h"
 #include "host/project/ProjectFile.h"
 #include "host/project/ProjectListing.h"
 #include "host/project/StepSelection.h"
 #include "host/project/Validation.h"
 #include "host/project/VariablesFile.h"
 #include "platform/Console.h"
-#include "platform/Entries.h"
 #include "platform/Environment.h"
-#include "platform/ErrorTexts.h"
 
 namespace {
 
 constexpr int kSuccess = 0;
 constexpr int kFailed = 1;
 constexpr int kUnusable = 2;
-
-/// The log that the arguments ask for. Its file is opened late, so that a project which cannot be used does
-/// not cost the log of an earlier build.
-class BuildLog final : private OutputStream {
- public:
-  BuildLog(Session& session, const Arguments& arguments)
-      : session_(session), fileName_(arguments.logFile), output_(*this, [this] { onFailure_(); }) {
-    events_ = Create(arguments, fileName_.empty() && session.GetConsole().OutputIsTerminal());
-  }
-
-  EventSink& Events() { return *events_; }
-  void OnFailure(std::function<void()> handler) { onFailure_ = std::move(handler); }
-
-  /// Raises EVekError when the log file cannot be written.
-  void Open(const Project& project) {
-    target_ = &session_.GetConsole().StandardOutput();
-    if (!fileName_.empty()) OpenFile(project);
-    if (!early_.empty()) output_.Write(std::exchange(early_, {}));
-  }
-
-  /// Says on standard error what kept the log from being written; false when nothing did.
-  bool ReportFailure() const {
-    if (!output_.Failed()) return false;
-    std::cerr << "vekrun: cannot write the log" << (fileName_.empty() ? "" : " " + fileName_) << ": "
-              << ErrorText(output_.FailureCode()) << '\n';
-    return true;
-  }
-
- private:
-  SysResult Write(std::string_view bytes) override {
-    if (target_) return target_->Write(bytes);
-    early_ += bytes;
-    return {};
-  }
-
-  void OpenFile(const Project& project) {
-    if (!project.fileName.empty() && IsProject(project.fileName)) {
-      throw EVekError("cannot write the log " + fileName_ + ": it is the project");
-    }
-    SysResult opened;
-    file_ = session_.GetConsole().OpenFile(fileName_, opened);
-    if (!file_) throw EVekError("cannot write the log " + fileName_ + ": " + ErrorText(opened.code));
-    target_ = file_.get();
-  }
-
-  /// A link to the project and another name of it are the project, too.
-  bool IsProject(const std::string& projectFile) const {
-    const Platform& platform = session_.GetPlatform();
-    const auto identity = platform.entries->Identity(fileName_);
-    return platform.environment->FullPath(fileName_) == projectFile ||
-           (identity && identity == platform.entries->Identity(projectFile));
-  }
-
-  std::unique_ptr<EventSink> Create(const Arguments& arguments, bool terminal) {
-    switch (arguments.logFormat) {
-      case LogFormat::Jsonl:
-        return CreateJsonLog(output_);
-      case LogFormat::Junit:
-        return CreateJunitLog(output_);
-      case LogFormat::Text:
-        break;
-    }
-    TextLogStyle style;
-    if (arguments.quiet) style.verbosity = Verbosity::Quiet;
-    if (arguments.verbose) style.verbosity = Verbosity::Verbose;
-    style.liveProgress = terminal;
-    style.colours = terminal && !session_.GetPlatform().environment->Variable("NO_COLOR");
-    style.width = terminal ? session_.GetConsole().OutputWidth() : style.width;
-    return CreateTextLog(output_, style);
-  }
-
-  std::string ErrorText(Win32Error code) const { return session_.GetPlatform().errorTexts->Text(code); }
-
-  Session& session_;
-  std::string fileName_;
-  std::unique_ptr<OutputStream> file_;
-  OutputStream* target_ = nullptr;
-  std::string early_;  // what the scripts of declared variables log, before there is a target
-  std::function<void()> onFailure_ = [] {};
-  LogOutput output_;
-  std::unique_ptr<EventSink> events_;
-};
 
 bool IsUnattended(Session& session, const Arguments& arguments) {
   return arguments.unattended || !session.GetConsole().InputIsTerminal();
@@ -171,15 +87,22 @@ void PrintProblemsAsJson(const std::vector<ValidationProblem>& problems) {
   std::cout << array.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
 }
 
+/// A step may take its time to end, and whoever pressed Ctrl-C should know what is waited for.
+void SayStopping(Console& console, const std::string& step) {
+  const std::string start = console.OutputIsTerminal() ? "\n" : "";
+  const std::string what = step.empty() ? "" : ", waiting for " + DisplayLine(step);
+  console.StandardError().Write(start + "vekrun: stopping" + what + " (Ctrl-C again ends it at once)\n");
+}
+
 /// Executes what `load` makes for the build and answers the exit code.
 template <class Load>
 int Build(const Arguments& arguments, const Load& load) {
   Session session(arguments, false);
-  BuildLog log(session, arguments);
-  BuildContext context(session.GetPlatform(), session.GetCatalogue(), log.Events(),
+  BuildLogs logs(session, arguments);
+  BuildContext context(session.GetPlatform(), session.GetCatalogue(), logs.Events(),
                        IsUnattended(session, arguments));
   if (arguments.allowProtected) context.AllowProtected();
-  log.OnFailure([&context] { context.Stop().RequestStop(); });
+  logs.OnFailure([&context] { context.Stop().RequestStop(); });
 
   const std::vector<VariableDefinition> definitions = Definitions(session, arguments);
   Project project = load(session, context);
@@ -190,7 +113,10 @@ int Build(const Arguments& arguments, const Load& load) {
     PrintProblems(problems, arguments.subject, std::cerr);
     if (!problems.empty()) return kUnusable;
   }
-  const auto interrupt = session.GetConsole().OnInterrupt([&context] { context.Stop().RequestStop(); });
+  const auto interrupt = session.GetConsole().OnInterrupt([&session, &context] {
+    SayStopping(session.GetConsole(), context.Stop().RunningStep());
+    context.Stop().RequestStop();
+  });
   for (const std::string& name : arguments.secrets) context.MarkVariableSecret(name);
   try {
     DefineVariables(context, project, definitions);
@@ -199,12 +125,12 @@ int Build(const Arguments& arguments, const Load& load) {
     throw EProjectError(context.Masked(error.what()));
   }
 
-  log.Open(project);
+  logs.Open(project);
   session.Dialogs().SetBuild(&context);
   const BuildSummary summary =
       Engine(context, {arguments.strict, arguments.keepGoing}).Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);
-  if (log.ReportFailure()) return kFailed;
+  if (logs.ReportFailures()) return kFailed;
   if (summary.result == ActionResult::Stopped) return kStoppedByUser;
   return summary.result == ActionResult::Success ? kSuccess : kFailed;
 }

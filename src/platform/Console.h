@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -14,6 +15,13 @@ class OutputStream {
  public:
   virtual ~OutputStream() = default;
   virtual SysResult Write(std::string_view bytes) = 0;
+
+  /// Whether what was written can be written over: it can in a file that was opened here, and not in what
+  /// goes on to somebody else.
+  virtual bool CanRewrite() { return false; }
+  virtual SysResult WriteAt(uint64_t /*position*/, std::string_view /*bytes*/) {
+    return SysResult::Failure(Win32Error::NotSupported);
+  }
 };
 
 /// The exit code of a process that the user has stopped.

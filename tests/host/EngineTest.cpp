@@ -105,8 +105,8 @@ TEST_F(EngineTest, TheTimeOfAnActionTakesInItsChildren) {
   child.IgnoreFailure = true;
   EXPECT_EQ(RunAll().result, ActionResult::Failure);
   EXPECT_THAT(Log(),
-              ElementsAre("build-start test", "start /1", "start /1/1", "end /1/1 failure",
-                          "error /1 Timed out after 1 seconds", "end /1 failure", "build-end failure 2 2"));
+              ElementsAre("build-start test", "start /1", "start /1/1", "error /1 Timed out after 1 seconds",
+                          "end /1/1 failure", "end /1 failure", "build-end failure 2 2"));
 }
 
 TEST_F(EngineTest, AStopEndsWhatRunsAndEverythingAfterIt) {
@@ -139,7 +139,7 @@ TEST_F(EngineTest, AScriptThatNeverEndsIsEndedByTheTimeOut) {
   project.actions[0].action->TimeoutSeconds = 1;
   EXPECT_EQ(RunAll().result, ActionResult::Failure);
   EXPECT_EQ(Errors().size(), 2u);
-  EXPECT_EQ(Errors().back(), "Timed out after 1 seconds");
+  EXPECT_EQ(Errors().front(), "Timed out after 1 seconds");
 }
 
 /// A loop over numbers whose count a test may change as it goes.

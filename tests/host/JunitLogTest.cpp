@@ -1,7 +1,8 @@
+#include <algorithm>
 #include <functional>
 #include <pugixml.hpp>
 
-#include "gtest/gtest.h"
+#include "gmock/gmock.h"
 
 #include "host/LogTesting.h"
 #include "host/log/Logs.h"
@@ -11,7 +12,9 @@ namespace {
 std::string Record(const std::function<void(EventSink&)>& play) {
   MemoryStream stream;
   LogOutput output(stream, {});
-  play(*CreateJunitLog(output));
+  const auto log = CreateJunitLog(output);
+  log->At(*ParseIso8601("2007-03-05T10:00:00"));
+  play(*log);
   return stream.Text();
 }
 
@@ -46,15 +49,15 @@ class Report {
 TEST(JunitLog, ShowsABuild) {
   EXPECT_EQ(Record(PlaySmallBuild), R"(<?xml version="1.0" encoding="UTF-8"?>
 <testsuites>
-  <testsuite name="demo.vekproj" tests="2" failures="0" errors="0" skipped="2" time="2.000">
-    <testcase name="Delete File(s): *.obj" classname="HDELETEFILES" time="0.250">
+  <testsuite name="demo.vekproj" timestamp="2007-03-05T10:00:00" tests="2" failures="0" errors="0" skipped="2" time="2.000">
+    <testcase name="Delete File(s): *.obj" classname="Clean" time="0.250">
       <skipped message="failed, ignored: Access is denied."/>
       <system-out>Deleting files : *.obj
  --&gt; Access is denied.
 0 Files Deleted.
 </system-out>
     </testcase>
-    <testcase name="Create out" classname="HCREATEDIR" time="0.000">
+    <testcase name="Create out" classname="Clean" time="0.000">
       <skipped/>
     </testcase>
     <system-out>Cleaned
@@ -133,6 +136,57 @@ TEST(JunitLog, ABuildThatFailedOutsideItsActionsIsNotGreen) {
   }));
   EXPECT_EQ(report.Counts(), "1100");
   EXPECT_STREQ(report.Case("Build").child("failure").attribute("message").value(), "cannot expand \"OUT\"");
+}
+
+TEST(JunitLog, NamesAreUniqueAndGroupsAreClasses) {
+  const Report report(Record([](EventSink& log) {
+    log.BuildStart("demo.vekproj");
+    const ActionPlace outer{"/2", "LISTITERATOR", "Loop", true, "1"};
+    for (const std::string_view passes : {"1.1", "1.2", "1.2", "1.2"}) {
+      log.ActionStart(outer);
+      log.ActionStart(kGroup);
+      for (ActionPlace place : {kDelete, kCreate}) {
+        place.passes = passes;
+        place.title = "Step";
+        log.ActionStart(place);
+        log.ActionEnd(place, {ActionResult::Success, 0});
+      }
+      log.ActionEnd(kGroup, {ActionResult::Success, 0});
+      log.ActionEnd(outer, {ActionResult::Success, 0});
+    }
+    log.ActionStart(kCreate);
+    log.ActionEnd(kCreate, {ActionResult::Failure, 0, 1, false, true});
+    log.BuildEnd({});
+  }));
+  StringList names;
+  for (const auto& testCase : report.suite.children("testcase"))
+    names.emplace_back(testCase.attribute("name").value());
+  EXPECT_THAT(names, testing::ElementsAre("Step (pass 1.1)", "Step (pass 1.1) [/1/2]", "Step (pass 1.2)",
+                                          "Step (pass 1.2) [/1/2]", "Step (pass 1.2) [/1/1]",
+                                          "Step (pass 1.2) [/1/2] #2", "Step (pass 1.2) [/1/1] #2",
+                                          "Step (pass 1.2) [/1/2] #3", "Create out"));
+  EXPECT_STREQ(report.Case("Step (pass 1.1)").attribute("classname").value(), "Loop / Clean");
+  EXPECT_STREQ(report.Case("Create out").attribute("classname").value(), "demo.vekproj");
+  EXPECT_EQ(report.Counts(), "9001");  // a failure that is passed over is none
+}
+
+TEST(JunitLog, InAFileTheReportIsWholeAllTheTime) {
+  struct File final : OutputStream {
+    SysResult Write(std::string_view) override { return SysResult::Failure(Win32Error::NotSupported); }
+    bool CanRewrite() override { return true; }
+    SysResult WriteAt(uint64_t position, std::string_view bytes) override {
+      text.resize(std::max(text.size(), position + bytes.size()));
+      text.replace(position, bytes.size(), bytes);
+      if (position == 0) counts += Report(text).Counts() + ' ';
+      return {};
+    }
+    std::string text, counts;
+  } file;
+  LogOutput output(file, {});
+  PlaySmallBuild(*CreateJunitLog(output));
+  EXPECT_EQ(file.counts, "0000 1001 2002 2002 ");
+  EXPECT_STREQ(Report(file.text).suite.child_value("system-out"), "Cleaned\n");
+  EXPECT_FALSE(output.Failed());
 }
 
 TEST(JunitLog, EveryPassOfALoopIsACaseWithItsOwnOutput) {

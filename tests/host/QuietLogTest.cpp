@@ -20,6 +20,7 @@ TEST_F(QuietLogTest, ShowsWhatFailedAndTheSummary) {
             "    Deleting files : *.obj\n"
             "     --> Access is denied.\n"
             "    0 Files Deleted.\n"
+            "    failed, ignored\n"
             "Succeeded: 2 actions, 1 failure ignored, 2.00 s\n");
 }
 
@@ -39,7 +40,6 @@ TEST_F(QuietLogTest, ATitleIsShownOnceForAllThatFailedBelowIt) {
             "    why\n"
             "  Delete File(s): *.obj\n"
             "    why\n"
-            "  of the group\n"
             "  error: no more\n");
 }
 

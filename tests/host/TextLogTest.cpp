@@ -168,14 +168,17 @@ TEST(TextLog, WritesOncePerEventThatShows) {
 
 TEST(TextLog, TheProgressLineGivesWayToEveryOtherLine) {
   const MemoryStream stream = Record({.liveProgress = true, .width = 16}, [](EventSink& log) {
-    log.Progress("/1/2", "working", 10);
-    log.Progress("/1/2", "working", 10);
+    log.ActionStart(kCreate);
+    log.Progress("/1/2", "a moment", 5);
+    log.At({0.51 / 86400});
+    log.Progress("/1/2", "a moment", 10);
+    log.Progress("/1/2", "a moment", 10);
     log.Message("/1/2", "a");
-    log.Progress("/1/2", "working", 10);
+    log.Progress("/1/2", "next", 10);
     log.ActionEnd(kCreate, {ActionResult::Success, 0});
   });
-  EXPECT_THAT(stream.writes, ElementsAre("\rworking     10%", "\r               \r    a\n",
-                                         "\rworking     10%", "\r               \r"));
+  EXPECT_THAT(stream.writes, ElementsAre("  Create out\n", "\ra moment    10%", "\r               \r    a\n",
+                                         "\r[2] next    10%", "\r               \r"));
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ class TitleSource final : public ExpressionSource {
 }  // namespace
 
 std::string ActionTitle(const TCustomVekAction& action, const Variables& variables) {
-  std::string description = action.GetDescription();
+  const std::string description = variables.GetSecrets().Mask(action.GetDescription());
   if (description.find('%') == std::string::npos) return description;
   try {
     TitleSource source(variables);

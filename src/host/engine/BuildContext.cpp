@@ -25,6 +25,9 @@ BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue,
       stop_(*ownStop_),
       fileSets_(*this) {
   ReportPrograms();
+  stop_.OnTimeout([this](std::string_view path, uint32_t seconds) {
+    Postpone({"Timed out after " + std::to_string(seconds) + " seconds", std::string(path)});
+  });
 }
 
 BuildContext::BuildContext(BuildContext& outer)
@@ -65,15 +68,23 @@ void BuildContext::SetProject(Project* project) {
 }
 
 EventSink& BuildContext::Events() {
+  if (outer_) outer_->Events();
   events_.At(platform_.clock->UtcNow());
   if (hasPostponed_.load(std::memory_order_relaxed)) {
-    StringList messages;
+    std::vector<Postponed> told;
     {
       const std::lock_guard lock(postponedMutex_);
-      messages.swap(postponed_);
+      told.swap(postponed_);
       hasPostponed_ = false;
     }
-    for (const std::string& text : messages) events_.Message(path_, text);
+    for (const auto& [text, errorPath] : told) {
+      if (errorPath.empty()) {
+        events_.Message(path_, text);
+      } else {
+        CountError();
+        events_.Error(errorPath, text);
+      }
+    }
   }
   return events_;
 }
@@ -134,10 +145,15 @@ void BuildContext::SendMessage(std::string_view text) {
     EventSink& events = Events();
     return speaking_ ? events.ProgramLine(path_, *speaking_, text) : events.Message(path_, text);
   }
+  Postpone({std::string(text)});
+}
+
+void BuildContext::Postpone(Postponed told) {
   const std::lock_guard lock(postponedMutex_);
-  postponed_.emplace_back(text);
+  postponed_.push_back(std::move(told));
   hasPostponed_ = true;
 }
+
 void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
   Events().Status(path_, message.Lines());
 }

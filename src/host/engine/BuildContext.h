@@ -71,6 +71,9 @@ class BuildContext final : public IVekActionHost,
   /// The text with what is secret hidden, for what is shown outside the log.
   std::string Masked(std::string_view text) const { return variables_.GetSecrets().Mask(text); }
 
+  /// Logs what other threads have told meanwhile.
+  void LogPostponed() { Events(); }
+
   /// The truth of a condition, blank text counting as true; raises EVekError.
   bool EvaluateCondition(std::string_view expression);
 
@@ -113,9 +116,17 @@ class BuildContext final : public IVekActionHost,
   bool Interrupted() override { return stop_.Stopped(); }
 
   // ProgramListener
+  void BeforeProgram() override { Events().Settle(); }
   void OnProgram(std::string_view commandLine, const std::string& startDirectory) override;
   void BeginLine(ProgramStream stream) override { speaking_ = stream; }
   void EndLine() override { speaking_.reset(); }
+
+  /// What another thread tells.
+  struct Postponed {
+    std::string text;
+    std::string errorPath = {};  // empty for a message
+  };
+  void Postpone(Postponed told);
 
   ScriptEngine& Scripts();
 
@@ -139,7 +150,7 @@ class BuildContext final : public IVekActionHost,
   StopControl& stop_;
   const std::thread::id buildThread_ = std::this_thread::get_id();
   std::mutex postponedMutex_;
-  StringList postponed_;  // messages of other threads
+  std::vector<Postponed> postponed_;
   std::atomic<bool> hasPostponed_ = false;
   FileSets fileSets_;
   std::unique_ptr<ScriptEngine> scripts_;  // made by the first script: most builds need none

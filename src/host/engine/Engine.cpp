@@ -82,12 +82,19 @@ ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
   Clock& clock = *context_.GetPlatform().clock;
   const double start = clock.Seconds();
   const std::string title = ActionTitle(*node.action, context_.GetVariables());
-  const ActionPlace place{path, node.typeId, title, !node.children.empty() || RunsProject(*node.action)};
+  const std::string passes = passes_;
+  const ActionPlace place{path, node.typeId, title, !node.children.empty() || RunsProject(*node.action),
+                          passes};
+  const std::string stepName = path + ' ' + title;
+  const StopControl::Step step(context_.Stop(), stepName);
   context_.SetCurrentPath(path);
   context_.Events().ActionStart(place);
   const int64_t errorsOfParent = context_.TakeErrorCount();
   ActionOutcome outcome;
+  outcome.forgiven = forgiving_ > 0;
+  forgiving_ += node.action->IgnoreFailure;
   outcome.result = Decide(node, path);
+  forgiving_ -= node.action->IgnoreFailure;
   outcome.ignored = outcome.result == ActionResult::Failure && node.action->IgnoreFailure;
   outcome.errors = context_.TakeErrorCount();
   outcome.seconds = clock.Seconds() - start;
@@ -110,7 +117,7 @@ ActionResult Engine::Decide(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
   if (!node.chosen) return Skip(action, TVekActionStatus::asSkipped);
   if (!action.Enabled) return Skip(action, TVekActionStatus::asDisabled);
-  const std::optional<bool> condition = EvaluateCondition(action);
+  const std::optional<bool> condition = EvaluateCondition(action, path);
   if (condition == false) return Skip(action, TVekActionStatus::asConditionNotMet);
   const ActionResult result = condition ? RunAttempts(node, path) : FailureOrStop();
   // An action that gave itself a status while it ran keeps it.
@@ -121,28 +128,32 @@ ActionResult Engine::Decide(ActionNode& node, const std::string& path) {
 }
 
 /// Nothing when the condition fails, which is then reported.
-std::optional<bool> Engine::EvaluateCondition(TCustomVekAction& action) {
-  const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+std::optional<bool> Engine::EvaluateCondition(TCustomVekAction& action, const std::string& path) {
+  const StopControl::Running running(context_.Stop(), action, path, action.TimeoutSeconds);
   try {
     return context_.EvaluateCondition(action.Condition);
   } catch (const std::exception& error) {
     context_.ReportError(std::string("Condition: ") + error.what());
-    ReportTimeout(running, action);
+    TimedOut(running);
     return {};
   }
 }
 
-bool Engine::ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action) {
+/// Tells so, before anything that comes of it.
+bool Engine::TimedOut(const StopControl::Running& running) {
   if (!running.TimedOut()) return false;
-  context_.ReportError("Timed out after " + std::to_string(action.TimeoutSeconds) + " seconds");
+  context_.LogPostponed();
   return true;
 }
 
 ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
   const uint64_t attempts = uint64_t{node.action->RetryCount} + 1;
   for (uint64_t attempt = 1;; ++attempt) {
+    const bool isLast = attempt == attempts;
+    forgiving_ += !isLast;
     const ActionResult result = RunAttempt(node, path);
-    if (result != ActionResult::Failure || attempt == attempts || context_.Stop().Stopped()) return result;
+    forgiving_ -= !isLast;
+    if (result != ActionResult::Failure || isLast || context_.Stop().Stopped()) return result;
     context_.ReportError("Attempt " + std::to_string(attempt) + " of " + std::to_string(attempts) +
                          " failed; trying again");
     if (!context_.Stop().Wait(node.action->RetryDelaySeconds)) return FailureOrStop();
@@ -151,16 +162,15 @@ ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
 
 ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
-  const StopControl::Running running(context_.Stop(), action, action.TimeoutSeconds);
+  const StopControl::Running running(context_.Stop(), action, path, action.TimeoutSeconds);
   // What asks running actions to terminate may have come before this one was among them.
-  if (context_.Stop().Stopped())
-    return ReportTimeout(running, action) ? ActionResult::Failure : FailureOrStop();
+  if (context_.Stop().Stopped()) return TimedOut(running) ? ActionResult::Failure : FailureOrStop();
   // What an attempt that broke off left behind is no part of this one.
   action.ResetBuildStatus();
   action.SetActionStatus(TVekActionStatus::asRunning);
   context_.TakeErrorCount();
   const ActionResult result = RunPasses(node, path);
-  if (ReportTimeout(running, action)) return ActionResult::Failure;
+  if (TimedOut(running)) return ActionResult::Failure;
   if (result == ActionResult::Success && options_.strict && context_.ErrorCount() > 0) {
     context_.ReportError("The step logged errors, and --strict makes it fail for them");
     return ActionResult::Failure;
@@ -170,9 +180,9 @@ ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
 
 ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
   bool failed = false;
-  for (;;) {
+  for (int64_t pass = 1;; ++pass) {
     auto next = TVekNextAction::naDefault;
-    const ActionResult result = RunPass(node, path, next);
+    const ActionResult result = RunPass(node, path, pass, next);
     failed = failed || result == ActionResult::Failure;
     const bool mayGoOn =
         result == ActionResult::Success ||
@@ -183,7 +193,7 @@ ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
 }
 
 /// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
-ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNextAction& next) {
+ActionResult Engine::RunPass(ActionNode& node, const std::string& path, int64_t pass, TVekNextAction& next) {
   TCustomVekAction& action = *node.action;
   if (RunsProject(action) && !node.children.empty()) {
     context_.ReportError("No actions can stand below this one: those of the project do");
@@ -199,7 +209,12 @@ ActionResult Engine::RunPass(ActionNode& node, const std::string& path, TVekNext
   }
   action.GetNextActionSource(false, next);
   if (!RunsChildren(next)) return ActionResult::Success;
+  const size_t outerPasses = passes_.size();
+  if (next == TVekNextAction::naChildren) {
+    passes_.append(passes_.empty() ? "" : ".").append(std::to_string(pass));
+  }
   const ActionResult result = RunActions(node.children, path);
+  passes_.resize(outerPasses);
   context_.SetCurrentPath(path);
   return result;
 }
@@ -210,6 +225,8 @@ ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& 
   BuildContext& context = nested->Context();
   context.SetProject(&nested->GetProject());
   Engine engine(context, options_);
+  engine.passes_ = passes_;
+  engine.forgiving_ = forgiving_;
   const ActionResult result = engine.RunActions(nested->GetProject().actions, path);
   context.SetProject(nullptr);
   summary_.AddCounts(engine.summary_);

@@ -32,15 +32,17 @@ class Engine {
   ActionResult Decide(ActionNode& node, const std::string& path);
   ActionResult RunAttempts(ActionNode& node, const std::string& path);
   ActionResult RunAttempt(ActionNode& node, const std::string& path);
-  ActionResult RunPass(ActionNode& node, const std::string& path, TVekNextAction& next);
+  ActionResult RunPass(ActionNode& node, const std::string& path, int64_t pass, TVekNextAction& next);
   ActionResult RunNested(TCustomVekRunProject& action, const std::string& path);
   ActionResult RunPasses(ActionNode& node, const std::string& path);
   void Count(const ActionOutcome& outcome);
-  std::optional<bool> EvaluateCondition(TCustomVekAction& action);
-  bool ReportTimeout(const StopControl::Running& running, const TCustomVekAction& action);
+  std::optional<bool> EvaluateCondition(TCustomVekAction& action, const std::string& path);
+  bool TimedOut(const StopControl::Running& running);
   ActionResult FailureOrStop() const;
 
   BuildContext& context_;
   const EngineOptions options_;
   BuildSummary summary_;
+  std::string passes_;  // of the loops that run, outermost first
+  int forgiving_ = 0;   // how much around the running action goes on when it fails
 };

@@ -30,7 +30,9 @@ class ReportedOutput final : public ProcessOutput {
   ProgramListener& listener_;
 };
 
+/// Announces what is to be started now.
 ProcessAnnouncement Announcement(ProgramListener& listener, const std::string& folder) {
+  listener.BeforeProgram();
   return [&listener, folder](std::string_view commandLine) { listener.OnProgram(commandLine, folder); };
 }
 

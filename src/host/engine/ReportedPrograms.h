@@ -12,6 +12,9 @@ class ProgramListener {
  public:
   virtual ~ProgramListener() = default;
 
+  /// A program is about to be started.
+  virtual void BeforeProgram() = 0;
+
   /// `startDirectory` is empty for the current folder.
   virtual void OnProgram(std::string_view commandLine, const std::string& startDirectory) = 0;
 

@@ -33,6 +33,26 @@ void StopControl::RequestStop() {
   changed_.notify_all();
 }
 
+StopControl::Step::Step(StopControl& control, std::string_view name) : control_(control) {
+  const std::lock_guard lock(control_.mutex_);
+  control_.steps_.push_back(name);
+}
+
+StopControl::Step::~Step() {
+  const std::lock_guard lock(control_.mutex_);
+  control_.steps_.pop_back();
+}
+
+std::string StopControl::RunningStep() const {
+  const std::lock_guard lock(mutex_);
+  return steps_.empty() ? "" : std::string(steps_.back());
+}
+
+void StopControl::OnTimeout(TimeoutHandler handler) {
+  const std::lock_guard lock(mutex_);
+  onTimeout_ = std::move(handler);
+}
+
 void StopControl::OnTerminate(std::function<void()> handler) {
   const std::lock_guard lock(mutex_);
   onTerminate_ = std::move(handler);
@@ -43,11 +63,12 @@ bool StopControl::Wait(double seconds) {
   return !changed_.wait_for(lock, std::chrono::duration<double>(seconds), [this] { return Stopped(); });
 }
 
-StopControl::Running::Running(StopControl& control, TCustomVekAction& action, uint32_t timeoutSeconds)
+StopControl::Running::Running(StopControl& control, TCustomVekAction& action, std::string_view path,
+                              uint32_t timeoutSeconds)
     : control_(control) {
   const std::lock_guard lock(control_.mutex_);
   const double deadline = timeoutSeconds == 0 ? kNever : control_.clock_.Seconds() + timeoutSeconds;
-  control_.running_.push_back({&action, deadline});
+  control_.running_.push_back({&action, path, deadline});
   if (timeoutSeconds == 0) return;
   if (!control_.watchdog_.joinable()) control_.watchdog_ = std::thread([&control] { control.Watch(); });
   control_.changed_.notify_all();
@@ -104,6 +125,7 @@ void StopControl::MarkExpired() {
     if (running_[i].timedOut || running_[i].deadline > now) continue;
     running_[i].timedOut = true;
     interrupted_ = true;
+    if (onTimeout_) onTimeout_(running_[i].path, running_[i].action->TimeoutSeconds);
     TerminateRunning(i);
     changed_.notify_all();
   }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -27,11 +29,26 @@ class StopControl {
   /// The build is to stop, or the time of a running action is up. [any thread]
   bool Stopped() const { return interrupted_.load(std::memory_order_relaxed); }
 
+  /// A step that is running, from its start to its end; `name` must outlive it.
+  class Step {
+   public:
+    Step(StopControl& control, std::string_view name);
+    ~Step();
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+
+   private:
+    StopControl& control_;
+  };
+
+  /// The name of the innermost step that is running; empty for none. [any thread]
+  std::string RunningStep() const;
+
   /// An action that is running, innermost last; an outer one's time takes in what runs below it.
   class Running {
    public:
-    /// `timeoutSeconds` 0: no limit.
-    Running(StopControl& control, TCustomVekAction& action, uint32_t timeoutSeconds);
+    /// `path` must outlive it. `timeoutSeconds` 0: no limit.
+    Running(StopControl& control, TCustomVekAction& action, std::string_view path, uint32_t timeoutSeconds);
     ~Running();
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
@@ -56,6 +73,10 @@ class StopControl {
     const size_t outer_;
   };
 
+  /// Called when the time of a running action is up, before it is asked to terminate. [any thread]
+  using TimeoutHandler = std::function<void(std::string_view path, uint32_t seconds)>;
+  void OnTimeout(TimeoutHandler handler);
+
   /// Called whenever running actions are asked to terminate; empty for nothing. [any thread]
   void OnTerminate(std::function<void()> handler);
 
@@ -65,6 +86,7 @@ class StopControl {
  private:
   struct Entry {
     TCustomVekAction* action;
+    std::string_view path;
     double deadline;  // in the clock's seconds
     bool timedOut = false;
   };
@@ -78,10 +100,12 @@ class StopControl {
   Clock& clock_;
 
   // Recursive, because what an action does to end may make the log fail, which asks the build to stop.
-  std::recursive_mutex mutex_;
+  mutable std::recursive_mutex mutex_;
   std::condition_variable_any changed_;
   std::vector<Entry> running_;
   size_t shielded_ = 0;  // so many of them do not pass their time-outs on
+  std::vector<std::string_view> steps_;
+  TimeoutHandler onTimeout_;
   std::function<void()> onTerminate_;
   std::atomic<bool> stopRequested_ = false;
   std::atomic<bool> interrupted_ = false;

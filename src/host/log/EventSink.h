@@ -22,14 +22,16 @@ struct ActionPlace {
   std::string_view type;
   std::string_view title;
   bool hasChildren = false;
+  std::string_view passes = {};  // of the loops that it stands in, outermost first: "3", "3.1"
 };
 
 /// How an execution of an action ended.
 struct ActionOutcome {
   ActionResult result = ActionResult::Success;
   double seconds = 0;
-  int64_t errors = 0;    // that the action logged, in its last attempt
-  bool ignored = false;  // the build goes on although it failed
+  int64_t errors = 0;     // that the action logged, in its last attempt
+  bool ignored = false;   // the build goes on although it failed
+  bool forgiven = false;  // the same, or what it stands in is ignored or tried again
 };
 
 struct BuildSummary {
@@ -74,6 +76,9 @@ class EventSink {
 
   /// When what is told next happens, in UTC.
   virtual void At(TDateTime /*utc*/) {}
+
+  /// Returns when what was told is written: what comes now may end this program.
+  virtual void Settle() {}
 
   /// Events need not be written before they are let go.
   virtual void Hold(bool /*held*/) {}

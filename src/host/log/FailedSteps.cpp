@@ -1,5 +1,7 @@
 #include "host/log/FailedSteps.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 
 void FailedSteps::Start(const ActionPlace& place) {
@@ -7,8 +9,9 @@ void FailedSteps::Start(const ActionPlace& place) {
 }
 
 void FailedSteps::Line(std::string_view path, std::string_view text, bool isError) {
-  if (open_.empty() || open_.back().path != path) return;
-  Open& action = open_.back();
+  const auto found =
+      std::find_if(open_.rbegin(), open_.rend(), [path](const Open& action) { return action.path == path; });
+  if (found == open_.rend()) return;
   std::string_view line = Trim(text);
   constexpr std::string_view kMark = "--> ";
   if (line.starts_with(kMark)) {
@@ -16,8 +19,12 @@ void FailedSteps::Line(std::string_view path, std::string_view text, bool isErro
     line.remove_prefix(kMark.size());
   }
   if (line.empty()) return;
-  if (isError && action.firstError.empty()) action.firstError = line;
-  action.lastLine = line;
+  found->lastLine = line;
+  if (!isError) return;
+  // What befalls a group befalls what runs in it: its time is up.
+  for (auto action = found.base() - 1; action != open_.end(); ++action) {
+    if (action->firstError.empty()) action->firstError = line;
+  }
 }
 
 void FailedSteps::End(const ActionPlace& place, const ActionOutcome& outcome) {

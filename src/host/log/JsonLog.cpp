@@ -40,6 +40,11 @@ class JsonLine {
     return *this;
   }
 
+  JsonLine& Number(std::string_view key, int64_t number) {
+    Key(key) += std::to_string(number);
+    return *this;
+  }
+
   JsonLine& Value(std::string_view key, const Json& value) {
     Key(key) += value.dump(-1, ' ', false, Json::error_handler_t::replace);
     return *this;
@@ -79,7 +84,7 @@ class JsonLog final : public EventSink {
   }
 
   void Progress(std::string_view path, std::string_view text, int32_t percent) override {
-    Write(Line("progress").Text("path", path).Text("text", text).Value("percent", percent));
+    Write(Line("progress").Text("path", path).Text("text", text).Number("percent", percent));
   }
 
   void Variable(std::string_view path, std::string_view name, const Variant& value) override {
@@ -99,7 +104,7 @@ class JsonLog final : public EventSink {
     line.Text("path", place.path)
         .Text("result", ActionResultName(outcome.result))
         .Value("seconds", ToMicroseconds(outcome.seconds))
-        .Value("errors", outcome.errors);
+        .Number("errors", outcome.errors);
     if (outcome.ignored) line.Value("ignored", true);
     Write(line);
   }
@@ -108,8 +113,8 @@ class JsonLog final : public EventSink {
     Write(Line("build-end")
               .Text("result", ActionResultName(summary.result))
               .Value("seconds", ToMicroseconds(summary.seconds))
-              .Value("actions", summary.actions)
-              .Value("failures", summary.failures));
+              .Number("actions", summary.actions)
+              .Number("failures", summary.failures));
   }
 
   void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override {

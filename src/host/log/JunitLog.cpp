@@ -1,68 +1,36 @@
 #include <algorithm>
-#include <charconv>
-#include <span>
 #include <string>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
-#include "base/Text.h"
-#include "host/log/FailureReason.h"
+#include "host/log/JunitCase.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
-#include "host/log/XmlText.h"
 
 namespace {
 
-constexpr size_t kFailureLines = 10;
-
 /// An action that has started and not ended.
 struct OpenAction {
-  std::string path, output;
+  std::string path, title, output = {};
   bool reportedBelow = false;  // a test case of one of its children shows that it did not end well
 };
 
-struct Counts {
-  int64_t tests = 0, failures = 0, errors = 0, skipped = 0;
-};
-
-std::string Attribute(std::string_view name, std::string_view value) {
-  return std::string(" ").append(name).append("=\"").append(EscapeXmlAttribute(value)).append("\"");
-}
-
-std::string TimeAttribute(double seconds) {
-  char text[32];
-  const auto end =
-      std::to_chars(text, std::end(text), std::clamp(seconds, 0.0, 1e9), std::chars_format::fixed, 3);
-  return Attribute("time", {text, end.ptr});
-}
-
-std::string SystemOut(std::string_view indent, std::string_view output) {
-  if (output.empty()) return {};
-  return std::string(indent).append("<system-out>").append(EscapeXmlText(output)).append("</system-out>\n");
-}
-
-std::string FailureElement(std::string_view output) {
-  const StringList lines = SplitLines(output);
-  std::string element = "      <failure" + Attribute("message", FailureReason(lines));
-  if (lines.empty()) return element + "/>\n";
-  std::string text;
-  for (size_t i = lines.size() - std::min(lines.size(), kFailureLines); i < lines.size(); ++i)
-    text += lines[i] + '\n';
-  return element + '>' + EscapeXmlText(text) + "</failure>\n";
-}
-
-/// A failure that is ignored is no failure to those who read the report.
-std::string SkippedElement(std::string_view output) {
-  const std::string reason = "failed, ignored: " + std::string(FailureReason(SplitLines(output)));
-  return "      <skipped" + Attribute("message", reason) + "/>\n";
-}
-
+/// In a file the report is whole after every case: each is written over the end, and the counts in the head
+/// anew. Elsewhere it is written when the build ends.
 class JunitLog final : public EventSink {
  public:
   explicit JunitLog(LogOutput& output) : output_(output) {}
 
-  void BuildStart(std::string_view project) override { project_ = project; }
+  void BuildStart(std::string_view project) override {
+    project_ = project;
+    started_ = now_;
+    Save();
+  }
 
-  void ActionStart(const ActionPlace& place) override { open_.push_back({std::string(place.path), {}}); }
+  void ActionStart(const ActionPlace& place) override {
+    open_.push_back({std::string(place.path), std::string(place.title)});
+  }
 
   void Message(std::string_view path, std::string_view text) override {
     OpenAction* action = Find(path);
@@ -77,7 +45,8 @@ class JunitLog final : public EventSink {
   void Variable(std::string_view, std::string_view, const Variant&) override {}
 
   void Error(std::string_view path, std::string_view text) override {
-    if (Find(path) != nullptr) return Message(path, std::string("error: ").append(text));
+    // What befalls a group shows with what runs in it.
+    if (Find(path) != nullptr) return Message(open_.back().path, std::string("error: ").append(text));
     AddBuildCase(ActionResult::Failure, text);
   }
 
@@ -89,7 +58,8 @@ class JunitLog final : public EventSink {
     if (place.hasChildren && (!endedBadly || action.reportedBelow)) {
       suiteOutput_ += action.output;
     } else {
-      AddCase(place, outcome, action.output);
+      cases_ += junit::Case(UniqueName(place), ClassName(), outcome, action.output, counts_);
+      Save();
     }
     if (!open_.empty()) open_.back().reportedBelow |= endedBadly || action.reportedBelow;
   }
@@ -98,13 +68,16 @@ class JunitLog final : public EventSink {
     const bool endedBadly =
         summary.result == ActionResult::Failure || summary.result == ActionResult::Stopped;
     if (endedBadly && counts_.failures + counts_.errors == 0) AddBuildCase(summary.result, "");
-    const std::string head = Attribute("name", project_) + Attribute("tests", std::to_string(counts_.tests)) +
-                             Attribute("failures", std::to_string(counts_.failures)) +
-                             Attribute("errors", std::to_string(counts_.errors)) +
-                             Attribute("skipped", std::to_string(counts_.skipped)) +
-                             TimeAttribute(summary.seconds);
-    output_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n  <testsuite" + head + ">\n" +
-                  cases_ + SystemOut("    ", suiteOutput_) + "  </testsuite>\n</testsuites>\n");
+    if (output_.CanRewrite()) return Save(summary.seconds, suiteOutput_);
+    output_.Write(junit::Head(project_, started_, counts_, summary.seconds, junit::HeadWidth::Natural) +
+                  cases_ + junit::Tail(suiteOutput_));
+  }
+
+  void At(TDateTime utc) override { now_ = utc; }
+
+  void Hold(bool held) override {
+    held_ = held;
+    if (!held && !cases_.empty()) Save();
   }
 
  private:
@@ -116,43 +89,54 @@ class JunitLog final : public EventSink {
 
   /// What went wrong outside the actions shows as a test case, so that the report is not all green.
   void AddBuildCase(ActionResult result, std::string_view text) {
-    AddCase({.path = "", .type = "Build", .title = "Build"}, {.result = result}, text);
+    cases_ += junit::Case("Build", project_, {.result = result}, text, counts_);
   }
 
-  void AddCase(const ActionPlace& place, const ActionOutcome& outcome, std::string_view output) {
-    cases_ += "    <testcase" + Attribute("name", place.title) +
-              Attribute("classname", place.type.empty() ? place.path : place.type) +
-              TimeAttribute(outcome.seconds);
-    const std::string body = ResultElement(outcome, output) + SystemOut("      ", output);
-    cases_ += body.empty() ? "/>\n" : ">\n" + body + "    </testcase>\n";
-    ++counts_.tests;
-  }
-
-  std::string ResultElement(const ActionOutcome& outcome, std::string_view output) {
-    switch (outcome.result) {
-      case ActionResult::Failure:
-        if (outcome.ignored) {
-          ++counts_.skipped;
-          return SkippedElement(output);
-        }
-        ++counts_.failures;
-        return FailureElement(output);
-      case ActionResult::Skipped:
-        ++counts_.skipped;
-        return "      <skipped/>\n";
-      case ActionResult::Stopped:
-        ++counts_.errors;
-        return "      <error message=\"stopped\"/>\n";
-      case ActionResult::Success:
-        break;
+  /// Readers take cases of one name for one case.
+  std::string UniqueName(const ActionPlace& place) {
+    std::string name(place.title);
+    if (!place.passes.empty()) name.append(" (pass ").append(place.passes).append(")");
+    if (TakeName(name)) return name;
+    name.append(" [").append(place.path).append("]");
+    if (TakeName(name)) return name;
+    for (int64_t repeated = 2;; ++repeated) {  // by another attempt
+      const std::string numbered = name + " #" + std::to_string(repeated);
+      if (TakeName(numbered)) return numbered;
     }
-    return {};
+  }
+
+  /// False for a name that was taken before, or, once in a while, for one that looks so.
+  bool TakeName(const std::string& name) { return names_.insert(std::hash<std::string>()(name)).second; }
+
+  /// The titles of what an action stands in.
+  std::string ClassName() const {
+    std::string name;
+    for (const OpenAction& group : open_) name.append(name.empty() ? "" : " / ").append(group.title);
+    return name.empty() ? project_ : name;
+  }
+
+  void Save() {
+    constexpr double kSecondsPerDay = 86400;
+    if (!held_ && output_.CanRewrite()) Save((now_.days - started_.days) * kSecondsPerDay, "");
+  }
+
+  void Save(double seconds, std::string_view output) {
+    const std::string head = junit::Head(project_, started_, counts_, seconds, junit::HeadWidth::Fixed);
+    if (end_ == 0) end_ = head.size();
+    output_.WriteAt(end_, cases_ + junit::Tail(output));
+    output_.WriteAt(0, head);
+    end_ += cases_.size();
+    cases_.clear();
   }
 
   LogOutput& output_;
   std::string project_, cases_, suiteOutput_;
+  TDateTime started_, now_;
   std::vector<OpenAction> open_;
-  Counts counts_;
+  std::unordered_set<size_t> names_;  // as hashes: there may be millions
+  junit::Counts counts_;
+  uint64_t end_ = 0;  // of what is written of the cases
+  bool held_ = false;
 };
 
 }  // namespace

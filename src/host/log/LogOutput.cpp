@@ -27,7 +27,16 @@ void LogOutput::Hold(bool held) {
 
 void LogOutput::WriteNow(std::string_view bytes) {
   if (Failed() || bytes.empty()) return;
-  const SysResult written = stream_.Write(bytes);
+  Settle(stream_.Write(bytes));
+}
+
+bool LogOutput::CanRewrite() const { return stream_.CanRewrite(); }
+
+void LogOutput::WriteAt(uint64_t position, std::string_view bytes) {
+  if (!Failed()) Settle(stream_.WriteAt(position, bytes));
+}
+
+void LogOutput::Settle(SysResult written) {
   if (written.ok) return;
   result_ = written;
   if (onFailure_) onFailure_();

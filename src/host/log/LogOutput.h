@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -16,12 +17,17 @@ class LogOutput {
   LogOutput(OutputStream& stream, std::function<void()> onFailure);
 
   void Write(std::string_view bytes);
+
+  /// For what is not only added to, see OutputStream; such writes are not held back.
+  bool CanRewrite() const;
+  void WriteAt(uint64_t position, std::string_view bytes);
   void Hold(bool held);
   bool Failed() const { return !result_.ok; }
   Win32Error FailureCode() const { return result_.code; }
 
  private:
   void WriteNow(std::string_view bytes);
+  void Settle(SysResult written);
 
   OutputStream& stream_;
   std::function<void()> onFailure_;

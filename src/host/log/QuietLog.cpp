@@ -45,14 +45,16 @@ class QuietLog final : public EventSink {
   void Variable(std::string_view, std::string_view, const Variant&) override {}
 
   void Error(std::string_view path, std::string_view text) override {
-    OpenAction* action = Find(path);
+    // What befalls a group shows with what runs in it.
+    OpenAction* action = Find(path) != nullptr ? &open_.back() : nullptr;
     std::string atOnce;
     format_.Error(action != nullptr ? action->lines : atOnce, path, text);
     if (action != nullptr) Shorten(*action);
     output_.Write(atOnce);
   }
 
-  void ActionEnd(const ActionPlace& /*place*/, const ActionOutcome& outcome) override {
+  void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
+    if (outcome.ignored) format_.Result(open_.back().lines, place, outcome);
     if (outcome.result == ActionResult::Failure) WriteFailure();
     open_.pop_back();
   }
@@ -77,13 +79,15 @@ class QuietLog final : public EventSink {
     action.shortened = true;
   }
 
-  /// Writes the innermost action below the titles that lead to it.
+  /// Writes the innermost action below the titles that lead to it. What those have said before it is no part
+  /// of it, and would come too late afterwards.
   void WriteFailure() {
     OpenAction& failed = open_.back();
     std::string text;
     for (OpenAction& action : open_) {
       if (!action.titleShown) text += action.titleLine;
       action.titleShown = true;
+      if (&action != &failed) action.lines.clear();
     }
     if (failed.shortened) format_.Text(text, failed.path, "...");
     output_.Write(text += failed.lines);

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include "host/log/FailedSteps.h"
 #include "host/log/LogOutput.h"
@@ -8,6 +9,9 @@
 #include "host/log/TextFormat.h"
 
 namespace {
+
+// A step below half a second would only make the progress line flicker.
+constexpr double kShortStep = 0.5 / 86400;
 
 /// Writes what happens as it happens: one write for each event that has something to show.
 class TextLog final : public EventSink {
@@ -25,6 +29,7 @@ class TextLog final : public EventSink {
 
   void ActionStart(const ActionPlace& place) override {
     failed_.Start(place);
+    running_.push_back({now_});
     format_.Title(pending_, place);
     Write();
   }
@@ -44,8 +49,16 @@ class TextLog final : public EventSink {
   }
 
   void Progress(std::string_view /*path*/, std::string_view text, int32_t percent) override {
-    output_.Write(progress_.Draw(text, percent));
+    if (running_.empty()) return;
+    Running& step = running_.back();
+    if (text != step.progressText) ++step.pieces;
+    step.progressText = text;
+    if (now_.days - step.started.days < kShortStep) return;
+    const std::string count = step.pieces > 1 ? '[' + std::to_string(step.pieces) + "] " : "";
+    output_.Write(progress_.Draw(count + step.progressText, percent));
   }
+
+  void At(TDateTime utc) override { now_ = utc; }
 
   void Variable(std::string_view path, std::string_view name, const Variant& value) override {
     if (!verbose_) return;
@@ -67,6 +80,7 @@ class TextLog final : public EventSink {
 
   void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
     failed_.End(place, outcome);
+    if (!running_.empty()) running_.pop_back();
     if (verbose_) {
       format_.TimedResult(pending_, place, outcome);
     } else if (outcome.result != ActionResult::Success) {
@@ -85,6 +99,12 @@ class TextLog final : public EventSink {
   }
 
  private:
+  struct Running {
+    TDateTime started;
+    std::string progressText = {};
+    int64_t pieces = 0;  // of its work that it has told its progress of, such as files
+  };
+
   /// Writes the pending lines in place of the progress line, which is over when an action has ended.
   void Write() {
     pending_.insert(0, progress_.Erase());
@@ -96,6 +116,8 @@ class TextLog final : public EventSink {
   TextFormat format_;
   ProgressLine progress_;
   FailedSteps failed_;
+  std::vector<Running> running_;  // innermost last
+  TDateTime now_;
   bool verbose_;
   std::string pending_;
 };

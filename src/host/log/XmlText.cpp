@@ -29,13 +29,22 @@ std::string_view Escaped(char32_t c, Place place) {
   }
 }
 
+/// Whether the byte stands for itself wherever it is: most text is made of such.
+constexpr bool IsPlain(char c) {
+  return c >= ' ' && c < 0x7F && c != '&' && c != '<' && c != '>' && c != '"';
+}
+
 std::string Escape(std::string_view text, Place place) {
   std::string result;
   result.reserve(text.size());
   for (size_t i = 0; i < text.size();) {
     const size_t start = i;
+    while (i < text.size() && IsPlain(text[i])) ++i;
+    result += text.substr(start, i - start);
+    if (i == text.size()) break;
+    const size_t special = i;
     const std::string_view escaped = Escaped(NextCodePoint(text, i), place);
-    result += escaped.empty() ? text.substr(start, i - start) : escaped;
+    result += escaped.empty() ? text.substr(special, i - special) : escaped;
   }
   return result;
 }

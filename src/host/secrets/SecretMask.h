@@ -20,6 +20,7 @@ class SecretMask final : public EventSink {
   void BuildEnd(const BuildSummary& summary) override;
   void Process(std::string_view path, std::string_view commandLine, std::string_view folder) override;
   void At(TDateTime utc) override;
+  void Settle() override { events_.Settle(); }
   void Hold(bool held) override;
 
  private:

@@ -19,6 +19,32 @@ TEST_F(PosixRun, ALogThatCannotBeWrittenEndsTheBuild) {
   EXPECT_EQ(folder.Read("keep.tmp"), "x");
 }
 
+TEST_F(PosixRun, ReportsAreWholeAfterAKill) {
+  folder.Write("p.vekproj", ProjectOf(ActionOf("ACTIONGROUP", "<Description>before</Description>") +
+                                      ActionOf("HRUNDOS", "<Command>kill -9 $PPID; sleep 5</Command>")));
+  const auto killed =
+      RunVekrun({"run", folder.Path("p.vekproj"), "--report", "jsonl=" + folder.Path("r.jsonl"), "--report",
+                 "junit=" + folder.Path("r.xml")});
+  EXPECT_NE(killed.exitCode, 0);
+  StringList events;
+  for (const std::string& line : SplitLines(folder.Read("r.jsonl"))) {
+    events.push_back(nlohmann::json::parse(line).at("event"));
+  }
+  events.resize(std::min<size_t>(events.size(), 4));  // the program's own start is told as it runs
+  EXPECT_THAT(events, testing::ElementsAre("build-start", "action-start", "action-end", "action-start"));
+  EXPECT_THAT(folder.Read("r.xml"), testing::AllOf(testing::HasSubstr("tests=\"1\""),
+                                                   testing::HasSubstr("<testcase name=\"before\""),
+                                                   testing::EndsWith("</testsuites>\n")));
+}
+
+TEST_F(PosixRun, AReaderThatHasReadEnoughIsNoFailure) {
+  const std::string vekrun = VEK_BIN_DIR "/vekrun";
+  const auto result =
+      RunJsonl({"exec", "HRUNDOS", "Command=" + vekrun + " describe HCOPYFILES --json | true"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.Of("message"), testing::IsEmpty());
+}
+
 TEST_F(PosixRun, DrivesAreMappedByOptionAndByTheOptionStore) {
   folder.Write("d/a.tmp", "x");
   folder.Write("d/b.tmp", "x");

@@ -37,6 +37,22 @@ SysResult PosixStream::Write(std::string_view bytes) {
   return WriteAll(fd_, bytes) ? SysResult() : LastFailure();
 }
 
+bool PosixStream::CanRewrite() {
+  struct stat status = {};
+  return owned_ && fstat(fd_, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+SysResult PosixStream::WriteAt(uint64_t position, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = pwrite(fd_, bytes.data(), bytes.size(), static_cast<off_t>(position));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return LastFailure();
+    position += static_cast<uint64_t>(count);
+    bytes.remove_prefix(static_cast<size_t>(count));
+  }
+  return {};
+}
+
 PosixConsole::PosixConsole(PosixPaths& paths) : paths_(paths), output_(STDOUT_FILENO), error_(STDERR_FILENO) {
   // A reader that went away and a file at its size limit are errors to report, not a reason to die.
   std::signal(SIGPIPE, SIG_IGN);

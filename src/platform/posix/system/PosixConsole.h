@@ -10,6 +10,8 @@ class PosixStream final : public OutputStream {
   explicit PosixStream(int standardStream) : fd_(standardStream) {}
   explicit PosixStream(UniqueFd file) : owned_(std::move(file)), fd_(owned_.Get()) {}
   SysResult Write(std::string_view bytes) override;
+  bool CanRewrite() override;
+  SysResult WriteAt(uint64_t position, std::string_view bytes) override;
 
  private:
   UniqueFd owned_;

@@ -47,3 +47,10 @@ SysResult Win32StandardStream::Write(std::string_view bytes) {
 }
 
 SysResult Win32FileStream::Write(std::string_view bytes) { return WriteAll(file_.Get(), bytes); }
+
+SysResult Win32FileStream::WriteAt(uint64_t position, std::string_view bytes) {
+  LARGE_INTEGER place;
+  place.QuadPart = static_cast<LONGLONG>(position);
+  if (!SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN)) return LastFailure();
+  return WriteAll(file_.Get(), bytes);
+}

@@ -34,6 +34,8 @@ class Win32FileStream final : public OutputStream {
  public:
   explicit Win32FileStream(Handle file) : file_(std::move(file)) {}
   SysResult Write(std::string_view bytes) override;
+  bool CanRewrite() override { return GetFileType(file_.Get()) == FILE_TYPE_DISK; }
+  SysResult WriteAt(uint64_t position, std::string_view bytes) override;
 
  private:
   Handle file_;
