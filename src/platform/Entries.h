@@ -18,6 +18,7 @@ using LastWriteChange = std::function<TDateTime(TDateTime lastWrite)>;
 
 struct CopyOptions {
   bool failIfExists = false;                  // FileExists instead of replacing the target
+  bool targetAsWritten = false;               // a file of the name in other letters is not the target
   const std::atomic<bool>* cancel = nullptr;  // polled between chunks; ends the copy with RequestAborted
   CopyProgress progress = {};
 };

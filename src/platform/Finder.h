@@ -10,6 +10,7 @@
 /// What a search finds out about each entry; less spares a look at every one of them.
 enum class FindDetail {
   All,
+  Status,       // of the attributes perhaps only ReadOnly, Directory and ReparsePoint
   Names,        // of the attributes only Directory and ReparsePoint; no size, no time
   FolderNames,  // likewise, and folders only, without "." and ".."
 };
@@ -19,6 +20,7 @@ struct FoundEntry {
   uint32_t attributes = 0;  // FileAttribute bits
   uint64_t size = 0;        // bytes; 0 for a folder
   double lastWrite = 0;     // Unix time in seconds
+  double lastAccess = 0;    // likewise
 };
 
 /// A running search; closing is destruction. Entries come in the order of their upper-cased names.

@@ -30,6 +30,9 @@ class Folders {
   /// Creates one folder; its parent must exist (PathNotFound) and the name be free (AlreadyExists).
   virtual SysResult Create(std::string_view path) = 0;
 
+  /// The same, and where the system can tell them apart a folder of the name in other letters does not count.
+  virtual SysResult CreateAsWritten(std::string_view path) { return Create(path); }
+
   /// Creates the folder and its missing parents; a folder that exists is success. It is made for what comes
   /// from the folder `source`, where that is given: of two folders there whose names differ in case only,
   /// the one that the other became is not taken for it.

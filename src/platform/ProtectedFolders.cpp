@@ -76,3 +76,13 @@ bool IsProtectedSelection(const Platform& platform, std::string_view spec) {
          (DosMask(NamePart(spec)).MatchesAll() &&
           entries.Identity(platform.environment->HomeFolder()) == identity);
 }
+
+bool HoldsFolder(const Platform& platform, std::string_view folder, std::string_view inner) {
+  const Identity identity = platform.entries->Identity(folder);
+  if (!identity) return false;
+  std::string existing = platform.environment->FullPath(inner);
+  while (!platform.entries->Identity(existing) && ParentFolder(existing).size() < existing.size()) {
+    existing = ParentFolder(existing);
+  }
+  return Holds(*platform.entries, identity, existing);
+}

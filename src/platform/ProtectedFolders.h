@@ -15,3 +15,7 @@ bool IsProtectedTree(const Platform& platform, std::string_view folder, std::str
 /// Whether the entries that match `spec` may not be removed or moved away: wildcards directly in a root, and
 /// in the home folder those that match every name.
 bool IsProtectedSelection(const Platform& platform, std::string_view spec);
+
+/// Whether `folder` is `inner` or one above it; of an inner folder that is missing, the one that it would come
+/// to stand in counts.
+bool HoldsFolder(const Platform& platform, std::string_view folder, std::string_view inner);

@@ -1,6 +1,6 @@
+#include "base/Parameters.h"
 #include "coreapi/Vekcommandline.h"
 #include "fuzz/Fuzz.h"
-#include "platform/posix/processes/PosixProcessCommand.h"
 
 namespace {
 

@@ -193,6 +193,9 @@ class FaultyFolders final : public Faulty<Folders> {
   bool Exists(std::string_view path) override {
     return TryQuestion(fault_, "folders.Exists", path, [&] { return real_.Exists(path); });
   }
+  SysResult CreateAsWritten(std::string_view path) override {
+    return Try(fault_, {"folders.CreateAsWritten", path}, [&] { return real_.CreateAsWritten(path); });
+  }
   SysResult Create(std::string_view path) override {
     return Try(fault_, {"folders.Create", path}, [&] { return real_.Create(path); });
   }

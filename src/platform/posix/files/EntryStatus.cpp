@@ -20,7 +20,11 @@ SysResult StatusAt(const Place& place, EntryStatus& entry) {
 }
 
 uint32_t AttributesOf(int folder, const char* name, const EntryStatus& entry) {
-  uint32_t attributes = StoredAttributes(folder, name);
+  return StoredAttributes(folder, name) | StatusAttributes(entry);
+}
+
+uint32_t StatusAttributes(const EntryStatus& entry) {
+  uint32_t attributes = 0;
   if (entry.IsFolder()) attributes |= FileAttribute::Directory;
   if (entry.isLink) attributes |= FileAttribute::ReparsePoint;
   if (IsReadOnly(entry.status)) attributes |= FileAttribute::ReadOnly;

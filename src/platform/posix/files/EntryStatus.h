@@ -27,3 +27,6 @@ SysResult StatusAt(const Place& place, EntryStatus& entry);
 
 /// The FileAttribute bits of an entry whose status was read; 0 stands for none.
 uint32_t AttributesOf(int folder, const char* name, const EntryStatus& entry);
+
+/// Those of them that the status alone tells.
+uint32_t StatusAttributes(const EntryStatus& entry);

@@ -38,7 +38,8 @@ class Copy {
       : paths_(paths), source_(source), options_(options) {}
 
   SysResult To(Place target) {
-    bool mayExist = paths_.SettleTarget(target, &source_.place);
+    bool mayExist = options_.targetAsWritten ? paths_.SettleAsWritten(target)
+                                             : paths_.SettleTarget(target, &source_.place);
     for (int links = 0; links <= kMostLinks; ++links) {
       struct stat status = {};
       if (mayExist && fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0) {

@@ -38,6 +38,17 @@ SysResult PosixFolders::CreateFor(std::string_view source, std::string_view path
   Place place = paths_.Locate(path);
   if (!place.folder) return SysResult::Failure(place.error);
   if (!HasTwin(source, place)) paths_.SettleTarget(place);
+  return CreateAt(place);
+}
+
+SysResult PosixFolders::CreateAsWritten(std::string_view path) {
+  Place place = paths_.Locate(path);
+  if (!place.folder) return SysResult::Failure(place.error);
+  paths_.SettleAsWritten(place);
+  return CreateAt(place);
+}
+
+SysResult PosixFolders::CreateAt(const Place& place) {
   DiskChange change(paths_, place, DiskChange::NewFolder);
   if (mkdirat(place.Fd(), place.Name(), 0777) != 0) return LastFailure();
   change.Added(place.name);

@@ -9,6 +9,7 @@
 #include "platform/posix/find/FolderListing.h"
 #include "platform/posix/find/FolderReader.h"
 #include "platform/posix/paths/ShownNames.h"
+#include "platform/posix/system/LocalTime.h"
 #include "platform/posix/system/PosixErrors.h"
 
 namespace {
@@ -46,7 +47,7 @@ class PosixFindSearch final : public FindSearch {
   bool Find(FoundEntry& entry) {
     for (; next_ < names_.Size(); ++next_) {
       const char* name = names_.Name(next_);
-      if (detail_ == FindDetail::All ? Look(name, entry) : Glance(name, names_.Type(next_), entry)) {
+      if (detail_ <= FindDetail::Status ? Look(name, entry) : Glance(name, names_.Type(next_), entry)) {
         entry.name = names_.Shown(next_++);
         return true;
       }
@@ -83,13 +84,17 @@ class PosixFindSearch final : public FindSearch {
     if (!Status(name, found)) return false;
     const int folder = folder_->fd.Get();
     if (found.IsFolder() && (excluded_ & FileAttribute::Directory) != 0) return false;
-    entry.attributes = AttributesOf(folder, name, found);
-    if ((entry.attributes & excluded_) != 0) return false;
-    recent_->Keep(*folder_, name, {found, entry.attributes});
+    if (detail_ == FindDetail::Status && (excluded_ & (FileAttribute::Hidden | FileAttribute::System)) == 0) {
+      entry.attributes = StatusAttributes(found);
+    } else {
+      entry.attributes = AttributesOf(folder, name, found);
+      if ((entry.attributes & excluded_) != 0) return false;
+      recent_->Keep(*folder_, name, {found, entry.attributes});
+    }
     if (entry.attributes == 0) entry.attributes = FileAttribute::Normal;
-    const timespec& time = found.status.st_mtim;
     entry.size = S_ISREG(found.status.st_mode) ? static_cast<uint64_t>(found.status.st_size) : 0;
-    entry.lastWrite = static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    entry.lastWrite = ToSeconds(found.status.st_mtim);
+    entry.lastAccess = ToSeconds(found.status.st_atim);
     return true;
   }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <fcntl.h>
 
 #include "base/WindowsPath.h"
@@ -15,8 +16,23 @@ namespace {
 // where thousands are handled in a row, and no other program starts and moves a folder meanwhile.
 constexpr auto kBelieved = std::chrono::microseconds(100);
 
-UniqueFd OpenAt(int folder, const char* name) {
-  return UniqueFd(openat(folder, name, O_PATH | O_DIRECTORY | O_CLOEXEC));
+/// A path that is longer than the system takes at once is opened in pieces.
+UniqueFd OpenAt(int folder, std::string_view path) {
+  constexpr int kFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+  UniqueFd above;
+  for (size_t cut; path.size() >= PATH_MAX && (cut = path.rfind('/', PATH_MAX - 2)) != path.npos;) {
+    above = UniqueFd(openat(folder, std::string(path.substr(0, cut + 1)).c_str(), kFlags));
+    if (!above) return above;
+    folder = above.Get();
+    path.remove_prefix(cut + 1);
+  }
+  return UniqueFd(openat(folder, path.empty() ? "." : std::string(path).c_str(), kFlags));
+}
+
+bool StatusOf(const std::string& path, struct stat& status) {
+  if (path.size() < PATH_MAX) return stat(path.c_str(), &status) == 0;
+  const UniqueFd folder = OpenAt(AT_FDCWD, path);
+  return folder && fstat(folder.Get(), &status) == 0;
 }
 
 bool IsSame(const Folder& folder, const struct stat& status) {
@@ -95,6 +111,15 @@ bool PosixPaths::SettleTarget(Place& target, const Place* source) {
   return found.has_value();
 }
 
+bool PosixPaths::SettleAsWritten(Place& target) {
+  struct stat status = {};
+  const std::string name = DiskName(target.name);
+  const bool isAsWritten = name == target.name ||
+                           fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  if (!isAsWritten) target.name = name;
+  return true;
+}
+
 void PosixPaths::SweepOnce(const Folder& folder) {
   {
     const std::lock_guard lock(mutex_);
@@ -120,7 +145,7 @@ std::shared_ptr<const Folder> PosixPaths::UsedBefore(std::string_view folderText
   UsedFolder& used = used_.front();
   if (now - used.seen < kBelieved) return used.folder;
   struct stat status = {};
-  if (stat(used.folder->path.c_str(), &status) != 0 || !IsSame(*used.folder, status)) {
+  if (!StatusOf(used.folder->path, status) || !IsSame(*used.folder, status)) {
     used = {};
     return nullptr;
   }
@@ -134,7 +159,7 @@ std::shared_ptr<const Folder> PosixPaths::OpenFolder(std::string_view folderText
   if (!native) return nullptr;
   std::string path = native->empty() ? "." : *native;
   int reason = 0;
-  UniqueFd fd = OpenAt(AT_FDCWD, path.c_str());
+  UniqueFd fd = OpenAt(AT_FDCWD, path);
   if (!fd) reason = errno;
   if (reason == ENOENT) fd = Descend(*native, path, reason);
   struct stat status = {};
@@ -153,16 +178,16 @@ std::shared_ptr<const Folder> PosixPaths::OpenFolder(std::string_view folderText
 /// that stand on the disk.
 UniqueFd PosixPaths::Descend(const std::string& native, std::string& path, int& error) {
   path = native.starts_with('/') ? "/" : "./";
-  UniqueFd folder = OpenAt(AT_FDCWD, path.c_str());
+  UniqueFd folder = OpenAt(AT_FDCWD, path);
   for (size_t start = 0; folder && start < native.size();) {
     const size_t end = std::min(native.find('/', start), native.size());
     std::string name = native.substr(start, end - start);
     start = end + 1;
     if (name.empty()) continue;
-    UniqueFd next = OpenAt(folder.Get(), name.c_str());
+    UniqueFd next = OpenAt(folder.Get(), name);
     if (!next && errno == ENOENT) {
       name = names_.Find(folder.Get(), name).value_or(name);
-      next = OpenAt(folder.Get(), name.c_str());
+      next = OpenAt(folder.Get(), name);
     }
     path.append(name).push_back('/');
     folder = std::move(next);

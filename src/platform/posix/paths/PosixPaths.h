@@ -58,6 +58,9 @@ class PosixPaths {
   /// false when there is none. An entry that a twin of `source` became is not the one that `source` replaces.
   bool SettleTarget(Place& target, const Place* source = nullptr);
 
+  /// The same without regard to entries in other case, and without a look whether there is one.
+  bool SettleAsWritten(Place& target);
+
   /// Runs `operation(place)`, and when it answers FileNotFound once more for the name in other case.
   template <class Operation>
   SysResult OnEntry(std::string_view path, Operation operation) {

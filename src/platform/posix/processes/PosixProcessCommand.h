@@ -28,7 +28,3 @@ SysResult FindCommand(PosixPaths& paths, const std::string& program, const std::
 /// After the system refused to run the file with this errno value: has Wine run a Windows program, and the
 /// shell a script that does not say what runs it. Fails for what nothing runs.
 SysResult FindInterpreter(int error, ProcessCommand& command);
-
-/// Splits as the start-up code of Windows programs does: at blanks outside quotes; 2n backslashes before a
-/// quote are n, one more makes the quote a plain character, and so does a second quote inside quotes.
-StringList SplitParameters(std::string_view parameters);

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "base/Parameters.h"
 #include "platform/posix/processes/PosixProcessCommand.h"
 #include "platform/posix/system/PosixErrors.h"
 

@@ -25,6 +25,7 @@ FoundEntry EntryOf(const WIN32_FIND_DATAW& data) {
     entry.size = uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
   }
   entry.lastWrite = UnixSeconds(data.ftLastWriteTime);
+  entry.lastAccess = UnixSeconds(data.ftLastAccessTime);
   return entry;
 }
 
@@ -40,10 +41,10 @@ bool IsWanted(const FoundEntry& entry, uint32_t mask, FindDetail detail) {
 
 /// Leaves of an entry no more than was asked for.
 void Reduce(FoundEntry& entry, FindDetail detail) {
-  if (detail == FindDetail::All) return;
+  if (detail <= FindDetail::Status) return;
   entry.attributes &= FileAttribute::Directory | FileAttribute::ReparsePoint;
   entry.size = 0;
-  entry.lastWrite = 0;
+  entry.lastWrite = entry.lastAccess = 0;
 }
 
 /// "." and ".." first, then by upper-cased name.
