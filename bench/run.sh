@@ -112,6 +112,22 @@ copy_files() {
   rm -f "$work"/large*
 }
 
+mirror_files() {
+  "$here/make_tree.sh" "$work/small" 100 200 2048
+  mapfile -t rsync < <(peer 'rsync -a' rsync -a "$work/small/" "$work/synced{}")
+  # Its codes below 8 are no failures.
+  local robocopy=(sh -c '"$@" || [ $? -lt 8 ]' sh "$bin/tools/robocopy.exe" "$work/small")
+  echo "Mirroring 20,000 files of 2 KiB in 100 folders for the first time:"
+  stopwatch "$rounds" -- robocopy "${robocopy[@]}" "$work/mirror{}" /MIR /NP \
+    -- 'robocopy /MT:4' "${robocopy[@]}" "$work/threads{}" /MIR /NP /MT:4 \
+    "${rsync[@]}" -- 'cp -r' cp -r "$work/small" "$work/copy{}"
+  echo "The same with nothing changed since:"
+  "${robocopy[@]}" "$work/mirror" /MIR >"$work/mirror.log"
+  stopwatch "$rounds" -- robocopy "${robocopy[@]}" "$work/mirror" /MIR /NP \
+    "${rsync[@]/synced\{\}/mirror}"
+  rm -rf "$work"/small "$work"/{mirror,threads,synced,copy}*
+}
+
 list_files() {
   "$here/make_tree.sh" "$work/many" 1000 100 0
   local name any
@@ -310,7 +326,7 @@ XML
     sh "$work/replaced"
 }
 
-for part in startup delete_files delete_tree touch_files copy_files list_files list_folders run_loop run_programs \
+for part in startup delete_files delete_tree touch_files copy_files mirror_files list_files list_folders run_loop run_programs \
   capture_output ini_files keep_variables texts text_lines checksums concatenate registry; do
   if [[ -z ${BENCH_ONLY:-} || " $BENCH_ONLY " == *" $part "* ]]; then "$part"; fi
 done

@@ -11,9 +11,10 @@ BEGIN {
   may["package/fileops"] = "coreapi platform package/checksum"
   may["package/pages"] = may["package/frame"] = "coreapi forms package"
   may["host"] = "coreapi forms platform"
+  may["tools"] = "platform"
   may["cli"] = "host coreapi platform platform/posix platform/win32"
 
-  Rooms("base coreapi forms platform platform/posix platform/win32 host cli package")
+  Rooms("base coreapi forms platform platform/posix platform/win32 host cli package tools")
   Rooms("package/frame package/fileops package/iterators package/textini package/process")
   Rooms("package/checksum package/interaction package/pages")
 
@@ -47,7 +48,7 @@ BEGIN {
   Rule("random_device|(^|[^A-Za-z0-9_.>:])s?rand *\\(", "platform", "random numbers are reached through platform")
   Rule("(^|[^A-Za-z0-9_.>])(std::)?(fopen|freopen|tmpfile|_?wfopen|_?popen|system) *\\(", "platform",
        "files and programs are reached through platform")
-  Rule("std::(jthread|thread|async|packaged_task)", "coreapi forms platform host cli", "the package starts no thread")
+  Rule("std::(jthread|thread|async|packaged_task)", "coreapi forms platform host cli tools", "the package starts no thread")
   Rule("^[A-Za-z][^(){}=]*[={] *\\(?([A-Za-z_]*(\\(\\)|::|\\.))*Register[A-Z][A-Za-z]*\\(", "",
        "nothing registers itself from a static")
 

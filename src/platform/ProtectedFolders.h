@@ -16,6 +16,6 @@ bool IsProtectedTree(const Platform& platform, std::string_view folder, std::str
 /// in the home folder those that match every name.
 bool IsProtectedSelection(const Platform& platform, std::string_view spec);
 
-/// Whether `folder` is `inner` or one above it; of an inner folder that is missing, the one that it would come
-/// to stand in counts.
+/// Whether `folder` is `inner` or one above it; of an inner folder that is missing, the one that it would
+/// come to stand in counts.
 bool HoldsFolder(const Platform& platform, std::string_view folder, std::string_view inner);

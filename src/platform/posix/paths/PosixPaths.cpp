@@ -114,8 +114,8 @@ bool PosixPaths::SettleTarget(Place& target, const Place* source) {
 bool PosixPaths::SettleAsWritten(Place& target) {
   struct stat status = {};
   const std::string name = DiskName(target.name);
-  const bool isAsWritten = name == target.name ||
-                           fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  const bool isAsWritten =
+      name == target.name || fstatat(target.Fd(), target.Name(), &status, AT_SYMLINK_NOFOLLOW) == 0;
   if (!isAsWritten) target.name = name;
   return true;
 }
