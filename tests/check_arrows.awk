@@ -24,8 +24,9 @@ BEGIN {
   face["host/expressions"] = "Expressions VariableName Variables"
   face["host/filesets"] = "FileSets"
   face["host/log"] = "DisplayText EventQueue EventSink LogOutput Logs"
-  face["host/project"] = "Project ProjectFile ProjectListing ProjectSchema ProjectVariables Quoted StepSelection Validation VariablesFile"
+  face["host/project"] = "Project ProjectFile ProjectListing ProjectSchema ProjectVariables Quoted StepSelection VariablesFile"
   face["host/scripts"] = "ScriptEngine"
+  face["host/validation"] = "ProjectCheck"
   face["host/services"] = "ConsoleDialogs OptionStore"
 
   # Where a library may be included.

@@ -158,6 +158,7 @@ void DeclareCommands(CLI::App& app, Arguments& arguments, RawArguments& raw) {
   CLI::App* validate = AddCommand(app, Command::Validate, "validate", "Check a project without executing it",
                                   kValidateExamples, arguments);
   validate->add_option("PROJECT", arguments.subject, "Project file (.vekproj)")->required()->type_name("");
+  AddVariableOptions(*validate, arguments, raw);
   CLI::App* list =
       AddCommand(app, Command::List, "list", "Show what a project is made of without executing it",
                  kListExamples, arguments);

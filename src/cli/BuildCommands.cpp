@@ -3,20 +3,18 @@
 #include <functional>
 #include <iostream>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "cli/BuildLogs.h"
-#include "cli/NoEvents.h"
+#include "cli/GivenVariables.h"
+#include "cli/Problems.h"
 #include "cli/Session.h"
 #include "host/engine/BuildContext.h"
 #include "host/engine/Engine.h"
 #include "host/log/DisplayText.h"
 #include "host/project/ProjectFile.h"
-#include "host/project/ProjectListing.h"
 #include "host/project/StepSelection.h"
-#include "host/project/Validation.h"
-#include "host/project/VariablesFile.h"
+#include "host/validation/ProjectCheck.h"
 #include "platform/Console.h"
 #include "platform/Environment.h"
 
@@ -28,21 +26,6 @@ constexpr int kUnusable = 2;
 
 bool IsUnattended(Session& session, const Arguments& arguments) {
   return arguments.unattended || !session.GetConsole().InputIsTerminal();
-}
-
-/// The variables that the command line gives; -D holds over what a file says.
-std::vector<VariableDefinition> Definitions(const Session& session, const Arguments& arguments) {
-  std::vector<VariableDefinition> definitions;
-  for (const std::string& file : arguments.variableFiles) {
-    const auto read = ReadVariablesFile(ReadTextOf(session.GetPlatform(), file), file);
-    definitions.insert(definitions.end(), read.begin(), read.end());
-  }
-  definitions.insert(definitions.end(), arguments.variables.begin(), arguments.variables.end());
-  return definitions;
-}
-
-void PrintNearMisses(const Project& project, const std::vector<VariableDefinition>& definitions) {
-  for (const std::string& line : NearMisses(project, definitions)) std::cerr << "vekrun: " << line << '\n';
 }
 
 /// A project of one action, set up from PROP=VALUE and EVENT=FILE.
@@ -68,25 +51,6 @@ Project MakeProject(const Session& session, const Arguments& arguments, IVekActi
   return project;
 }
 
-void PrintProblems(const std::vector<ValidationProblem>& problems, const std::string& file,
-                   std::ostream& stream) {
-  for (const ValidationProblem& problem : problems) {
-    stream << file << ": " << problem.path << ' ' << problem.type << ": " << problem.title
-           << (problem.title.empty() ? "" : ": ") << problem.message << '\n';
-  }
-}
-
-void PrintProblemsAsJson(const std::vector<ValidationProblem>& problems) {
-  auto array = nlohmann::ordered_json::array();
-  for (const ValidationProblem& problem : problems) {
-    array.push_back({{"path", problem.path},
-                     {"type", problem.type},
-                     {"title", problem.title},
-                     {"message", problem.message}});
-  }
-  std::cout << array.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
-}
-
 /// A step may take its time to end, and whoever pressed Ctrl-C should know what is waited for.
 void SayStopping(Console& console, const std::string& step) {
   const std::string start = console.OutputIsTerminal() ? "\n" : "";
@@ -104,13 +68,13 @@ int Build(const Arguments& arguments, const Load& load) {
   if (arguments.allowProtected) context.AllowProtected();
   logs.OnFailure([&context] { context.Stop().RequestStop(); });
 
-  const std::vector<VariableDefinition> definitions = Definitions(session, arguments);
+  const std::vector<VariableDefinition> definitions = GivenVariables(session, arguments);
   Project project = load(session, context);
   PrintNearMisses(project, definitions);
   ChooseSteps(project, arguments.only, arguments.skip);
   if (arguments.validate) {
-    const auto problems = ValidateActions(project.actions);
-    PrintProblems(problems, arguments.subject, std::cerr);
+    const auto problems = CheckProject(project, arguments.subject, context, definitions);
+    PrintProblems(problems, std::cerr);
     if (!problems.empty()) return kUnusable;
   }
   const auto interrupt = session.GetConsole().OnInterrupt([&session, &context] {
@@ -147,29 +111,4 @@ int ExecAction(const Arguments& arguments) {
   return Build(arguments, [&arguments](const Session& session, IVekActionHost& host) {
     return MakeProject(session, arguments, host);
   });
-}
-
-int ValidateProject(const Arguments& arguments) {
-  Session session(arguments, false);
-  NoEvents events;
-  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
-  const Project project =
-      LoadProject(session.GetPlatform(), arguments.subject, session.GetCatalogue(), context);
-  const auto problems = ValidateActions(project.actions);
-  if (arguments.json) {
-    PrintProblemsAsJson(problems);
-  } else {
-    PrintProblems(problems, arguments.subject, std::cout);
-  }
-  return problems.empty() ? kSuccess : kFailed;
-}
-
-int ListProject(const Arguments& arguments) {
-  Session session(arguments, false);
-  NoEvents events;
-  BuildContext context(session.GetPlatform(), session.GetCatalogue(), events, true);
-  const Project project =
-      LoadProject(session.GetPlatform(), arguments.subject, session.GetCatalogue(), context);
-  std::cout << (arguments.json ? ListProjectAsJson(project) : ListProjectAsText(project));
-  return kSuccess;
 }

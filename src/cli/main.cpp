@@ -5,6 +5,7 @@
 #include "cli/Arguments.h"
 #include "cli/BuildCommands.h"
 #include "cli/CatalogueCommands.h"
+#include "cli/ProjectCommands.h"
 #include "host/project/Quoted.h"
 #include "platform/CreatePlatform.h"
 

@@ -93,6 +93,16 @@ bool BuildContext::EvaluateCondition(std::string_view expression) {
   return Trim(expression).empty() || IsTrue(Scripts().Evaluate(expression));
 }
 
+void BuildContext::CompileExpression(std::string_view source) {
+  Scripts().Compile(source, ScriptEngine::SourceKind::Expression);
+}
+bool BuildContext::IsScriptName(const std::string& name) {
+  return VariantToText(Scripts().Evaluate("typeof " + name)) != "undefined";
+}
+void BuildContext::CompileScript(std::string_view source) {
+  Scripts().Compile(source, ScriptEngine::SourceKind::Script);
+}
+
 std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
 std::string BuildContext::ExpandPath(std::string_view text) { return ::ExpandPath(text, *this); }
 

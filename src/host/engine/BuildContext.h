@@ -77,6 +77,13 @@ class BuildContext final : public IVekActionHost,
   /// The truth of a condition, blank text counting as true; raises EVekError.
   bool EvaluateCondition(std::string_view expression);
 
+  /// Compile a script expression, or the script of an event, without running it; raise EScriptError.
+  void CompileExpression(std::string_view source);
+  void CompileScript(std::string_view source);
+
+  /// Whether expressions know a name by themselves: a built-in, a constant.
+  bool IsScriptName(const std::string& name);
+
   // IVekActionHost
   const Platform& GetPlatform() override { return platform_; }
   std::string ExpandExpression(std::string_view text) override;

@@ -14,8 +14,8 @@ std::string ReadTextOf(const Platform& platform, const std::string& path) {
 }
 
 Project LoadProject(const Platform& platform, const std::string& path, const Catalogue& catalogue,
-                    IVekActionHost& host) {
-  Project project = ReadProject(ReadTextOf(platform, path), path, catalogue, host);
+                    IVekActionHost& host, std::vector<EProjectFault>* faults) {
+  Project project = ReadProject(ReadTextOf(platform, path), path, catalogue, host, faults);
   project.fileName = platform.environment->FullPath(path);
   return project;
 }

@@ -7,3 +7,25 @@ TCustomVekAction* FindActionByName(const std::vector<ActionNode>& actions, std::
   }
   return nullptr;
 }
+
+int ActionNode::LineOf(std::string_view item) const {
+  for (const ItemLine& known : lines) {
+    if (SameText(known.name, item)) return known.line;
+  }
+  return line;
+}
+
+std::string FaultPlace::Text() const {
+  if (path.empty()) return item;
+  std::string text = "action " + path;
+  if (!type.empty()) text += ' ' + type;
+  return item.empty() ? text : text + ": " + item;
+}
+
+EProjectFault::EProjectFault(const std::string& file, int line, FaultPlace place, std::string reason)
+    : EProjectError(file + ':' + std::to_string(line) + ": " +
+                    (place.Text().empty() ? "" : place.Text() + ": ") + reason),
+      file_(file),
+      line_(line),
+      place_(std::move(place)),
+      reason_(std::move(reason)) {}

@@ -25,12 +25,22 @@ struct FileSetDeclaration {
   int line = 0;
 };
 
+/// Where a property or a script of an action stands.
+struct ItemLine {
+  std::string name;
+  int line = 0;
+};
+
 struct ActionNode {
   std::string typeId;
   std::unique_ptr<TCustomVekAction> action;
   std::vector<ActionNode> children;
   int line = 0;
-  bool chosen = true;  // else it is skipped, with what is below it
+  std::vector<ItemLine> lines;  // of what stands in the file
+  bool chosen = true;           // else it is skipped, with what is below it
+
+  /// That of the property or script; the action's where there is none.
+  int LineOf(std::string_view item) const;
 };
 
 struct Project {
@@ -49,4 +59,32 @@ TCustomVekAction* FindActionByName(const std::vector<ActionNode>& actions, std::
 class EProjectError : public EVekError {
  public:
   using EVekError::EVekError;
+};
+
+/// What of a project a fault is in; empty for the file as a whole.
+struct FaultPlace {
+  std::string path = {}, type = {};  // of an action
+  std::string item = {};             // "property FileSpec", "variable OUT", "file set \"Sources\""
+
+  FaultPlace Of(std::string part) const { return {path, type, std::move(part)}; }
+
+  /// "action /1/2 HDELETE_FILE: property FileSpec"
+  std::string Text() const;
+};
+
+/// A fault of a project's file.
+class EProjectFault : public EProjectError {
+ public:
+  EProjectFault(const std::string& file, int line, FaultPlace place, std::string reason);
+
+  const std::string& File() const { return file_; }
+  int Line() const { return line_; }
+  const FaultPlace& Place() const { return place_; }
+  const std::string& Reason() const { return reason_; }
+
+ private:
+  std::string file_;
+  int line_;
+  FaultPlace place_;
+  std::string reason_;
 };

@@ -9,18 +9,19 @@ class Catalogue;
 class IVekActionHost;
 struct Platform;
 
-/// Reads a project from the text of its file. `fileName` is how messages name the file. Raises EProjectError
-/// for the first fault; nothing has been executed then. Safe on untrusted text: a document type is refused
-/// and depth is bounded.
+/// Reads a project from the text of its file. `fileName` is how messages name the file. Raises EProjectFault
+/// for the first fault; nothing has been executed then. With `faults` it goes on and collects them all; the
+/// project is of no use where there are any. Safe on untrusted text: a document type is refused and depth is
+/// bounded.
 Project ReadProject(std::string_view text, std::string_view fileName, const Catalogue& catalogue,
-                    IVekActionHost& host);
+                    IVekActionHost& host, std::vector<EProjectFault>* faults = nullptr);
 
 /// The whole of a file; raises EVekError with the system's word for what went wrong.
 std::string ReadTextOf(const Platform& platform, const std::string& path);
 
-/// Reads the project of a file; raises like these two.
+/// Reads the project of a file; raises and collects like these two.
 Project LoadProject(const Platform& platform, const std::string& path, const Catalogue& catalogue,
-                    IVekActionHost& host);
+                    IVekActionHost& host, std::vector<EProjectFault>* faults = nullptr);
 
 /// The project as file text: every stored property of every action, so that reading it gives the same
 /// project.

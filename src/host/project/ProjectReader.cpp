@@ -20,29 +20,32 @@ constexpr size_t kDeepestAction = 100;
 /// The saved properties of an action, from its element Properties.
 class SavedProperties final : public IVekStateReader {
  public:
-  SavedProperties(const ProjectXml& xml, Node section, const std::string& place,
-                  const TCustomVekAction& action)
-      : xml_(xml), section_(section), place_(place), action_(action) {}
+  SavedProperties(const ProjectXml& xml, Node section, const FaultPlace& place, ActionNode& node)
+      : xml_(xml), section_(section), place_(place), node_(node) {}
 
   void ReadProperties(const Assign& assign) override {
     for (const Node element : section_.children()) {
-      if (xml_.IsElement(element, place_)) ReadProperty(element, assign);
+      xml_.ReadPart([&] {
+        if (xml_.IsElement(element, place_)) ReadProperty(element, assign);
+      });
     }
   }
 
  private:
   void ReadProperty(Node element, const Assign& assign) {
-    const PropertyRow& row = xml_.Placed(
-        element, place_, [&]() -> const PropertyRow& { return AssignableProperty(action_, element.name()); });
-    const std::string place = place_ + ": property " + std::string(row.name);
+    const PropertyRow& row = xml_.Placed(element, place_, [&]() -> const PropertyRow& {
+      return AssignableProperty(*node_.action, element.name());
+    });
+    const FaultPlace place = place_.Of("property " + std::string(row.name));
     xml_.CheckAttributes(element, place, {});
     if (!assigned_.insert(&row).second) xml_.Fail(element, place, "given twice");
     const PropertyValue value =
         row.type == PropertyType::StringList ? ReadLines(element, place) : ReadValue(element, place, row);
     xml_.Placed(element, place, [&] { assign(row, value); });
+    node_.lines.push_back({std::string(row.name), xml_.LineOf(element)});
   }
 
-  PropertyValue ReadLines(Node element, const std::string& place) const {
+  PropertyValue ReadLines(Node element, const FaultPlace& place) const {
     StringList lines;
     xml_.ForEachElement(element, place, {"Line"}, [&](Node line) {
       xml_.CheckAttributes(line, place, {});
@@ -51,17 +54,18 @@ class SavedProperties final : public IVekStateReader {
     return lines;
   }
 
-  PropertyValue ReadValue(Node element, const std::string& place, const PropertyRow& row) const {
+  PropertyValue ReadValue(Node element, const FaultPlace& place, const PropertyRow& row) const {
     if (const Node line = element.child("Line"))
       xml_.Fail(line, place, "a Line, but the property is no list");
     const std::string text = xml_.Text(element, place);
-    return xml_.Placed(element, place_, [&] { return FittingValue(row, text); });
+    if (auto value = PropertyFromText(row, text)) return *std::move(value);
+    xml_.Fail(element, place, MisfitText(row, text));
   }
 
   const ProjectXml& xml_;
   Node section_;
-  const std::string& place_;
-  const TCustomVekAction& action_;
+  const FaultPlace& place_;
+  ActionNode& node_;
   std::set<const PropertyRow*> assigned_;
 };
 
@@ -76,15 +80,15 @@ class Reader {
   void CheckVersion(Node root) const;
   bool ReadFollowLinks(Node root) const;
   VariableDeclaration ReadVariable(Node element, NameSet& names) const;
-  bool ReadFlag(Node element, const std::string& place, const char* name) const;
-  std::string ReadVariableType(Node element, const std::string& place) const;
+  bool ReadFlag(Node element, const FaultPlace& place, const char* name) const;
+  std::string ReadVariableType(Node element, const FaultPlace& place) const;
   FileSetDeclaration ReadFileSet(Node element, NameSet& names) const;
-  std::vector<ActionNode> ReadActions(Node section, const std::string& place, const std::string& path,
+  std::vector<ActionNode> ReadActions(Node section, const FaultPlace& place, const std::string& path,
                                       size_t depth);
   ActionNode ReadAction(Node element, const std::string& path, size_t depth);
-  void TakeName(Node element, const std::string& place, const std::string& path, const std::string& name);
-  ActionNode CreateAction(Node element, const std::string& place) const;
-  void ReadScript(Node element, const std::string& place, TCustomVekAction& action, NameSet& events) const;
+  void TakeName(Node element, const FaultPlace& place, const std::string& path, const std::string& name);
+  ActionNode CreateAction(Node element, const FaultPlace& place) const;
+  void ReadScript(Node element, const FaultPlace& place, ActionNode& node, NameSet& events) const;
 
   const ProjectXml& xml_;
   const Catalogue& catalogue_;
@@ -98,49 +102,49 @@ Project Reader::Read() {
   Project project;
   project.followLinks = ReadFollowLinks(root);
   NameSet variables, fileSets;
-  xml_.ForEachElement(root, "", {"Variables", "FileSets", "Actions"}, [&](Node section) {
-    xml_.RefuseSecond(section, "");
-    xml_.CheckAttributes(section, "", {});
+  xml_.ForEachElement(root, {}, {"Variables", "FileSets", "Actions"}, [&](Node section) {
+    xml_.RefuseSecond(section, {});
+    xml_.CheckAttributes(section, {}, {});
     const std::string_view name = section.name();
     if (name == "Variables") {
-      xml_.ForEachElement(section, "", {"Variable"}, [&](Node element) {
+      xml_.ForEachElement(section, {}, {"Variable"}, [&](Node element) {
         project.variables.push_back(ReadVariable(element, variables));
       });
     } else if (name == "FileSets") {
-      xml_.ForEachElement(section, "", {"FileSet"},
+      xml_.ForEachElement(section, {}, {"FileSet"},
                           [&](Node element) { project.fileSets.push_back(ReadFileSet(element, fileSets)); });
     } else {
-      project.actions = ReadActions(section, "", "", 1);
+      project.actions = ReadActions(section, {}, "", 1);
     }
   });
   return project;
 }
 
 void Reader::CheckVersion(Node root) const {
-  xml_.CheckAttributes(root, "", {"Version", "FollowLinks"});
-  const std::string version = xml_.RequiredAttribute(root, "", "Version");
+  xml_.CheckAttributes(root, {}, {"Version", "FollowLinks"});
+  const std::string version = xml_.RequiredAttribute(root, {}, "Version");
   if (version != "1") {
-    xml_.Fail(root, "", "version " + Quoted(version) + " is not supported; version 1 is");
+    xml_.Fail(root, {}, "version " + Quoted(version) + " is not supported; version 1 is");
   }
 }
 
 bool Reader::ReadFollowLinks(Node root) const {
-  const auto text = xml_.Attribute(root, "", "FollowLinks");
+  const auto text = xml_.Attribute(root, {}, "FollowLinks");
   if (!text) return false;
   if (const auto truth = ParseBoolean(*text)) return *truth;
-  xml_.Fail(root, "", "FollowLinks: " + Quoted(*text) + " is not True or False");
+  xml_.Fail(root, {}, "FollowLinks: " + Quoted(*text) + " is not True or False");
 }
 
 VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
-  xml_.CheckAttributes(element, "", {"Name", "Type", "Secret", "Required", "Export"});
+  xml_.CheckAttributes(element, {}, {"Name", "Type", "Secret", "Required", "Export"});
   VariableDeclaration variable;
   variable.line = xml_.LineOf(element);
-  variable.name = xml_.RequiredAttribute(element, "", "Name");
+  variable.name = xml_.RequiredAttribute(element, {}, "Name");
   if (!IsVariableName(variable.name)) {
-    xml_.Fail(element, "",
+    xml_.Fail(element, {},
               "variable name " + Quoted(variable.name) + " is not made of letters, digits and _ . - ( )");
   }
-  const std::string place = "variable " + OneLine(variable.name);
+  const FaultPlace place{.item = "variable " + OneLine(variable.name)};
   if (!names.insert(variable.name).second) xml_.Fail(element, place, "declared twice");
   variable.type = ReadVariableType(element, place);
   variable.secret = ReadFlag(element, place, "Secret");
@@ -158,7 +162,7 @@ VariableDeclaration Reader::ReadVariable(Node element, NameSet& names) const {
   return variable;
 }
 
-std::string Reader::ReadVariableType(Node element, const std::string& place) const {
+std::string Reader::ReadVariableType(Node element, const FaultPlace& place) const {
   const std::string wanted = xml_.Attribute(element, place, "Type").value_or("String");
   for (std::string_view type : kVariableTypes) {
     if (SameText(type, wanted)) return std::string(type);
@@ -167,7 +171,7 @@ std::string Reader::ReadVariableType(Node element, const std::string& place) con
 }
 
 /// A truth value; false where the attribute is left out.
-bool Reader::ReadFlag(Node element, const std::string& place, const char* name) const {
+bool Reader::ReadFlag(Node element, const FaultPlace& place, const char* name) const {
   const auto text = xml_.Attribute(element, place, name);
   if (!text) return false;
   if (const auto flag = ParseBoolean(*text)) return *flag;
@@ -175,12 +179,12 @@ bool Reader::ReadFlag(Node element, const std::string& place, const char* name) 
 }
 
 FileSetDeclaration Reader::ReadFileSet(Node element, NameSet& names) const {
-  xml_.CheckAttributes(element, "", {"Name", "BaseDirectory"});
+  xml_.CheckAttributes(element, {}, {"Name", "BaseDirectory"});
   FileSetDeclaration fileSet;
   fileSet.line = xml_.LineOf(element);
-  fileSet.name = xml_.RequiredAttribute(element, "", "Name");
-  if (Trim(fileSet.name).empty()) xml_.Fail(element, "", "a file set without a name");
-  const std::string place = "file set " + Quoted(fileSet.name);
+  fileSet.name = xml_.RequiredAttribute(element, {}, "Name");
+  if (Trim(fileSet.name).empty()) xml_.Fail(element, {}, "a file set without a name");
+  const FaultPlace place{.item = "file set " + Quoted(fileSet.name)};
   if (!names.insert(fileSet.name).second) xml_.Fail(element, place, "declared twice");
   fileSet.baseDirectory = xml_.RequiredAttribute(element, place, "BaseDirectory");
   xml_.ForEachElement(element, place, {"Include", "Exclude"}, [&](Node pattern) {
@@ -191,7 +195,7 @@ FileSetDeclaration Reader::ReadFileSet(Node element, NameSet& names) const {
   return fileSet;
 }
 
-std::vector<ActionNode> Reader::ReadActions(Node section, const std::string& place, const std::string& path,
+std::vector<ActionNode> Reader::ReadActions(Node section, const FaultPlace& place, const std::string& path,
                                             size_t depth) {
   std::vector<ActionNode> actions;
   xml_.ForEachElement(section, place, {"Action"}, [&](Node element) {
@@ -201,21 +205,24 @@ std::vector<ActionNode> Reader::ReadActions(Node section, const std::string& pla
 }
 
 ActionNode Reader::ReadAction(Node element, const std::string& path, size_t depth) {
-  std::string place = "action " + path;
+  FaultPlace place{.path = path};
   if (depth > kDeepestAction) {
     // The path of such an action is long and says nothing.
-    xml_.Fail(element, "", "actions are nested more than " + std::to_string(kDeepestAction) + " deep");
+    xml_.Fail(element, {}, "actions are nested more than " + std::to_string(kDeepestAction) + " deep");
   }
-  ActionNode node = CreateAction(element, place);
-  place += ' ' + node.typeId;
+  ActionNode node;
+  // The actions below one of an unknown type are read for their own faults.
+  const bool isKnown = xml_.ReadPart([&] { node = CreateAction(element, place); });
+  place.type = node.typeId;
   NameSet events;
   xml_.ForEachElement(element, place, {"Properties", "Script", "Actions"}, [&](Node part) {
     const std::string_view name = part.name();
-    if (name == "Script") return ReadScript(part, place, *node.action, events);
+    if (!isKnown && name != "Actions") return;
+    if (name == "Script") return ReadScript(part, place, node, events);
     xml_.RefuseSecond(part, place);
     xml_.CheckAttributes(part, place, {});
     if (name == "Properties") {
-      SavedProperties saved(xml_, part, place, *node.action);
+      SavedProperties saved(xml_, part, place, node);
       node.action->ReadState(saved);
       TakeName(part, place, path, node.action->Name);
     } else {
@@ -226,16 +233,16 @@ ActionNode Reader::ReadAction(Node element, const std::string& path, size_t dept
 }
 
 /// What goes by a name must be one action.
-void Reader::TakeName(Node element, const std::string& place, const std::string& path,
+void Reader::TakeName(Node element, const FaultPlace& place, const std::string& path,
                       const std::string& name) {
   if (name.empty()) return;
   const auto [first, isNew] = pathsByName_.emplace(name, path);
   if (isNew) return;
-  xml_.Fail(element, place,
-            "property Name: " + Quoted(name) + " is the name of action " + first->second + " already");
+  xml_.Fail(element, place.Of("property Name"),
+            Quoted(name) + " is the name of action " + first->second + " already");
 }
 
-ActionNode Reader::CreateAction(Node element, const std::string& place) const {
+ActionNode Reader::CreateAction(Node element, const FaultPlace& place) const {
   xml_.CheckAttributes(element, place, {"Type"});
   const std::string typeId = xml_.RequiredAttribute(element, place, "Type");
   const CatalogueEntry* entry = catalogue_.Find(typeId);
@@ -249,12 +256,12 @@ ActionNode Reader::CreateAction(Node element, const std::string& place) const {
   return node;
 }
 
-void Reader::ReadScript(Node element, const std::string& place, TCustomVekAction& action,
-                        NameSet& events) const {
+void Reader::ReadScript(Node element, const FaultPlace& place, ActionNode& node, NameSet& events) const {
   xml_.CheckAttributes(element, place, {"Event"});
   const std::string event = xml_.RequiredAttribute(element, place, "Event");
   const std::string text = xml_.Text(element, place);
-  xml_.Placed(element, place, [&] { AttachScript(action, event, text); });
+  xml_.Placed(element, place, [&] { AttachScript(*node.action, event, text); });
+  node.lines.push_back({event, xml_.LineOf(element)});
   if (!events.insert(event).second)
     xml_.Fail(element, place, "a second script for the event " + Quoted(event));
 }
@@ -262,9 +269,16 @@ void Reader::ReadScript(Node element, const std::string& place, TCustomVekAction
 }  // namespace
 
 Project ReadProject(std::string_view text, std::string_view fileName, const Catalogue& catalogue,
-                    IVekActionHost& host) {
-  const ProjectXml xml(text, fileName);
-  Project project = Reader(xml, catalogue, host).Read();
+                    IVekActionHost& host, std::vector<EProjectFault>* faults) {
+  Project project;
+  try {
+    const ProjectXml xml(text, fileName, faults);
+    project = Reader(xml, catalogue, host).Read();
+  } catch (const EProjectFault& fault) {
+    // What makes the file as a whole unreadable.
+    if (!faults) throw;
+    faults->push_back(fault);
+  }
   project.fileName = fileName;
   return project;
 }

@@ -14,6 +14,10 @@ struct VariableDefinition {
   std::string name, text, place;
 };
 
+/// The names that a build gives values to by itself.
+inline constexpr std::string_view kPredefinedVariables[] = {"PROJECTDIR", "PROJECTFILE", "PROJECTNAME",
+                                                            "TEMPDIR", "DOSCMD"};
+
 /// Gives a build its variables: the predefined ones, then the declared ones, each expanded once in order of
 /// declaration, with `definitions` taking the place of declared values as they stand or defining further
 /// strings; the last one of a name holds. Raises EProjectError for a value that cannot be expanded or does

@@ -21,81 +21,81 @@ std::string SuggestionFrom(std::string_view name, ProjectXml::Names known) {
 
 }  // namespace
 
-ProjectXml::ProjectXml(std::string_view text, std::string_view fileName)
-    : source_(text), fileName_(OneLine(fileName)) {
+ProjectXml::ProjectXml(std::string_view text, std::string_view fileName, std::vector<EProjectFault>* faults)
+    : source_(text), fileName_(OneLine(fileName)), faults_(faults) {
   if (const NoText fault = FindNoText(text); !fault.reason.empty()) {
-    FailAt(source_.LineAt(fault.offset), "", fault.reason);
+    FailAt(source_.LineAt(fault.offset), {}, fault.reason);
   }
   const auto result = document_.load_buffer(text.data(), text.size(), kParse, pugi::encoding_utf8);
   if (result) return;
-  FailAt(source_.LineAt(Offset(result.offset)), "", std::string("malformed XML: ") + result.description());
+  FailAt(source_.LineAt(Offset(result.offset)), {}, std::string("malformed XML: ") + result.description());
 }
 
 pugi::xml_node ProjectXml::Root(std::string_view name) const {
   pugi::xml_node root;
   for (const pugi::xml_node node : document_.children()) {
     if (node.type() == pugi::node_doctype) {
-      Fail(node, "", "a document type is not allowed");
+      Fail(node, {}, "a document type is not allowed");
     } else if (node.type() == pugi::node_declaration) {
       CheckEncoding(node);
-    } else if (IsElement(node, "")) {
-      if (root) Fail(node, "", "a second root element " + Quoted(node.name()));
+    } else if (IsElement(node, {})) {
+      if (root) Fail(node, {}, "a second root element " + Quoted(node.name()));
       if (node.name() != name) {
-        Fail(node, "", "the root element is " + Quoted(node.name()) + ", not " + Quoted(name));
+        Fail(node, {}, "the root element is " + Quoted(node.name()) + ", not " + Quoted(name));
       }
       root = node;
     }
   }
-  if (!root) FailAt(1, "", source_.Text().empty() ? "the file is empty" : "the file holds no element");
+  if (!root) FailAt(1, {}, source_.Text().empty() ? "the file is empty" : "the file holds no element");
   return root;
 }
 
 int ProjectXml::LineOf(pugi::xml_node node) const { return source_.LineAt(Offset(node.offset_debug())); }
 
-void ProjectXml::FailAt(int line, std::string_view place, std::string_view message) const {
-  std::string text = fileName_ + ':' + std::to_string(line) + ": ";
-  if (!place.empty()) text.append(place).append(": ");
-  throw EProjectError(text.append(message));
+void ProjectXml::FailAt(int line, const FaultPlace& place, std::string_view message) const {
+  throw EProjectFault(fileName_, line, place, std::string(message));
 }
 
-void ProjectXml::Fail(pugi::xml_node node, std::string_view place, std::string_view message) const {
+void ProjectXml::Fail(pugi::xml_node node, const FaultPlace& place, std::string_view message) const {
   FailAt(LineOf(node), place, message);
 }
 
 void ProjectXml::CheckEncoding(pugi::xml_node declaration) const {
   const std::string_view encoding = declaration.attribute("encoding").as_string("UTF-8");
   if (!SameText(encoding, "UTF-8")) {
-    Fail(declaration, "", "the encoding " + Quoted(encoding) + " is not UTF-8");
+    Fail(declaration, {}, "the encoding " + Quoted(encoding) + " is not UTF-8");
   }
 }
 
-void ProjectXml::CheckAttributes(pugi::xml_node element, std::string_view place, Names known) const {
+void ProjectXml::CheckAttributes(pugi::xml_node element, const FaultPlace& place, Names known) const {
   for (const pugi::xml_attribute attribute : element.attributes()) {
     const std::string_view name = attribute.name();
     const std::string where = std::string(" of ") + element.name();
-    if (std::ranges::find(known, name) == known.end()) {
-      Fail(element, place, "unknown attribute " + Quoted(name) + where + SuggestionFrom(name, known));
-    }
-    if (element.attribute(attribute.name()) != attribute) {
-      Fail(element, place, "a second attribute " + Quoted(name) + where);
-    }
+    ReadPart([&] {
+      if (std::ranges::find(known, name) == known.end()) {
+        Fail(element, place, "unknown attribute " + Quoted(name) + where + SuggestionFrom(name, known));
+      }
+      if (element.attribute(attribute.name()) != attribute) {
+        Fail(element, place, "a second attribute " + Quoted(name) + where);
+      }
+    });
   }
 }
 
-std::optional<std::string> ProjectXml::Attribute(pugi::xml_node element, std::string_view place,
+std::optional<std::string> ProjectXml::Attribute(pugi::xml_node element, const FaultPlace& place,
                                                  const char* name) const {
   const pugi::xml_attribute attribute = element.attribute(name);
   if (!attribute) return {};
   return Decoded(element, place, attribute.value());
 }
 
-std::string ProjectXml::RequiredAttribute(pugi::xml_node element, std::string_view place,
+std::string ProjectXml::RequiredAttribute(pugi::xml_node element, const FaultPlace& place,
                                           const char* name) const {
   if (auto value = Attribute(element, place, name)) return *std::move(value);
   Fail(element, place, std::string("the attribute \"") + name + "\" of " + element.name() + " is missing");
 }
 
-std::string ProjectXml::Text(pugi::xml_node element, std::string_view place) const {
+std::string ProjectXml::Text(pugi::xml_node element, const FaultPlace& place) const {
   std::string text;
   for (const pugi::xml_node part : element.children()) {
     if (part.type() == pugi::node_element) Fail(part, place, "unexpected element " + Quoted(part.name()));
@@ -104,7 +104,7 @@ std::string ProjectXml::Text(pugi::xml_node element, std::string_view place) con
   return text;
 }
 
-std::string ProjectXml::Decoded(pugi::xml_node node, std::string_view place, std::string_view xml) const {
+std::string ProjectXml::Decoded(pugi::xml_node node, const FaultPlace& place, std::string_view xml) const {
   try {
     return DecodeXmlText(xml);
   } catch (const EXmlReference& error) {
@@ -113,7 +113,7 @@ std::string ProjectXml::Decoded(pugi::xml_node node, std::string_view place, std
   }
 }
 
-bool ProjectXml::IsElement(pugi::xml_node node, std::string_view place) const {
+bool ProjectXml::IsElement(pugi::xml_node node, const FaultPlace& place) const {
   if (node.type() == pugi::node_element) return true;
   const std::string_view shown = Trim(node.value());
   if (shown.empty() && node.type() == pugi::node_pcdata) return false;
@@ -125,14 +125,14 @@ bool ProjectXml::IsElement(pugi::xml_node node, std::string_view place) const {
          "unexpected text " + Quoted(shown) + where);
 }
 
-void ProjectXml::CheckName(pugi::xml_node element, std::string_view place, Names known) const {
+void ProjectXml::CheckName(pugi::xml_node element, const FaultPlace& place, Names known) const {
   const std::string_view name = element.name();
   if (std::ranges::find(known, name) != known.end()) return;
   Fail(element, place,
        "unknown element " + Quoted(name) + " in " + element.parent().name() + SuggestionFrom(name, known));
 }
 
-void ProjectXml::RefuseSecond(pugi::xml_node element, std::string_view place) const {
+void ProjectXml::RefuseSecond(pugi::xml_node element, const FaultPlace& place) const {
   if (!element.previous_sibling(element.name())) return;
   Fail(element, place, std::string("a second ") + element.name() + " in " + element.parent().name());
 }

@@ -26,9 +26,13 @@ const PropertyRow& AssignableProperty(const TCustomVekAction& action, std::strin
   return *row;
 }
 
+std::string MisfitText(const PropertyRow& row, std::string_view text) {
+  return Quoted(text) + " is not " + DescribeExpectedText(row);
+}
+
 PropertyValue FittingValue(const PropertyRow& row, std::string_view text) {
   if (auto value = PropertyFromText(row, text)) return *std::move(value);
-  throw EProjectError(PropertyPlace(row) + ": " + Quoted(text) + " is not " + DescribeExpectedText(row));
+  throw EProjectError(PropertyPlace(row) + ": " + MisfitText(row, text));
 }
 
 void AssignProperty(TCustomVekAction& action, std::string_view name, std::string_view text) {

@@ -116,6 +116,14 @@ class DuktapeEngine final : public ScriptEngine {
     return std::move(call.result);
   }
 
+  void Compile(std::string_view source, SourceKind kind) override {
+    Turn turn(*this);
+    const std::string text = ToEngineText(source);
+    const duk_uint_t flags = kind == SourceKind::Expression ? DUK_COMPILE_STRICT : 0;
+    turn.Call(turn.State().realms.ForExpressions(),
+              [&](duk_context* context) { ::Compile(context, text, flags); });
+  }
+
  private:
   /// A use of the engine. A script that makes the host evaluate another one gives that one a heap of its own;
   /// a heap that was interrupted or full is not used again.

@@ -48,6 +48,10 @@ class ScriptEngine {
   /// Runs a script whose parameters are globals of their names; those of kind InOut are read back. The
   /// script's completion value is the result. Raises EScriptError; parameters are then unchanged.
   virtual Variant Run(std::string_view source, IVekActionScriptParams& params) = 0;
+
+  /// Compiles an expression or a script without running it; raises EScriptError.
+  enum class SourceKind { Expression, Script };
+  virtual void Compile(std::string_view source, SourceKind kind) = 0;
 };
 
 std::unique_ptr<ScriptEngine> CreateScriptEngine(ScriptEnvironment& environment,

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string_view>
+
+#include "base/Text.h"
+
+/// The names that a script expression reads, without those of members. Empty for an expression with names or
+/// blocks of its own, or with a slash: only an engine can tell what that is.
+StringList NamesReadBy(std::string_view expression);
