@@ -29,7 +29,7 @@ size_t Distance(std::string_view a, std::string_view b) {
 
 std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates) {
   // Further away than this is another word, not a slip of the finger.
-  const size_t limit = 1 + name.size() / 4;
+  const size_t limit = std::min(1 + name.size() / 4, name.size() - (name.empty() ? 0 : 1));
   std::string_view nearest;
   size_t least = limit + 1;
   const std::string wanted = UpCase(name);

@@ -44,12 +44,30 @@ TEST_F(Run, ReportsEveryStepOfANestedProject) {
                   "start /2", "start /2/1",
                   "status /2/1 Deleting files : " + out + "\\*.tmp|2 Files Deleted.", "end /2/1 success",
                   "start /2/2", "status /2/2 Deleting files : " + out + "\\*.tmp|0 Files Deleted.",
-                  "end /2/2 failure", "start /2/3", "end /2/3 skipped", "end /2 success",
-                  "build-end success"));
+                  "error /2/2 The step failed because of its setting FailIfNoFile", "end /2/2 failure",
+                  "start /2/3", "end /2/3 skipped", "end /2 success", "build-end success"));
   EXPECT_EQ(result.Of("action-start")[1].at("title"), "clean");
   EXPECT_EQ(result.events.back().at("actions"), 4);
   EXPECT_EQ(result.events.back().at("failures"), 1);
   EXPECT_THAT(folder.Names(), ElementsAre("p.vekproj"));
+}
+
+TEST_F(Run, AnErrorSaysWhereItIsAndHowItIsMended) {
+  const struct {
+    std::string command, error, remedy;
+  } cases[] = {
+      {"echo %VERISON%", "unknown variable \"VERISON\"; did you mean \"VERSION\"? (", "%% stands for one %)"},
+      {"date +%Y-%m", "unknown variable \"Y-\" (", "%% stands for one %)"},
+      {"echo $(git log)", "expression \"$(git log)\": SyntaxError: ", "$$( stands for $()"},
+  };
+  for (const auto& test : cases) {
+    const auto result = RunProject(
+        ProjectOf(ActionOf("ACTIONGROUP", "", ActionOf("HRUNDOS", "<Command>" + test.command + "</Command>")),
+                  "<Variable Name=\"VERSION\"/>"));
+    const std::string error = result.Of("status").at(0).at("lines").at(1);
+    EXPECT_THAT(error, HasSubstr(test.error));
+    EXPECT_THAT(error, testing::EndsWith("p.vekproj:5, property Command; " + test.remedy));
+  }
 }
 
 TEST_F(Run, AFailedActionEndsTheBuild) {

@@ -43,12 +43,12 @@ TEST_F(Validate, LooksInsideEveryText) {
     std::string problem;  // of the first action, without its place; empty for none
   } cases[] = {
       {command("%version% %PATH% 100% %%x%% $$(x) $(VERSION + Math.PI)"), ""},
-      {command("%VERISON%"), "DOS Command: unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
-      {command("$(1 +)"), "DOS Command: expression \"$(1 +)\": SyntaxError: parse error (line 1)"},
+      {command("%VERISON%"), "Command: unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
+      {command("$(1 +)"), "Command: expression \"$(1 +)\": SyntaxError: parse error (line 1, end of input)"},
       {command("$(VERISON)"),
-       "DOS Command: expression \"$(VERISON)\": unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
-      {command("$(VERSION"), "DOS Command: expression \"$(VERSION\" has no closing parenthesis"},
-      {command("  "), "DOS Command: The text is blank"},
+       "Command: expression \"$(VERISON)\": unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
+      {command("$(VERSION"), "Command: expression \"$(VERSION\" has no closing parenthesis"},
+      {command("  "), "Command: The text is blank"},
       {command("%SET%") + setter, ""},
       {command("%LOOP%") + ActionOf("LISTITERATOR",
                                     "<LoopVariable>LOOP</LoopVariable><ListOfItems><Line>a</Line>"
@@ -56,10 +56,10 @@ TEST_F(Validate, LooksInsideEveryText) {
        ""},
       {when("VERSION == \"VERISON\" &amp;&amp; VERSION.length &gt; 1"), ""},
       {when("VERISON == 1"), "Condition: unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
-      {when("VERSION =="), "Condition: SyntaxError: parse error (line 1)"},
-      {ActionOf("FILESETCOPY", "<FileSetName>Sorces</FileSetName><Destination>x</Destination>"),
+      {when("VERSION =="), "Condition: SyntaxError: parse error (line 1, end of input)"},
+      {ActionOf("FILESETCOPY", "<FileSetName>Sorces</FileSetName><DestinationFolder>x</DestinationFolder>"),
        "FileSet: the project has no file set \"Sorces\"; did you mean \"Sources\"?"},
-      {ActionOf("LISTITERATOR", ""), "List Of Items: Nothing has been set, so that there is nothing to do"},
+      {ActionOf("LISTITERATOR", ""), "ListOfItems: Nothing has been set, so that there is nothing to do"},
       {ActionOf("ACTIONGROUP", "<Enabled>False</Enabled>", command("%NO%")), ""},
   };
   const std::string start = "<VekProject Version=\"1\"><Variables>" + variables +
@@ -82,14 +82,13 @@ TEST_F(Validate, TellsAllProblemsWithTheirPlaces) {
                 "<Variable Name=\"A\">%B%</Variable>");
   EXPECT_THAT(Problems(project),
               ElementsAre("3  variable A: unknown variable \"B\"",
-                          "5 /1 script OnExecute: line 2: SyntaxError: parse error (line 2)",
-                          "9 /2 File Spec: unknown variable \"DIR\"",
-                          "8 /2 Condition: SyntaxError: parse error (line 1)"));
+                          "6 /1 script OnExecute: line 2: SyntaxError: parse error (line 2, end of input)",
+                          "10 /2 Condition: SyntaxError: empty expression not allowed (line 1, end of input)",
+                          "9 /2 File Specification: unknown variable \"DIR\""));
   folder.Write("v.env", "B=1\n");
   EXPECT_EQ(Problems(project, {"-D", "DIR=x", "--vars", folder.Path("v.env")}).size(), 2u);
-  EXPECT_EQ(
-      RunVekrun({"validate", folder.Path("p.vekproj")}).out.substr(0, folder.Path("p.vekproj").size() + 40),
-      folder.Path("p.vekproj") + ":3: variable A: unknown variable \"B\"\n" + folder.Path("").substr(0, 3));
+  EXPECT_THAT(RunVekrun({"validate", folder.Path("p.vekproj")}).out,
+              testing::StartsWith(folder.Path("p.vekproj") + ":3: variable A: unknown variable \"B\"\n"));
 }
 
 TEST_F(Validate, TellsAllFaultsOfAFile) {
@@ -103,7 +102,7 @@ TEST_F(Validate, TellsAllFaultsOfAFile) {
               ElementsAre("1  : unknown attribute \"Odd\" of VekProject",
                           "2  variable N: \"x\" is no value of type Integer", "3 /1 : unknown type \"NOPE\"",
                           "5 /1/1 : unknown property \"Recurse2\"",
-                          "5 /1/1 property DeleteHidden: \"maybe\" is not True or False, also -1, 1 and 0",
+                          "5 /1/1 property DeleteHidden: \"maybe\" is not True or False",
                           "6 /1/1 : script event \"No\": the action has no script events"));
   EXPECT_EQ(Problems("<VekProject", {}, 2).size(), 1u);
 }

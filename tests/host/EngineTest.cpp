@@ -35,7 +35,9 @@ TEST_F(EngineTest, AFailureEndsTheBuildAndKeepsTheChildrenFromRunning) {
   Add(Below(0), Succeed);
   Add(Succeed);
   RunAll();
-  EXPECT_THAT(Log(), ElementsAre("build-start test", "start /1", "end /1 failure", "build-end failure 1 1"));
+  EXPECT_THAT(Log(),
+              ElementsAre("build-start test", "start /1", "error /1 The step failed and said nothing of why",
+                          "end /1 failure", "build-end failure 1 1"));
 }
 
 TEST_F(EngineTest, AnIgnoredFailureOfAChildIsConfinedToItsParent) {
@@ -44,8 +46,9 @@ TEST_F(EngineTest, AnIgnoredFailureOfAChildIsConfinedToItsParent) {
   Add(Below(0), Succeed);
   Add(Succeed);
   RunAll();
-  EXPECT_THAT(Log(), ElementsAre("build-start test", "start /1", "start /1/1", "end /1/1 failure",
-                                 "end /1 failure", "start /2", "end /2 success", "build-end success 3 2"));
+  EXPECT_THAT(Log(), ElementsAre("build-start test", "start /1", "start /1/1",
+                                 testing::StartsWith("error /1/1 "), "end /1/1 failure", "end /1 failure",
+                                 "start /2", "end /2 success", "build-end success 3 2"));
   EXPECT_EQ(project.actions[0].action->ActionStatus(), TVekActionStatus::asFailedIgnored);
 }
 
@@ -71,7 +74,10 @@ TEST_F(EngineTest, AConditionThatFailsMakesTheActionFail) {
 
 TEST_F(EngineTest, RetriesUntilAnAttemptSucceeds) {
   int attempts = 0;
-  Add([&attempts](TProbe&) { return ++attempts == 3; }).RetryCount = 5;
+  Add([&attempts](TProbe& probe) {
+    probe.SendMessage("trying");
+    return ++attempts == 3;
+  }).RetryCount = 5;
   EXPECT_EQ(RunAll().actions, 1);
   EXPECT_EQ(attempts, 3);
   EXPECT_THAT(Errors(),

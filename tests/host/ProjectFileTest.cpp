@@ -215,7 +215,7 @@ constexpr std::string_view kFullProject = R"(<?xml version="1.0" encoding="UTF-8
 <VekProject Version="1" FollowLinks="True">
   <Variables>
     <Variable Name="OUT" Type="String">%PROJECTDIR%\out </Variable>
-    <Variable Name="COUNT" Type="Integer">%OUT%</Variable>
+    <Variable Name="COUNT" Type="Integer" Secret="True" Required="True" Export="True">%OUT%</Variable>
   </Variables>
   <FileSets>
     <FileSet Name="A &amp; &quot;B&quot;" BaseDirectory="src&#10;">

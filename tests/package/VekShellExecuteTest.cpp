@@ -75,7 +75,7 @@ TEST_F(ShellExecuteTest, WhatCannotBeDoneIsSaid) {
   action->Parameters = "%NONE%";
   EXPECT_FALSE(fixture.Run(*action));
   EXPECT_THAT(fixture.Lines(), ElementsAre("Unable to Execute file : " + fixture.folder.Path("a b.txt"),
-                                           "--> unknown variable \"NONE\""));
+                                           "--> unknown variable \"NONE\" (%% stands for one %)"));
 }
 
 TEST_F(ShellExecuteTest, WaitsAMinuteAtMost) {

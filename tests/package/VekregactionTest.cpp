@@ -97,7 +97,7 @@ TEST_F(RegistryActions, TextThatIsNoValueOfTheTypeIsNotSet) {
       {rtDWord, "1.5", "'1.5' is not a valid integer value"},
       {rtDWord, "9223372036854775808", "'9223372036854775808' is not a valid integer value"},
       {rtBoolean, "maybe", "'maybe' is not a valid boolean value"},
-      {rtString, "%NO_SUCH_VARIABLE%", "unknown variable \"NO_SUCH_VARIABLE\""},
+      {rtString, "%NO_SUCH_VARIABLE%", "unknown variable \"NO_SUCH_VARIABLE\" (%% stands for one %)"},
   };
   for (const auto& wanted : cases) {
     EXPECT_FALSE(Set(wanted.type, wanted.text)) << wanted.text;
@@ -156,8 +156,10 @@ TEST_F(RegistryActions, KeyAndNameAreExpandedFirst) {
   for (TCustomRegAction* action :
        {static_cast<TCustomRegAction*>(read.get()), static_cast<TCustomRegAction*>(remove.get())}) {
     EXPECT_FALSE(Run(*action));
-    EXPECT_THAT(Lines(),
-                ElementsAre("Error Expanding String property : unknown variable \"NO_SUCH_VARIABLE\""));
+    EXPECT_THAT(
+        Lines(),
+        ElementsAre(
+            "Error Expanding String property : unknown variable \"NO_SUCH_VARIABLE\" (%% stands for one %)"));
   }
   set->RegValueName = "";
   EXPECT_TRUE(Set(rtString, "default"));

@@ -16,6 +16,7 @@ class TProbe final : public TVekAction {
   bool CanTerminate() const override { return true; }
   void TerminateAction() override { terminated = true; }
   void GetNextActionSource(bool, TVekNextAction& next) override { next = this->next; }
+  using TVekAction::SendMessage;
   using TVekAction::StopSignalled;
 
   std::atomic<bool> terminated = false;

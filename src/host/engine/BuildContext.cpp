@@ -1,5 +1,7 @@
 #include "host/engine/BuildContext.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "coreapi/Vekactionapi.h"
@@ -7,10 +9,29 @@
 #include "host/catalogue/Catalogue.h"
 #include "host/log/EventSink.h"
 #include "host/project/Project.h"
+#include "host/project/Quoted.h"
 #include "platform/Clock.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
 #include "platform/ProtectedFolders.h"
+
+namespace {
+
+/// The property of the action, as its file has it, that holds the text.
+const ItemLine* FindItem(const ActionNode& node, std::string_view text) {
+  for (const ItemLine& item : node.lines) {
+    const PropertyRow* row = node.action->FindProperty(item.name);
+    if (!row || !row->IsText()) continue;
+    const PropertyValue value = row->get(*node.action);
+    const auto* lines = std::get_if<StringList>(&value);
+    const bool holdsIt =
+        lines ? std::ranges::find(*lines, text) != lines->end() : std::get<std::string>(value) == text;
+    if (holdsIt) return &item;
+  }
+  return nullptr;
+}
+
+}  // namespace
 
 BuildContext::BuildContext(const Platform& platform, const Catalogue& catalogue, EventSink& events,
                            bool unattended)
@@ -40,6 +61,7 @@ BuildContext::BuildContext(BuildContext& outer)
       unattended_(outer.unattended_),
       allowsProtected_(outer.allowsProtected_),
       path_(outer.path_),
+      basePath_(outer.path_),
       variables_(&outer.variables_.GetSecrets()),
       events_(outer.events_, variables_.GetSecrets()),
       stop_(outer.stop_),
@@ -103,11 +125,55 @@ void BuildContext::CompileScript(std::string_view source) {
   Scripts().Compile(source, ScriptEngine::SourceKind::Script);
 }
 
-std::string BuildContext::ExpandExpression(std::string_view text) { return ExpandText(text, *this); }
-std::string BuildContext::ExpandPath(std::string_view text) { return ::ExpandPath(text, *this); }
+const ActionNode* BuildContext::CurrentNode() const {
+  const ActionNode* node = nullptr;
+  const std::vector<ActionNode>* actions = project_ ? &project_->actions : nullptr;
+  for (const std::string& step : SplitAt(std::string_view(path_).substr(basePath_.size()), "/")) {
+    if (step.empty()) continue;
+    const size_t number = static_cast<size_t>(std::atoll(step.c_str()));
+    if (!actions || number == 0 || number > actions->size()) return nullptr;
+    node = &(*actions)[number - 1];
+    actions = &node->children;
+  }
+  return node;
+}
+
+/// The error with what helps to mend it: a near name, where the text stands, how it is written literally.
+std::string BuildContext::Explained(const EReferenceError& error, std::string_view text) const {
+  std::string message = error.what();
+  if (!error.Variable().empty()) {
+    std::vector<std::string_view> names;
+    for (const auto& [name, value] : variables_.All()) names.push_back(name);
+    message += Suggestion(error.Variable(), names);
+  }
+  StringList notes;
+  const ActionNode* node = RunningFile().empty() ? nullptr : CurrentNode();
+  if (const ItemLine* item = node ? FindItem(*node, text) : nullptr) {
+    notes.push_back(RunningFile() + ':' + std::to_string(item->line) + ", property " + item->name);
+  }
+  if (!error.Escape().empty()) notes.emplace_back(error.Escape());
+  return notes.empty() ? message : message + " (" + JoinLines(notes, "; ") + ')';
+}
+
+template <class Expand>
+std::string BuildContext::Expanded(std::string_view text, Expand expand) {
+  try {
+    return expand();
+  } catch (const EReferenceError& error) {
+    throw EVekExpressionError(Explained(error, text));
+  }
+}
+
+std::string BuildContext::ExpandExpression(std::string_view text) {
+  return Expanded(text, [&] { return ExpandText(text, *this); });
+}
+
+std::string BuildContext::ExpandPath(std::string_view text) {
+  return Expanded(text, [&] { return ::ExpandPath(text, *this); });
+}
 
 std::string BuildContext::ExpandCounting(std::string_view text, int32_t& replaced) {
-  return ExpandText(text, *this, &replaced);
+  return Expanded(text, [&] { return ExpandText(text, *this, &replaced); });
 }
 
 std::optional<std::string> BuildContext::VariableText(std::string_view name) {
@@ -152,6 +218,7 @@ void BuildContext::ExportVariable(const std::string& name) {
 
 void BuildContext::SendMessage(std::string_view text) {
   if (std::this_thread::get_id() == buildThread_) {
+    lastWords_ = text;
     EventSink& events = Events();
     return speaking_ ? events.ProgramLine(path_, *speaking_, text) : events.Message(path_, text);
   }
@@ -165,6 +232,7 @@ void BuildContext::Postpone(Postponed told) {
 }
 
 void BuildContext::SendStatusMessage(const IVekActionLogMessage& message) {
+  lastWords_ = JoinLines(message.Lines(), "\n");
   Events().Status(path_, message.Lines());
 }
 void BuildContext::SendProgress(std::string_view text, int32_t percent) {

@@ -23,6 +23,7 @@
 
 class Catalogue;
 class EventSink;
+struct ActionNode;
 struct Project;
 
 /// The host that actions run in: variables, expressions, scripts, the log and the wish to stop.
@@ -64,6 +65,10 @@ class BuildContext final : public IVekActionHost,
   int64_t ErrorCount() const { return errors_; }
   int64_t TakeErrorCount() { return errors_.exchange(0); }
   void CountErrors(int64_t count) { errors_ += count; }
+
+  /// What the running action has logged last; empty for nothing yet.
+  const std::string& LastWords() const { return lastWords_; }
+  void ForgetWords() { lastWords_.clear(); }
 
   /// Whether the code that runs may show user interface.
   bool InSynchronize() const { return inSynchronize_; }
@@ -137,6 +142,12 @@ class BuildContext final : public IVekActionHost,
 
   ScriptEngine& Scripts();
 
+  /// The action that runs, where it stands in a project's file; null for none.
+  const ActionNode* CurrentNode() const;
+  template <class Expand>
+  std::string Expanded(std::string_view text, Expand expand);
+  std::string Explained(const EReferenceError& error, std::string_view text) const;
+
   void ReportPrograms();
 
   BuildContext* const outer_ = nullptr;
@@ -149,6 +160,7 @@ class BuildContext final : public IVekActionHost,
   Project* project_ = nullptr;
   bool allowsProtected_ = false;
   std::string path_;
+  const std::string basePath_ = {};        // that of the step which runs this build's project
   std::optional<ProgramStream> speaking_;  // while messages are lines of a program's output
   std::atomic<int64_t> errors_ = 0;
   Variables variables_;
@@ -163,5 +175,6 @@ class BuildContext final : public IVekActionHost,
   std::unique_ptr<ScriptEngine> scripts_;  // made by the first script: most builds need none
   std::map<TCustomVekAction*, std::unique_ptr<IVekScriptObject>> scriptObjects_;
   bool inSynchronize_ = false;
+  std::string lastWords_;
   std::map<std::string, std::optional<std::string>> replacedExports_;
 };

@@ -2,6 +2,7 @@
 
 #include "host/engine/ActionTitle.h"
 #include "host/engine/BuildContext.h"
+#include "host/engine/FailingSettings.h"
 #include "host/engine/NestedProject.h"
 #include "host/engine/RunProjectAction.h"
 #include "platform/Clock.h"
@@ -169,6 +170,7 @@ ActionResult Engine::RunAttempt(ActionNode& node, const std::string& path) {
   action.ResetBuildStatus();
   action.SetActionStatus(TVekActionStatus::asRunning);
   context_.TakeErrorCount();
+  context_.ForgetWords();
   const ActionResult result = RunPasses(node, path);
   if (TimedOut(running)) return ActionResult::Failure;
   if (result == ActionResult::Success && options_.strict && context_.ErrorCount() > 0) {
@@ -200,8 +202,7 @@ ActionResult Engine::RunPass(ActionNode& node, const std::string& path, int64_t 
     return ActionResult::Failure;
   }
   if (!action.Run()) {
-    // Its own words may say so without being marked as an error.
-    if (context_.ErrorCount() == 0) context_.CountError();
+    if (context_.ErrorCount() == 0) ReportReason(action);
     return ActionResult::Failure;
   }
   if (auto* const runsProject = dynamic_cast<TCustomVekRunProject*>(&action)) {
@@ -233,6 +234,21 @@ ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& 
   if (result == ActionResult::Stopped) return result;
   const bool isComplete = action.TakeOver(*nested);
   return isComplete ? result : ActionResult::Failure;
+}
+
+/// Says what is known of a failure for which the action has reported no error.
+void Engine::ReportReason(const TCustomVekAction& action) {
+  // Its own words may say why without being marked as an error.
+  const std::string& words = context_.LastWords();
+  if (IsComplaint(words) || context_.Stop().Stopped()) return context_.CountError();
+  const std::string settings = SettingsThatFail(action);
+  if (!settings.empty()) {
+    context_.ReportError("The step failed because of its setting " + settings);
+  } else if (words.empty()) {
+    context_.ReportError("The step failed and said nothing of why");
+  } else {
+    context_.CountError();
+  }
 }
 
 /// What a failure comes to: it is no fault of the action's when the build is to stop.

@@ -35,6 +35,7 @@ class Engine {
   ActionResult RunPass(ActionNode& node, const std::string& path, int64_t pass, TVekNextAction& next);
   ActionResult RunNested(TCustomVekRunProject& action, const std::string& path);
   ActionResult RunPasses(ActionNode& node, const std::string& path);
+  void ReportReason(const TCustomVekAction& action);
   void Count(const ActionOutcome& outcome);
   std::optional<bool> EvaluateCondition(TCustomVekAction& action, const std::string& path);
   bool TimedOut(const StopControl::Running& running);

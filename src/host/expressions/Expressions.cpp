@@ -14,6 +14,8 @@
 namespace {
 
 constexpr std::string_view kScriptStart = "$(";
+constexpr std::string_view kPercentEscape = "%% stands for one %";
+constexpr std::string_view kScriptEscape = "$$( stands for $(";
 
 class Expansion {
  public:
@@ -46,8 +48,8 @@ class Expansion {
     const bool leadsToRoot = isPath_ && value.empty() && Trim(result_).empty() && end < text_.size() &&
                              IsPathDelimiter(text_[end]);
     if (leadsToRoot) {
-      throw EVekExpressionError(Quoted(text_.substr(position_, length)) +
-                                " is empty: the path would begin at the root");
+      throw EReferenceError(
+          Quoted(text_.substr(position_, length)) + " is empty: the path would begin at the root", "");
     }
     ++references_;
     TakeLiteral(value, length);
@@ -61,7 +63,7 @@ class Expansion {
     if (name.empty() || end == text_.size() || text_[end] != '%') return TakeLiteral("%", 1);
 
     const auto value = source_.VariableText(name);
-    if (!value) throw EVekExpressionError("unknown variable " + Quoted(name));
+    if (!value) throw EReferenceError("unknown variable " + Quoted(name), kPercentEscape, std::string(name));
     TakeReference(*value, end + 1 - position_);
   }
 
@@ -71,8 +73,8 @@ class Expansion {
     const size_t start = position_ + kScriptStart.size();
     const auto end = FindExpressionEnd(text_, start);
     if (!end)
-      throw EVekExpressionError("expression " + Quoted(text_.substr(position_)) +
-                                " has no closing parenthesis");
+      throw EReferenceError("expression " + Quoted(text_.substr(position_)) + " has no closing parenthesis",
+                            kScriptEscape);
     TakeReference(ScriptText(text_.substr(start, *end - start)), *end + 1 - position_);
   }
 
@@ -80,8 +82,8 @@ class Expansion {
     try {
       return VariantToText(source_.EvaluateScript(script));
     } catch (const EVekError& error) {
-      throw EVekExpressionError("expression " + Quoted("$(" + std::string(script) + ")") + ": " +
-                                error.what());
+      throw EReferenceError("expression " + Quoted("$(" + std::string(script) + ")") + ": " + error.what(),
+                            kScriptEscape);
     }
   }
 

@@ -36,8 +36,8 @@ struct ActionNode {
   std::unique_ptr<TCustomVekAction> action;
   std::vector<ActionNode> children;
   int line = 0;
-  std::vector<ItemLine> lines;  // of what stands in the file
-  bool chosen = true;           // else it is skipped, with what is below it
+  std::vector<ItemLine> lines = {};  // of what stands in the file
+  bool chosen = true;                // else it is skipped, with what is below it
 
   /// That of the property or script; the action's where there is none.
   int LineOf(std::string_view item) const;

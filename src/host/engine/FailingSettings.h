@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class TCustomVekAction;
+
+/// Whether an action's own words tell of something that went wrong.
+bool IsComplaint(std::string_view words);
+
+/// The settings of an action that make it fail where it would not have to, as far as they are on:
+/// "FailIfNoFile".
+std::string SettingsThatFail(const TCustomVekAction& action);
