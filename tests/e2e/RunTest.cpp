@@ -121,7 +121,8 @@ TEST_F(Run, ReportsTellTheSameAsTheLogAndEachHasAFileOfItsOwn) {
     std::string message;
   } kRefused[] = {
       {{folder.Path("p.vekproj")}, "p.vekproj: it is the project"},
-      {{folder.Path("r.txt"), folder.Path("./r.txt")}, "./r.txt: it is the report " + folder.Path("r.txt")},
+      {{folder.Path("r.txt"), folder.Path("./r.txt")},
+       folder.Path("./r.txt") + ": it is the report " + folder.Path("r.txt")},
       {{folder.Path("missing/r")}, "cannot write the report " + folder.Path("missing/r")},
   };
   for (const auto& [reports, message] : kRefused) {

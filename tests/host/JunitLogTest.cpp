@@ -175,9 +175,10 @@ TEST(JunitLog, InAFileTheReportIsWholeAllTheTime) {
     SysResult Write(std::string_view) override { return SysResult::Failure(Win32Error::NotSupported); }
     bool CanRewrite() override { return true; }
     SysResult WriteAt(uint64_t position, std::string_view bytes) override {
-      text.resize(std::max(text.size(), position + bytes.size()));
-      text.replace(position, bytes.size(), bytes);
-      if (position == 0) counts += Report(text).Counts() + ' ';
+      const auto place = static_cast<size_t>(position);
+      text.resize(std::max(text.size(), place + bytes.size()));
+      text.replace(place, bytes.size(), bytes);
+      if (place == 0) counts += Report(text).Counts() + ' ';
       return {};
     }
     std::string text, counts;

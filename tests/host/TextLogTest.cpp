@@ -114,6 +114,8 @@ TEST(TextLog, SumsUp) {
       {{ActionResult::Success, 0.03, 12, 0, 3, 2},
        "\nSucceeded, 3 errors logged by 2 steps: 12 actions in 0.03 s\n"},
       {{ActionResult::Failure, 185, 12, 2}, "\nFailed: 12 actions, 2 failures, 3 min 05 s\n"},
+      {{ActionResult::Failure, 185, 12, 3, 0, 0, 1},
+       "\nFailed: 12 actions, 3 failures (1 ignored), 3 min 05 s\n"},
       {{ActionResult::Failure, 0, 0, 0}, "\nFailed: 0 actions in 0.00 s\n"},
       {{ActionResult::Stopped, 12.4, 1, 0}, "\nStopped: 1 action in 12.4 s\n"},
   };

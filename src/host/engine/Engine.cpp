@@ -108,6 +108,7 @@ ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
 void Engine::Count(const ActionOutcome& outcome) {
   if (outcome.result != ActionResult::Skipped) ++summary_.actions;
   if (outcome.result == ActionResult::Failure) ++summary_.failures;
+  if (outcome.ignored) ++summary_.ignored;
   if (outcome.result != ActionResult::Success || outcome.errors == 0) return;
   summary_.errors += outcome.errors;
   ++summary_.erroneous;

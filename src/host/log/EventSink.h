@@ -41,12 +41,14 @@ struct BuildSummary {
   int64_t failures = 0;   // executions that ended so, ignored ones included
   int64_t errors = 0;     // that actions logged although they succeeded
   int64_t erroneous = 0;  // executions that did so
+  int64_t ignored = 0;    // failures that were ignored
 
   void AddCounts(const BuildSummary& part) {
     actions += part.actions;
     failures += part.failures;
     errors += part.errors;
     erroneous += part.erroneous;
+    ignored += part.ignored;
   }
 };
 

@@ -1,3 +1,4 @@
+#include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -10,6 +11,8 @@
 namespace {
 
 using Json = nlohmann::json;
+
+constexpr size_t kUsualLength = 256;
 
 double ToMicroseconds(double seconds) { return std::round(seconds * 1e6) / 1e6; }
 
@@ -32,11 +35,23 @@ bool HasEscape(std::string_view text) {
 /// One event as it is put together. Most text needs no escapes and is copied.
 class JsonLine {
  public:
-  JsonLine(std::string_view event, std::string_view time) { Text("event", event).Text("time", time); }
+  JsonLine(std::string_view event, std::string_view time) {
+    line_.reserve(kUsualLength);
+    Text("event", event).Text("time", time);
+  }
 
   JsonLine& Text(std::string_view key, std::string_view text) {
     if (!IsPlainText(text) || HasEscape(text)) return Value(key, text);
     Key(key).append(1, '"').append(text) += '"';
+    return *this;
+  }
+
+  /// Rounded to microseconds.
+  JsonLine& Seconds(std::string_view key, double seconds) {
+    char text[32];
+    const std::string_view number(
+        text, static_cast<size_t>(std::to_chars(text, std::end(text), ToMicroseconds(seconds)).ptr - text));
+    Key(key).append(number).append(number.find_first_of(".e") == number.npos ? ".0" : "");
     return *this;
   }
 
@@ -103,7 +118,7 @@ class JsonLog final : public EventSink {
     JsonLine line = Line("action-end");
     line.Text("path", place.path)
         .Text("result", ActionResultName(outcome.result))
-        .Value("seconds", ToMicroseconds(outcome.seconds))
+        .Seconds("seconds", outcome.seconds)
         .Number("errors", outcome.errors);
     if (outcome.ignored) line.Value("ignored", true);
     Write(line);
@@ -112,7 +127,7 @@ class JsonLog final : public EventSink {
   void BuildEnd(const BuildSummary& summary) override {
     Write(Line("build-end")
               .Text("result", ActionResultName(summary.result))
-              .Value("seconds", ToMicroseconds(summary.seconds))
+              .Seconds("seconds", summary.seconds)
               .Number("actions", summary.actions)
               .Number("failures", summary.failures));
   }

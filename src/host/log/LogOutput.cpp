@@ -16,7 +16,9 @@ LogOutput::LogOutput(OutputStream& stream, std::function<void()> onFailure)
 void LogOutput::Write(std::string_view bytes) {
   if (!held_) return WriteNow(bytes);
   pending_ += bytes;
-  if (pending_.size() >= kMostPending) WriteNow(std::exchange(pending_, {}));
+  if (pending_.size() < kMostPending) return;
+  WriteNow(pending_);
+  pending_.clear();
 }
 
 void LogOutput::Hold(bool held) {

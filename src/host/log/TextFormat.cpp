@@ -108,7 +108,11 @@ void TextFormat::Summary(std::string& out, const BuildSummary& summary) const {
   text += ": " + CountText(summary.actions, "action");
   if (summary.failures > 0) {
     text += ", " + CountText(summary.failures, "failure");
-    if (summary.result == ActionResult::Success) text += " ignored";
+    if (summary.result == ActionResult::Success) {
+      text += " ignored";
+    } else if (summary.ignored > 0) {
+      text += " (" + std::to_string(summary.ignored) + " ignored)";
+    }
   }
   text += (summary.failures > 0 ? ", " : " in ") + ElapsedText(summary.seconds);
   Line(out, 0, ResultTone(summary.result), WordsOf(summary.result).summary, text);
