@@ -37,6 +37,10 @@ _vekrun() {
     case $word in
       FILE) _vekrun_files ;;
       FORMAT) COMPREPLY=($(compgen -W 'text jsonl junit' -- "$current")) ;;
+      FORMAT=FILE)
+        COMPREPLY=($(compgen -W 'text= jsonl= junit=' -- "$current"))
+        compopt -o nospace 2>/dev/null
+        ;;
     esac
   elif [[ $current == -* ]]; then
     COMPREPLY=($(compgen -W "$(_vekrun_words "options:$command")" -- "$current"))
@@ -85,6 +89,11 @@ _vekrun() {
   word=$(_vekrun_words "takes:$before")
   if [[ $word == FILE ]]; then
     _files
+  elif [[ $word == *=FILE && $current == *=* ]]; then
+    compset -P '*='
+    _files
+  elif [[ $word == FORMAT=FILE ]]; then
+    compadd -S '' -- text= jsonl= junit=
   elif [[ -n $word ]]; then
     [[ $word == FORMAT ]] && compadd -- text jsonl junit
   elif [[ $current == -* ]]; then
@@ -131,6 +140,8 @@ function __vekrun_complete
     end
     if test "$form" = FORMAT
         printf '%s\n' text jsonl junit
+    else if test "$form" = FORMAT=FILE
+        printf '%s\n' text= jsonl= junit=
     else if test -n "$form"
         test "$form" = FILE; and __fish_complete_path $current
     else if string match -q -- '-*' $current
