@@ -10,6 +10,7 @@ class ErrorTexts;
 class Finder;
 class Folders;
 class IniFiles;
+class Locale;
 class Modules;
 class Processes;
 class Registry;
@@ -26,6 +27,7 @@ struct Platform {
   Finder* finder;
   Environment* environment;
   Clock* clock;
+  Locale* locale;
   ErrorTexts* errorTexts;
   Modules* modules;
   IniFiles* iniFiles;

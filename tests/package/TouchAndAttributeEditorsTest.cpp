@@ -3,7 +3,7 @@
 #include "fileops/VekFileAttrib.h"
 #include "pages/VekFileAttributeEditor.h"
 #include "pages/VekTouchFilesDateEditor.h"
-#include "platform/Clock.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "support/NullHost.h"
 #include "support/ScriptedServices.h"
@@ -34,9 +34,9 @@ TEST(TouchFilesDateEditor, EditsDateTimeAndMarksInADialog) {
   NullHost host;
   TTouchFilesAction action(host);
   action.DateTime = *ParseIso8601("2007-03-05T10:30:00");
-  Clock& clock = *host.GetPlatform().clock;
+  Locale& locale = *host.GetPlatform().locale;
   const auto editor = kTouchFilesDateEditor.Create(action, *action.FindProperty("DateTimeString"));
-  EXPECT_EQ(editor->GetValue(), clock.ShortDate(action.DateTime) + ' ' + clock.ShortTime(action.DateTime));
+  EXPECT_EQ(editor->GetValue(), locale.ShortDate(action.DateTime) + ' ' + locale.ShortTime(action.DateTime));
   EXPECT_FALSE(editor->Edit());
   services.fillIn = [](TFrame& form) {
     auto& date = dynamic_cast<TEdit&>(*form.FindControl("dtpDate"));
@@ -46,7 +46,7 @@ TEST(TouchFilesDateEditor, EditsDateTimeAndMarksInADialog) {
   };
   EXPECT_TRUE(editor->Edit());
   EXPECT_EQ(action.DateTime, *ParseIso8601("2008-02-29T10:30:00"));
-  EXPECT_EQ(editor->GetValue(), clock.ShortDate(action.DateTime));
+  EXPECT_EQ(editor->GetValue(), locale.ShortDate(action.DateTime));
 }
 
 TEST(TouchFiles, ItsDateTimeIsReadAndWrittenAsText) {

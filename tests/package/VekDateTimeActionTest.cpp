@@ -46,10 +46,6 @@ struct FixedClock final : Clock {
   double Seconds() override { return 0; }
   TDateTime LocalNow() override { return At("2007-03-05T12:00:00"); }
   TDateTime UtcNow() override { return ToUtc(LocalNow()); }
-  std::string ShortDate(TDateTime) override { return {}; }
-  std::string ShortTime(TDateTime) override { return {}; }
-  std::string LongTime(TDateTime) override { return {}; }
-  std::optional<TDateTime> ParseDateTime(std::string_view) override { return {}; }
   TDateTime ToUtc(TDateTime local) override { return {local.days - 2.0 / 24}; }
 };
 

@@ -2,8 +2,8 @@
 #include "gtest/gtest.h"
 
 #include "fileops/VekFileCompare.h"
-#include "platform/Clock.h"
 #include "platform/Contents.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "support/ActionFixture.h"
 #include "support/OsFixture.h"
@@ -48,7 +48,7 @@ struct FileCompare : ActionFixture, testing::Test {
     action->GetNextActionSource(false, next);
     return next;
   }
-  std::string Day(const char* date) { return GetPlatform().clock->ShortDate(*ParseIso8601(date)); }
+  std::string Day(const char* date) { return GetPlatform().locale->ShortDate(*ParseIso8601(date)); }
 
   std::unique_ptr<TVekFileCompareAction> action = Make<TVekFileCompareAction>();
 };

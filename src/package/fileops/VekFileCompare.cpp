@@ -1,9 +1,9 @@
 #include "fileops/VekFileCompare.h"
 
 #include "checksum/HashAlgMD5_U.h"
-#include "platform/Clock.h"
 #include "platform/Contents.h"
 #include "platform/Entries.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 
 const ActionClass TCustomVekFileCompareAction::kClass{
@@ -69,9 +69,9 @@ bool TCustomVekFileCompareAction::CompareDates(const Files& files, bool& differe
   if (!Ask(files.b, ShareMode::DenyNone, "date", read(b))) return false;
   different = a != b;
   // Without the time: of two files written on one day the same date is shown twice.
-  Clock& clock = *GetPlatform().clock;
+  Locale& locale = *GetPlatform().locale;
   SendMessage(different
-                  ? "Files have different dates (" + clock.ShortDate(a) + " vs " + clock.ShortDate(b) + ")"
+                  ? "Files have different dates (" + locale.ShortDate(a) + " vs " + locale.ShortDate(b) + ")"
                   : "Files have the same date.");
   return true;
 }

@@ -9,6 +9,7 @@
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
 #include "platform/Finder.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -53,18 +54,18 @@ TCustomTouchFilesAction::TCustomTouchFilesAction(IVekActionHost& host)
     : TVekAction(host), DateTime(GetPlatform().clock->LocalNow()) {}
 
 std::string TCustomTouchFilesAction::DateTimeAsString() const {
-  Clock& clock = *GetPlatform().clock;
-  return clock.ShortDate(DateTime) + ' ' + clock.LongTime(DateTime);
+  Locale& locale = *GetPlatform().locale;
+  return locale.ShortDate(DateTime) + ' ' + locale.LongTime(DateTime);
 }
 
 void TCustomTouchFilesAction::SetDateTimeAsString(std::string_view value) {
-  if (const auto parsed = GetPlatform().clock->ParseDateTime(value)) DateTime = *parsed;
+  if (const auto parsed = GetPlatform().locale->ParseDateTime(value)) DateTime = *parsed;
 }
 
 std::string TCustomTouchFilesAction::ShownDateTime() const {
-  Clock& clock = *GetPlatform().clock;
-  const std::string date = TouchDate ? clock.ShortDate(DateTime) : "";
-  return std::string(Trim(TouchTime ? date + ' ' + clock.ShortTime(DateTime) : date));
+  Locale& locale = *GetPlatform().locale;
+  const std::string date = TouchDate ? locale.ShortDate(DateTime) : "";
+  return std::string(Trim(TouchTime ? date + ' ' + locale.ShortTime(DateTime) : date));
 }
 
 bool TCustomTouchFilesAction::Validate(IVekActionValidationError& errors) {

@@ -14,6 +14,7 @@
 #include "platform/posix/system/PosixDisk.h"
 #include "platform/posix/system/PosixEnvironment.h"
 #include "platform/posix/system/PosixErrors.h"
+#include "platform/posix/system/PosixLocale.h"
 #include "platform/posix/system/PosixModules.h"
 #include "platform/posix/system/PosixSounds.h"
 #include "platform/posix/windows/PosixProcessWindows.h"
@@ -42,6 +43,7 @@ class PosixPlatform final : public PlatformOwner {
   PosixFinder finder_{paths_};
   PosixEnvironment environment_{paths_};
   PosixClock clock_;
+  PosixLocale locale_;
   PosixErrorTexts errorTexts_;
   PosixModules modules_{paths_};
   PosixIniFiles iniFiles_{paths_};
@@ -59,6 +61,7 @@ class PosixPlatform final : public PlatformOwner {
                      .finder = &finder_,
                      .environment = &environment_,
                      .clock = &clock_,
+                     .locale = &locale_,
                      .errorTexts = &errorTexts_,
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,

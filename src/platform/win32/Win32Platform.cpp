@@ -14,6 +14,7 @@
 #include "platform/win32/system/Win32Disk.h"
 #include "platform/win32/system/Win32Environment.h"
 #include "platform/win32/system/Win32ErrorTexts.h"
+#include "platform/win32/system/Win32Locale.h"
 #include "platform/win32/system/Win32Modules.h"
 #include "platform/win32/system/Win32Sounds.h"
 #include "platform/win32/windows/Win32ProcessWindows.h"
@@ -32,6 +33,7 @@ class Win32Platform final : public PlatformOwner {
   Win32Finder finder_;
   Win32Environment environment_;
   Win32Clock clock_;
+  Win32Locale locale_;
   Win32ErrorTexts errorTexts_;
   Win32Modules modules_;
   Win32IniFiles iniFiles_{contents_};
@@ -49,6 +51,7 @@ class Win32Platform final : public PlatformOwner {
                      .finder = &finder_,
                      .environment = &environment_,
                      .clock = &clock_,
+                     .locale = &locale_,
                      .errorTexts = &errorTexts_,
                      .modules = &modules_,
                      .iniFiles = &iniFiles_,

@@ -6,10 +6,6 @@ class PosixClock final : public Clock {
  public:
   double Seconds() override;
   TDateTime LocalNow() override;
-  std::string ShortDate(TDateTime local) override;
   TDateTime UtcNow() override;
   TDateTime ToUtc(TDateTime local) override;
-  std::string ShortTime(TDateTime local) override;
-  std::string LongTime(TDateTime local) override;
-  std::optional<TDateTime> ParseDateTime(std::string_view text) override;
 };
