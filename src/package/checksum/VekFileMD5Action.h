@@ -17,18 +17,11 @@ class TVekFileMD5Action final : public PublishedAction<TVekFileMD5Action, TCusto
  public:
   using PublishedAction::PublishedAction;
   static constexpr std::string_view kClassName = "TVekFileMD5Action";
-  static constexpr PropertyRow kPublished[] = {
-      Published<&TCustomVekFileMD5Action::FileName>("FileName", TextRole::File)
-          .Means("The file to compute the checksum of"),
-      Published<&TCustomVekFileMD5Action::VekVariable>("VekVariable", TextRole::Variable)
-          .Means("The variable that receives the checksum, as 32 hexadecimal digits; blank for none"),
-      Published<&TCustomVekFileMD5Action::FailIfDiffToFile>("FailIfDiffToFile")
-          .Means("Fail when the checksum of CompareToFile is another"),
-      Published<&TCustomVekFileMD5Action::CompareToFile>("CompareToFile", TextRole::File)
-          .Means("The file to compare with"),
-      Published<&TCustomVekFileMD5Action::FailIfDiffToValue>("FailIfDiffToMD5")
-          .Means("Fail when the checksum is not the expected one"),
-      Published<&TCustomVekFileMD5Action::CompareToValue>("CompareToMD5")
-          .Means("The expected checksum, in upper or lower case"),
-  };
+  static constexpr auto kPublished = ChecksumRows({
+      .variableMeaning = "The variable that receives the checksum, as 32 hexadecimal digits; "
+                         "blank for none",
+      .failIfDiff = "FailIfDiffToMD5",
+      .compareTo = "CompareToMD5",
+      .compareMeaning = "The expected checksum, in upper or lower case",
+  });
 };

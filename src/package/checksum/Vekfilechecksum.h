@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,13 @@ struct ChecksumWords {
   std::string_view compared;      // where two are compared
   std::string_view compareTitle;  // of the property that holds the expected one
   bool (*areEqual)(std::string_view a, std::string_view b);
+};
+
+/// What the rows of a kind's properties say that others do not.
+struct ChecksumRowTexts {
+  std::string_view variableMeaning;
+  std::string_view failIfDiff;                 // the property that has another value fail
+  std::string_view compareTo, compareMeaning;  // the one that holds the expected value
 };
 
 /// Base of the actions that compute a file's checksum: it is logged, stored in a variable, and compared with
@@ -41,3 +49,17 @@ class TCustomFileChecksumAction : public TVekAction {
   bool CompareWithFile(const std::string& checksum);
   bool CompareWithValue(const std::string& checksum);
 };
+
+consteval std::array<PropertyRow, 6> ChecksumRows(const ChecksumRowTexts& texts) {
+  using Action = TCustomFileChecksumAction;
+  return {
+      Published<&Action::FileName>("FileName", TextRole::File).Means("The file to compute the checksum of"),
+      Published<&Action::VekVariable>("VekVariable", TextRole::Variable).Means(texts.variableMeaning),
+      Published<&Action::FailIfDiffToFile>("FailIfDiffToFile")
+          .Means("Fail when the checksum of CompareToFile is another"),
+      Published<&Action::CompareToFile>("CompareToFile", TextRole::File).Means("The file to compare with"),
+      Published<&Action::FailIfDiffToValue>(texts.failIfDiff)
+          .Means("Fail when the checksum is not the expected one"),
+      Published<&Action::CompareToValue>(texts.compareTo).Means(texts.compareMeaning),
+  };
+}

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "checksum/VekFileCRCAction.h"
-#include "forms/Vekpluginapi.h"
+#include "pages/VekFileChecksumFrame.h"
 
-class TFileCRCFrame final : public TActionFrame<TVekFileCRCAction> {
+class TFileCRCFrame final : public TFileChecksumFrame<TVekFileCRCAction> {
  public:
   static constexpr std::string_view kClassName = "TFileCRCFrame";
   TFileCRCFrame();
