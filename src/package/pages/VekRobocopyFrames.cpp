@@ -18,7 +18,7 @@ TRobocopyJobsFrame::TRobocopyJobsFrame() : TActionFrame("Jobs") {
   ListBox("lbJobFiles", "JobFiles").Hint("Robocopy job files");
 }
 
-TRobocopyCopyOptionsFrame::TRobocopyCopyOptionsFrame() : TActionFrame("Copy Options") {
+TRobocopyCopyOptionsFrame::TRobocopyCopyOptionsFrame() : TRobocopyAttributesFrame("Copy Options") {
   using enum TRobocopyCopyFlags;
   Heading("Copy");
   CheckBox("chkCopyData", "Data", "CopyFlags", cfData);
@@ -27,22 +27,10 @@ TRobocopyCopyOptionsFrame::TRobocopyCopyOptionsFrame() : TActionFrame("Copy Opti
   CheckBox("chkCopySecurity", "Security", "CopyFlags", cfSecurity);
   CheckBox("chkCopyOwnership", "Ownership", "CopyFlags", cfOwnership);
   CheckBox("chkCopyAuditing", "Auditing", "CopyFlags", cfAuditing);
-
-  using enum TRobocopyAttribsRange;
   Heading("Set Attributes of Copied Files");
-  CheckBox("chkSetReadOnly", "Read Only", "SetAttribInCopiedFiles", aReadOnly);
-  CheckBox("chkSetSystem", "System", "SetAttribInCopiedFiles", aSystem);
-  CheckBox("chkSetNotIndexed", "Not Content Indexed", "SetAttribInCopiedFiles", aNotContentIndexed);
-  CheckBox("chkSetArchive", "Archive", "SetAttribInCopiedFiles", aArchive);
-  CheckBox("chkSetHidden", "Hidden", "SetAttribInCopiedFiles", aHidden);
-  CheckBox("chkSetTemporary", "Temporary", "SetAttribInCopiedFiles", aTemporary);
+  AttributeBoxes<TRobocopyAttribsRange>("chkSet", "SetAttribInCopiedFiles");
   Heading("Turn Off Attributes of Copied Files");
-  CheckBox("chkClearReadOnly", "Read Only", "TurnOffAttribInCopiedFiles", aReadOnly);
-  CheckBox("chkClearSystem", "System", "TurnOffAttribInCopiedFiles", aSystem);
-  CheckBox("chkClearNotIndexed", "Not Content Indexed", "TurnOffAttribInCopiedFiles", aNotContentIndexed);
-  CheckBox("chkClearArchive", "Archive", "TurnOffAttribInCopiedFiles", aArchive);
-  CheckBox("chkClearHidden", "Hidden", "TurnOffAttribInCopiedFiles", aHidden);
-  CheckBox("chkClearTemporary", "Temporary", "TurnOffAttribInCopiedFiles", aTemporary);
+  AttributeBoxes<TRobocopyAttribsRange>("chkClear", "TurnOffAttribInCopiedFiles");
   Heading("FAT File Systems");
   CheckBox("chkFATFileNames", "FAT File Names", "FATFileNames");
   CheckBox("chkFATFileTimes", "FAT File Times", "FATFileTimes");

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "forms/Vekpluginapi.h"
-#include "process/VekRobocopyMainAction.h"
+#include "pages/VekRobocopyAttributes.h"
 
 class TRobocopyMainFrame final : public TActionFrame<TVekRobocopyAction> {
  public:
@@ -15,7 +14,7 @@ class TRobocopyJobsFrame final : public TActionFrame<TVekRobocopyJobAction> {
   TRobocopyJobsFrame();
 };
 
-class TRobocopyCopyOptionsFrame final : public TActionFrame<TVekRobocopyCopyAction> {
+class TRobocopyCopyOptionsFrame final : public TRobocopyAttributesFrame<TVekRobocopyCopyAction> {
  public:
   static constexpr std::string_view kClassName = "TRobocopyCopyOptionsFrame";
   TRobocopyCopyOptionsFrame();

@@ -1,21 +1,12 @@
 #include "pages/VekRobocopySelectionFrames.h"
 
-TRobocopyIncludeFrame::TRobocopyIncludeFrame() : TActionFrame("Include") {
-  using enum TRobocopyAttribs;
+TRobocopyIncludeFrame::TRobocopyIncludeFrame() : TRobocopyAttributesFrame("Include") {
   Heading("Folders");
   CheckBox("chkIncludeSubDirs", "Include Sub-directories", "IncludeSubDirs");
   CheckBox("chkIncludeEmptyDirs", "Include Empty Directories", "IncludeEmptyDirs");
   Heading("Only Files with Attributes");
   CheckBox("chkIncludeUsingAttrib", "Include Using Attributes", "DoIncludeUsingAttrib");
-  CheckBox("chkIncludeReadOnly", "Read Only", "IncludeFilesAttrib", aReadOnly);
-  CheckBox("chkIncludeSystem", "System", "IncludeFilesAttrib", aSystem);
-  CheckBox("chkIncludeNotIndexed", "Not Content Indexed", "IncludeFilesAttrib", aNotContentIndexed);
-  CheckBox("chkIncludeArchive", "Archive", "IncludeFilesAttrib", aArchive);
-  CheckBox("chkIncludeHidden", "Hidden", "IncludeFilesAttrib", aHidden);
-  CheckBox("chkIncludeTemporary", "Temporary", "IncludeFilesAttrib", aTemporary);
-  CheckBox("chkIncludeCompressed", "Compressed", "IncludeFilesAttrib", aCompressed);
-  CheckBox("chkIncludeOffline", "Offline", "IncludeFilesAttrib", aOffline);
-  CheckBox("chkIncludeEncrypted", "Encrypted", "IncludeFilesAttrib", aEncrypted);
+  AttributeBoxes<TRobocopyAttribs>("chkInclude", "IncludeFilesAttrib");
   CheckBox("chkOnlyArchive", "Only Archive Files, Clear Archive Bit", "OnlyArchiveFilesAndClearArchiveBit");
   Heading("Tagged Files");
   CheckBox("chkIncludeSame", "Include Same Files", "IncludeTaggedSame");
@@ -26,18 +17,9 @@ TRobocopyIncludeFrame::TRobocopyIncludeFrame() : TActionFrame("Include") {
   Edit("txtDelay", "DelayToFreeUpBandwidth").Hint("Milliseconds between packets, to free up bandwidth");
 }
 
-TRobocopyExcludeFrame::TRobocopyExcludeFrame() : TActionFrame("Exclude") {
-  using enum TRobocopyAttribs;
+TRobocopyExcludeFrame::TRobocopyExcludeFrame() : TRobocopyAttributesFrame("Exclude") {
   Heading("Files with Attributes");
-  CheckBox("chkExcludeReadOnly", "Read Only", "ExcludeFilesAttrib", aReadOnly);
-  CheckBox("chkExcludeSystem", "System", "ExcludeFilesAttrib", aSystem);
-  CheckBox("chkExcludeNotIndexed", "Not Content Indexed", "ExcludeFilesAttrib", aNotContentIndexed);
-  CheckBox("chkExcludeArchive", "Archive", "ExcludeFilesAttrib", aArchive);
-  CheckBox("chkExcludeHidden", "Hidden", "ExcludeFilesAttrib", aHidden);
-  CheckBox("chkExcludeTemporary", "Temporary", "ExcludeFilesAttrib", aTemporary);
-  CheckBox("chkExcludeCompressed", "Compressed", "ExcludeFilesAttrib", aCompressed);
-  CheckBox("chkExcludeOffline", "Offline", "ExcludeFilesAttrib", aOffline);
-  CheckBox("chkExcludeEncrypted", "Encrypted", "ExcludeFilesAttrib", aEncrypted);
+  AttributeBoxes<TRobocopyAttribs>("chkExclude", "ExcludeFilesAttrib");
   Heading("Tagged Files");
   CheckBox("chkExcludeJunctions", "Junction Points", "ExcludeJunctionPoints");
   CheckBox("chkExcludeChanged", "Changed Files", "ExcludeTaggedChanged");

@@ -1,15 +1,14 @@
 #pragma once
 
-#include "forms/Vekpluginapi.h"
-#include "process/VekRobocopyMainAction.h"
+#include "pages/VekRobocopyAttributes.h"
 
-class TRobocopyIncludeFrame final : public TActionFrame<TVekRobocopyMainAction> {
+class TRobocopyIncludeFrame final : public TRobocopyAttributesFrame<TVekRobocopyMainAction> {
  public:
   static constexpr std::string_view kClassName = "TRobocopyIncludeFrame";
   TRobocopyIncludeFrame();
 };
 
-class TRobocopyExcludeFrame final : public TActionFrame<TVekRobocopyMainAction> {
+class TRobocopyExcludeFrame final : public TRobocopyAttributesFrame<TVekRobocopyMainAction> {
  public:
   static constexpr std::string_view kClassName = "TRobocopyExcludeFrame";
   TRobocopyExcludeFrame();
