@@ -40,9 +40,8 @@ bool RunsChildren(TVekNextAction next) {
   return next == TVekNextAction::naDefault || next == TVekNextAction::naChildren;
 }
 
-bool RunsProject(const TCustomVekAction& action) {
-  return dynamic_cast<const TCustomVekRunProject*>(&action) != nullptr;
-}
+/// By its class, since this is asked at every pass.
+bool RunsProject(const TCustomVekAction& action) { return &action.ClassType() == &TVekRunProject::Class(); }
 
 }  // namespace
 
@@ -198,7 +197,8 @@ ActionResult Engine::RunPasses(ActionNode& node, const std::string& path) {
 /// The action and then its children, unless it wants none; `next` tells whether it is to be run again.
 ActionResult Engine::RunPass(ActionNode& node, const std::string& path, int64_t pass, TVekNextAction& next) {
   TCustomVekAction& action = *node.action;
-  if (RunsProject(action) && !node.children.empty()) {
+  const bool runsProject = RunsProject(action);
+  if (runsProject && !node.children.empty()) {
     context_.ReportError("No actions can stand below this one: those of the project do");
     return ActionResult::Failure;
   }
@@ -206,9 +206,7 @@ ActionResult Engine::RunPass(ActionNode& node, const std::string& path, int64_t 
     if (context_.ErrorCount() == 0) ReportReason(action);
     return ActionResult::Failure;
   }
-  if (auto* const runsProject = dynamic_cast<TCustomVekRunProject*>(&action)) {
-    return RunNested(*runsProject, path);
-  }
+  if (runsProject) return RunNested(static_cast<TCustomVekRunProject&>(action), path);
   action.GetNextActionSource(false, next);
   if (!RunsChildren(next)) return ActionResult::Success;
   const size_t outerPasses = passes_.size();
@@ -227,6 +225,7 @@ ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& 
   BuildContext& context = nested->Context();
   context.SetProject(&nested->GetProject());
   Engine engine(context, options_);
+  engine.passes_ = passes_;
   engine.passes_ = passes_;
   engine.forgiving_ = forgiving_;
   const ActionResult result = engine.RunActions(nested->GetProject().actions, path);
