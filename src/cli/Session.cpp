@@ -3,6 +3,7 @@
 #include "base/NearestName.h"
 #include "coreapi/Vekerrors.h"
 #include "host/engine/ActionGroup.h"
+#include "platform/CopyToolVariables.h"
 #include "platform/Environment.h"
 
 Session::Session(const Arguments& arguments, bool designTime)
@@ -17,11 +18,25 @@ Session::Session(const Arguments& arguments, bool designTime)
   if (arguments.packages.empty()) packages_.Load(packages_.DefaultPackage(), designTime);
   for (const std::string& file : arguments.packages) packages_.Load(file, designTime);
   RegisterHostActions(catalogue_);
+  TellCopyTools(arguments.allowProtected);
 }
 
 Session::~Session() {
   InstallVekServices(nullptr);
   options_.Unregister();
+}
+
+/// They are programs of their own, and what is set for this run holds for them as well.
+void Session::TellCopyTools(bool allowProtected) {
+  Environment& environment = *GetPlatform().environment;
+  std::string drives;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const auto folder = DriveFolder(letter);
+    if (folder) drives.append(1, letter).append(1, '=').append(environment.FullPath(*folder)).append(1, '\n');
+  }
+  if (!drives.empty()) environment.Export(kDrivesVariable, drives);
+  environment.Export(kNoPreserveRootVariable,
+                     allowProtected ? std::optional<std::string>("1") : std::nullopt);
 }
 
 const CatalogueEntry& Session::FindType(const std::string& typeId) const {

@@ -32,6 +32,7 @@ class Session {
  private:
   void SetOptions(const Arguments& arguments);
   std::optional<std::string> DriveFolder(char letter);
+  void TellCopyTools(bool allowProtected);
 
   const std::map<char, std::string> drives_;
   OptionStore options_;

@@ -67,8 +67,8 @@ std::string TVekRobocopyAction::GetExecutable() { return StoredRobocopyPath(); }
 
 bool TVekRobocopyAction::GetCommandLine(ICommandLineBuilder& builder) {
   builder.Reset(0);
-  if (!AddFolder(builder, "Source Dir", SourceDir)) return false;
-  if (!AddFolder(builder, "Destination Dir", DestDir)) return false;
+  if (!AddFolder(builder, "Source Dir", SourceDir, source_)) return false;
+  if (!AddFolder(builder, "Destination Dir", DestDir, destination_)) return false;
   AddSwitch(builder, "/NP");
   builder.AddArgument("/R:", std::to_string(Retries), ArgumentQuoting::AsItStands);
   builder.AddArgument("/W:", std::to_string(RetryWaitSec), ArgumentQuoting::AsItStands);
@@ -79,8 +79,7 @@ bool TVekRobocopyAction::GetCommandLine(ICommandLineBuilder& builder) {
 
 /// A folder in quotes must not end in a delimiter: some programs take it for part of the quote behind it.
 bool TVekRobocopyAction::AddFolder(ICommandLineBuilder& builder, std::string_view title,
-                                   const std::string& folder) const {
-  std::string expanded;
+                                   const std::string& folder, std::string& expanded) const {
   if (!TryExpandExpression(title, folder, expanded, true)) return false;
   const bool hasBlank = expanded.find(' ') != std::string::npos;
   builder.AddArgument("", hasBlank ? WithoutTrailingDelimiter(expanded) : expanded, ArgumentQuoting::Always);

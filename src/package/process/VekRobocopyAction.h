@@ -71,10 +71,17 @@ class TVekRobocopyAction : public TVekExecuteAbstractAction {
   void BeforeExecute(ICommandLineBuilder& builder) override;
   bool InterpretResult(int32_t exitCode) override;
 
+  /// As the command line that was built last has them.
+  const std::string& Source() const { return source_; }
+  const std::string& Destination() const { return destination_; }
+
  private:
-  bool AddFolder(ICommandLineBuilder& builder, std::string_view title, const std::string& folder) const;
+  bool AddFolder(ICommandLineBuilder& builder, std::string_view title, const std::string& folder,
+                 std::string& expanded) const;
   bool AddExtraArguments(ICommandLineBuilder& builder) const;
   bool AddLogFile(ICommandLineBuilder& builder) const;
+
+  std::string source_, destination_;
 };
 
 /// "Run Robocopy Job": runs what a job file says.

@@ -153,7 +153,7 @@ const ActionClass TCustomRobocopyMirrorAction::kClass{.inherited = &TVekRobocopy
 bool TCustomRobocopyMirrorAction::GetCommandLine(ICommandLineBuilder& builder) {
   if (!TVekRobocopyMainAction::GetCommandLine(builder)) return false;
   AddSwitch(builder, "/MIR");
-  return true;
+  return OnlyListFiles || MayRemoveTree(Destination());
 }
 
 const ActionClass TCustomRobocopyMoveAction::kClass{.inherited = &TVekRobocopyMainAction::kClass,
@@ -164,5 +164,5 @@ const ActionClass TCustomRobocopyMoveAction::kClass{.inherited = &TVekRobocopyMa
 bool TCustomRobocopyMoveAction::GetCommandLine(ICommandLineBuilder& builder) {
   if (!TVekRobocopyMainAction::GetCommandLine(builder)) return false;
   AddSwitch(builder, PreserveSourceDirTree ? "/MOV" : "/MOVE");
-  return true;
+  return PreserveSourceDirTree || OnlyListFiles || MayRemoveTree(Source());
 }

@@ -4,6 +4,7 @@
 
 #include "base/WindowsPath.h"
 #include "platform/Clock.h"
+#include "platform/CopyToolVariables.h"
 #include "platform/Entries.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
@@ -54,6 +55,8 @@ class Robocopy {
     if (settings_.source.empty()) return Refuse("No Source Directory Specified.");
     if (settings_.target.empty()) return Refuse("No Destination Directory Specified.");
     SetAgeLimits();
+    const auto allowed = platform_.environment->Variable(kNoPreserveRootVariable);
+    settings_.allowsProtected = settings_.allowsProtected || allowed.has_value();
     return OpenLog() ? Copy() : ExitBit::Fatal;
   }
 

@@ -50,6 +50,23 @@ TEST_F(CopyTools, RobocopyStepsRunAndTellWhatCameOfIt) {
   EXPECT_EQ(folder.Read("moved/f.txt"), "1");
 }
 
+TEST_F(CopyTools, TheRunsDrivesAndItsProtectionHoldForTheTools) {
+  folder.Write("a/f.txt", "1");
+  folder.Write("p/build.vekproj", ProjectOf(ActionOf("ROBOCOPYMIRROR",
+                                                     "<SourceDir>Q:\\</SourceDir>"
+                                                     "<DestDir>%PROJECTDIR%</DestDir>")));
+  const StringList run = {"run", folder.Path("p/build.vekproj"), "--drive", "Q=" + folder.Path("a")};
+  const VekrunResult refused = RunJsonl(run, setup);
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_THAT(refused.Short(), Contains("message /1 Refused : " + folder.Path("p") +
+                                        " is protected (--no-preserve-root allows it)"));
+  EXPECT_THAT(folder.Names("p"), ElementsAre("build.vekproj"));
+  StringList allowed = run;
+  allowed.push_back("--no-preserve-root");
+  EXPECT_EQ(RunJsonl(allowed, setup).exitCode, 0);
+  EXPECT_THAT(folder.Names("p"), ElementsAre("f.txt"));
+}
+
 TEST_F(CopyTools, ListsOfNamesReachTheTools) {
   folder.Write("src/keep me.txt", "1");
   folder.Write("src/drop me.log", "2");

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+/// What vekrun tells the copy tools that its steps start, by variables of the environment.
+
+/// The drives that are mapped, "X=FOLDER" a line.
+inline constexpr std::string_view kDrivesVariable = "VEKRUN_DRIVES";
+
+/// Set where the user allows what protection of folders refuses.
+inline constexpr std::string_view kNoPreserveRootVariable = "VEKRUN_NO_PRESERVE_ROOT";
