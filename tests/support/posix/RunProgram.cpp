@@ -1,5 +1,6 @@
 #include "support/RunProgram.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <fcntl.h>
@@ -77,7 +78,11 @@ ProgramResult RunProgram(const std::string& file, const StringList& arguments, c
   StringList argumentList{file};
   argumentList.insert(argumentList.end(), arguments.begin(), arguments.end());
   StringList environment = setup.environment;
-  for (char** entry = environ; *entry; ++entry) environment.emplace_back(*entry);
+  for (char** entry = environ; *entry; ++entry) {
+    const std::string name(*entry, std::string_view(*entry).find('=') + 1);
+    const auto isGiven = [&](const std::string& given) { return given.starts_with(name); };
+    if (std::ranges::none_of(setup.environment, isGiven)) environment.emplace_back(*entry);
+  }
   pid_t child = -1;
   const int failed = posix_spawn(&child, file.c_str(), &actions, nullptr, Pointers(argumentList).data(),
                                  Pointers(environment).data());
