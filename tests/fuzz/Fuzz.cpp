@@ -1,5 +1,6 @@
 #include "fuzz/Fuzz.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -18,6 +19,14 @@ void Require(bool condition, std::string_view words) {
 void RequireSame(std::string_view got, std::string_view wanted, std::string_view words) {
   if (got == wanted) return;
   Require(false, std::string(words) + "\n  got    " + Literal(got) + "\n  wanted " + Literal(wanted));
+}
+
+void CheckOtherLines(const StringList& before, const StringList& after, ptrdiff_t most, ptrdiff_t mostNew) {
+  const auto [oldMiddle, newMiddle] = std::ranges::mismatch(before, after);
+  auto oldEnd = before.end(), newEnd = after.end();
+  while (oldEnd != oldMiddle && newEnd != newMiddle && oldEnd[-1] == newEnd[-1]) --oldEnd, --newEnd;
+  Require(oldEnd - oldMiddle <= most && newEnd - newMiddle <= mostNew,
+          "other lines have changed: " + Literal(JoinLines(after, "\n")));
 }
 
 std::string Literal(std::string_view text) {

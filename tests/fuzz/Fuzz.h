@@ -19,6 +19,12 @@ struct FuzzFormat {
 };
 FuzzFormat TargetFormat();
 
+/// The words of a format, with '~' between them; they may hold the byte 0.
+template <size_t Size>
+StringList Words(const char (&words)[Size]) {
+  return SplitAt({words, Size - 1}, "~");
+}
+
 /// Feeds one input to the parser. A fault ends the program: a crash, an exception that leaves, or Require.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
@@ -37,6 +43,9 @@ void Require(bool condition, std::string_view words);
 
 /// As Require, and shows both texts.
 void RequireSame(std::string_view got, std::string_view wanted, std::string_view words);
+
+/// A change takes at most so many lines away and puts so many in their place; the others stay.
+void CheckOtherLines(const StringList& before, const StringList& after, ptrdiff_t most, ptrdiff_t mostNew);
 
 /// The text as a literal of this language.
 std::string Literal(std::string_view text);

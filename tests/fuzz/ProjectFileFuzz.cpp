@@ -166,70 +166,18 @@ std::string FileOf(std::string_view input) {
 }  // namespace
 
 FuzzFormat TargetFormat() {
-  FuzzFormat format{.seeds = {std::string(kProject), "<VekProject Version='1'/>", "5&#13;a]]&gt;",
-                              "6<Line/><Line>a</Line>", "7a&lt;b]]&gt;c", "7<![CDATA[a<b]]>", "4<Actions/>"},
-                    .words = {"<",
-                              ">",
-                              "</",
-                              "/>",
-                              "=\"",
-                              "'",
-                              "&amp;",
-                              "&#",
-                              "&#10;",
-                              "&#xD;",
-                              "&#0;",
-                              "&",
-                              ";",
-                              "<![CDATA[",
-                              "]]>",
-                              "<!--",
-                              "-->",
-                              "<?xml ",
-                              "?>",
-                              "<!DOCTYPE ",
-                              "[",
-                              "<Actions>",
-                              "</Actions>",
-                              "<Action Type=\"SAMPLE\">",
-                              "<Action Type=\"ACTIONGROUP\"/>",
-                              "</Action>",
-                              "<Properties>",
-                              "</Properties>",
-                              "<Line>",
-                              "</Line>",
-                              "<Line/>",
-                              "<Text>",
-                              "</Text>",
-                              "<Script Event=\"OnSample\">",
-                              "</Script>",
-                              "<Variables>",
-                              "</Variables>",
-                              "<Variable Name=\"",
-                              "</Variable>",
-                              "<FileSet Name=\"",
-                              " BaseDirectory=\"",
-                              "<Include>",
-                              " Type=\"",
-                              "\r\n",
-                              "\r",
-                              "\n",
-                              "\t",
-                              " ",
-                              "%OUT%",
-                              "$(",
-                              "True",
-                              "-0",
-                              "+1",
-                              "\xEF\xBB\xBF",
-                              "\xC2\x85",
-                              "\xE2\x80\xA8",
-                              "\xFF",
-                              "\xFF\xFE",
-                              std::string(1, '\0'),
-                              "\x7F",
-                              "\x1B"},
-                    .runs = 8'000};
+  FuzzFormat format{
+      .seeds = {std::string(kProject), "<VekProject Version='1'/>", "5&#13;a]]&gt;", "6<Line/><Line>a</Line>",
+                "7a&lt;b]]&gt;c", "7<![CDATA[a<b]]>", "4<Actions/>"},
+      .words =
+          Words("<~>~</~/>~=\"~'~&amp;~&#~&#10;~&#xD;~&#0;~&~;~<![CDATA[~]]>~<!--~-->~<?xml ~?>~"
+                "<!DOCTYPE ~[~<Actions>~</Actions>~<Action Type=\"SAMPLE\">~"
+                "<Action Type=\"ACTIONGROUP\"/>~</Action>~<Properties>~</Properties>~<Line>~</Line>~"
+                "<Line/>~<Text>~</Text>~<Script Event=\"OnSample\">~</Script>~<Variables>~</Variables>~"
+                "<Variable Name=\"~</Variable>~<FileSet Name=\"~ BaseDirectory=\"~<Include>~ Type=\"~"
+                "\r\n~\r~\n~\t~ ~%OUT%~$(~True~-0~+1~\xEF\xBB\xBF~\xC2\x85~\xE2\x80\xA8~\xFF~\xFF\xFE~\0~"
+                "\x7F~\x1B"),
+      .runs = 8'000};
   for (const CatalogueEntry& entry : Actions().Entries()) {
     format.seeds.push_back(DefaultProject(entry));
     format.words.push_back("<Action Type=\"" + entry.typeId + "\">");

@@ -35,17 +35,6 @@ bool IsOneOf(const StringList& names, const std::string& name) {
   return std::ranges::any_of(names, [&](const std::string& other) { return SameText(name, other); });
 }
 
-/// A change of one value leaves the other lines as they are; the old value had that many.
-void CheckOtherLines(const std::string& before, const std::string& after, ptrdiff_t lines) {
-  const StringList old = SplitAt(before, "\n"), now = SplitAt(after, "\n");
-  const auto [oldMiddle, nowMiddle] = std::ranges::mismatch(old, now);
-  auto oldEnd = old.end(), nowEnd = now.end();
-  while (oldEnd != oldMiddle && nowEnd != nowMiddle && oldEnd[-1] == nowEnd[-1]) --oldEnd, --nowEnd;
-  // A new key comes with an empty line before it, and a file begins with its title.
-  Require(oldEnd - oldMiddle <= lines && nowEnd - nowMiddle <= 5,
-          "other lines have changed: " + Literal(after));
-}
-
 void Set(RegistryText& text, const std::string& key, const std::string& name, const std::string& data) {
   const RegistryValue value{RegistryType::String, data};
   const std::string before = text.Contents();
@@ -55,7 +44,9 @@ void Set(RegistryText& text, const std::string& key, const std::string& name, co
   Require(found && DecodeRegistryValue(*found) == RegistryValueOf(RegistryType::String, RegistryBytes(value)),
           "the value is not found");
   Require(IsOneOf(text.Values(key), name), "the value is not listed");
-  if (EncodingOf(before) == TextEncoding::Plain) CheckOtherLines(before, text.Contents(), lines);
+  if (EncodingOf(before) != TextEncoding::Plain) return;
+  // A new key comes with an empty line before it, and a file begins with its title.
+  CheckOtherLines(SplitAt(before, "\n"), SplitAt(text.Contents(), "\n"), lines, 5);
 }
 
 /// A field of the input: what to do with which key, name and value.
@@ -99,42 +90,10 @@ FuzzFormat TargetFormat() {
   return {.seeds = {head + keys + changes, kUtf8Mark.data() + head + keys + changes,
                     EncodeUtf16("\xEF\xBB\xBF" + head + keys, TextEncoding::Utf16Le) + changes, changes,
                     "\x1Fhex(7):61,00,00,00\x1F\"a\\\\\\\"b\""},
-          .words = {"[HKEY_USERS\\A]",
-                    "[-HKEY_USERS\\A]",
-                    "[HKEY_USERS]",
-                    "\\",
-                    "\\B",
-                    "\"a\"=",
-                    "@=",
-                    "\"",
-                    "=-",
-                    "=",
-                    "dword:",
-                    "hex:",
-                    "hex(2):",
-                    "00,",
-                    ",\\\r\n  ",
-                    "str(7):",
-                    ";",
-                    "\r\n",
-                    "\n",
-                    "\r",
-                    " ",
-                    "\\\\",
-                    "\\\"",
-                    "|",
-                    "\x1Fw|A|a|",
-                    "\x1F"
-                    "d|A|a",
-                    "\x1Fk|A\\B",
-                    std::string(kFieldEnd),
-                    "\xC3\xA4",
-                    "\xC3\x84",
-                    "\xFF",
-                    std::string(1, '\0'),
-                    "]",
-                    "[",
-                    "-"},
+          .words = Words("[HKEY_USERS\\A]~[-HKEY_USERS\\A]~[HKEY_USERS]~\\~\\B~\"a\"=~@=~\"~=-~=~dword:~hex:~"
+                         "hex(2):~00,~,\\\r\n  ~str(7):~;~\r\n~\n~\r~ ~\\\\~\\\"~|~\x1Fw|A|a|~\x1F"
+                         "d|A|a~"
+                         "\x1Fk|A\\B~\x1F~\xC3\xA4~\xC3\x84~\xFF~\0~]~[~-"),
           .runs = 1'500};
 }
 
