@@ -1,7 +1,6 @@
 #include <atomic>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "base/Text.h"
 #include "coreapi/Vekregexpr.h"
@@ -41,29 +40,13 @@ TEST(RegExpr, FindsEveryMatchWithItsPositionInCharacters) {
       {"^$", "a\r\n\r\nb\n\n", kLines, {"4:", "8:"}},
       {"a(?=b)|", "ab", {}, {"1:a", "2:", "3:"}},
       // Unicode, and bytes that are none.
-      {"\\w+",
-       "\xC3\xA4"
-       "b \xC3\x84",
-       {},
-       {"1:\xC3\xA4"
-        "b",
-        "4:\xC3\x84"}},
+      // clang-format off
+      {"\\w+", "\xC3\xA4""b \xC3\x84", {}, {"1:\xC3\xA4""b", "4:\xC3\x84"}},
       {"\xC3\xA4", "x\xC3\x84", kAnyCase, {"2:\xC3\x84"}},
-      {"\\bb",
-       "\xC3\xA4"
-       "b b",
-       {},
-       {"4:b"}},
-      {"b",
-       "\xFF\xE2\x82"
-       "b\xC3",
-       {},
-       {"4:b"}},
-      {".",
-       "a\xFF"
-       "b",
-       {},
-       {"1:a", "3:b"}},
+      {"\\bb", "\xC3\xA4""b b", {}, {"4:b"}},
+      {"b", "\xFF\xE2\x82""b\xC3", {}, {"4:b"}},
+      {".", "a\xFF""b", {}, {"1:a", "3:b"}},
+      // clang-format on
       {"", "\xFF\xC3\xA4", {}, {"1:", "2:", "3:"}},
       {"\xFF", "a\xFF\xFF", {}, {"2:\xFF", "3:\xFF"}},
       {"k", std::string(5000, 'x') + "K", kAnyCase, {"5001:K"}},
