@@ -1,16 +1,12 @@
-#include <algorithm>
-
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "fileops/BActions1.h"
 #include "fileops/VekMoveDirectoryAction.h"
 #include "fileops/VekRenameDirectoryAction.h"
 #include "platform/Environment.h"
-#include "support/ActionFixture.h"
-#include "support/DiskTable.h"
 #include "support/HomeFolder.h"
 #include "support/OsFixture.h"
+#include "support/RunTable.h"
 #include "support/WineLimits.h"
 
 using testing::ElementsAre;
@@ -27,7 +23,6 @@ struct Directories : ActionFixture, testing::Test {
     return ActionFixture::Run(action);
   }
   std::string In(std::string_view name) const { return folder.WindowsPath() + '\\' + std::string(name); }
-  StringList Wanted(const StringList& lines) const { return disk.Lines(lines); }
 
   DiskTable disk{folder, GetPlatform()};
 
@@ -35,31 +30,71 @@ struct Directories : ActionFixture, testing::Test {
   const std::string before_ = GetPlatform().environment->CurrentFolder();
 };
 
-TEST_F(Directories, ExistenceDecidesByMode) {
-  disk.Write({"file=", "sub/"});
-  const auto action = Make<TFileExistsAction>();
-  action->Variable = "FOUND";
-  using enum TFileExistsMode;
-  const struct {
-    const char* name;
-    bool exists;
-    TFileExistsMode mode;
-    bool result;
-  } cases[] = {
-      {"file", true, feFailIfMissing, true},   {"sub", true, feFailIfMissing, true},
-      {"gone", false, feFailIfMissing, false}, {"f*", false, feFailIfMissing, false},
-      {"sub", true, feFailIfExists, false},    {"gone", false, feFailIfExists, true},
-      {"file", true, feIgnore, true},          {"gone", false, feIgnore, true},
-  };
-  for (const auto& c : cases) {
-    action->ExistsMode = c.mode;
-    EXPECT_EQ(RunOn(*action, In(c.name)), c.result) << c.name;
-    EXPECT_THAT(Lines(), ElementsAre("Checking for " + In(c.name),
-                                     c.exists ? "File or Folder Exists" : "File or Folder is missing"));
-    EXPECT_EQ(Context().GetVariableValue("FOUND"), Variant(c.exists));
-  }
-  EXPECT_FALSE(RunOn(*action, "%NO_SUCH_VARIABLE_ANYWHERE%"));
-  EXPECT_EQ(Errors().size(), 1u);
+const std::string kChecked = "Checking for %D%\\";
+const std::string kThere = "|File or Folder Exists", kMissing = "|File or Folder is missing";
+
+// clang-format off
+const RunCase kExistence[] = {
+    {"AFile", "FileOrDirectory=%D%\\file|Variable=FOUND", "file=", true, kChecked + "file" + kThere, "file=", "$FOUND=Boolean True"},
+    {"AFolder", "FileOrDirectory=%D%\\sub", "sub/", true, kChecked + "sub" + kThere, "sub/"},
+    {"Nothing", "FileOrDirectory=%D%\\gone|Variable=FOUND", "", false, kChecked + "gone" + kMissing, "", "$FOUND=Boolean False"},
+    {"NoWildcard", "FileOrDirectory=%D%\\f*", "file=", false, kChecked + "f*" + kMissing, "file="},
+    {"NotToExist", "FileOrDirectory=%D%\\sub|ExistsMode=feFailIfExists", "sub/", false, kChecked + "sub" + kThere, "sub/"},
+    {"NothingNotToExist", "FileOrDirectory=%D%\\gone|ExistsMode=feFailIfExists", "", true, kChecked + "gone" + kMissing, ""},
+    {"NothingDecided", "FileOrDirectory=%D%\\gone|ExistsMode=feIgnore", "", true, kChecked + "gone" + kMissing, ""},
+    {"FileDecidesNothing", "FileOrDirectory=%D%\\file|ExistsMode=feIgnore", "file=", true, kChecked + "file" + kThere, "file="},
+};
+
+const std::string kUnable = "Unable to Delete Directory : %D%\\t|";
+
+const RunCase kDeletes[] = {
+    {"Empty", "FileOrDirectory=%D%\\t|DeleteTree=False", "t/", true, "", ""},
+    {"NotThere", "FileOrDirectory=%D%\\t", "", true, "", ""},
+    {"NotEmpty", "FileOrDirectory=%D%\\t|DeleteTree=False", "t/x=1", false, kUnable + "{145}", "t/x=1"},
+    {"ReadOnlyFileEndsIt", "FileOrDirectory=%D%\\t", "t/a=1 !t/b=2 t/c=3", false, kUnable + "{5}", "!t/b=2 t/c=3"},
+    {"FailureWhileLogging", "FileOrDirectory=%D%\\t|LogDeletedFiles=True", "!t/b=2", false,
+     "Deleting %D%\\t\\b...|An error occured : |{5}", "!t/b=2"},
+    {"ReadOnlyFilesWhenTold", "FileOrDirectory=%D%\\t|DeleteReadOnly=True", "t/a=1 !t/s/b=2", true, "", ""},
+    {"ATreeLoggedInOrder", "FileOrDirectory=%D%\\t|LogDeletedFiles=True", "t/b/x=1 t/b/inner/ t/A=2 t/c=3 kept=4", true,
+     "Deleting %D%\\t\\A...|Recursing directory %D%\\t\\b\\*.*...|Recursing directory %D%\\t\\b\\inner\\*.*...|"
+     "Removing directory %D%\\t\\b\\inner|Deleting %D%\\t\\b\\x...|Removing directory %D%\\t\\b|Deleting %D%\\t\\c...|"
+     "Removing directory : %D%\\t", "kept=4"},
+};
+
+const RunCase kMoves[] = {
+    {"AsItStands", "Directory=%D%\\a|DestinationDirectory=%D%\\b", "a/x=1", true, "Directory : %D%\\a - moved to : %D%\\b", "b/x=1"},
+    {"NotOverAnother", "Directory=%D%\\a|DestinationDirectory=%D%\\b", "a/x=1 b/", false,
+     "Error moving Directory : %D%\\a - to : %D%\\b|Error : {183}", "a/x=1 b/"},
+};
+
+const std::string kIllegal =
+    " contains illegal characters|Make sure new name does not contain path or drive information (file name only.)";
+
+const RunCase kRenames[] = {
+    {"AFolder", "RenameDir=True|SourceDirectory=%D%\\dir/|NewDirName=New", "dir/x=1", true, "Directory renamed", "New/x=1"},
+    {"AFile", "RenameDir=False|SourceFile=%D%\\a|NewDirName=b", "a=1", true, "File renamed", "b=1"},
+    {"NoFolder", "RenameDir=True|SourceDirectory=%D%\\a|NewDirName=x", "a=1", false, "Directory doesn't exist", "a=1"},
+    {"NoFile", "RenameDir=False|SourceFile=%D%\\dir|NewDirName=x", "dir/", false, "File doesn't exist", "dir/"},
+    {"Taken", "RenameDir=False|SourceFile=%D%\\a|NewDirName=b", "a=1 b=2", false, "Rename failed: {183}", "a=1 b=2"},
+    {"APath", "RenameDir=False|SourceFile=%D%\\a|NewDirName=sub\\x", "a=1", false, "Error: New name (sub\\x)" + kIllegal, "a=1"},
+    {"ADrive", "RenameDir=True|SourceDirectory=%D%\\d|NewDirName=C:x", "d/", false, "Error: New name (C:x)" + kIllegal, "d/"},
+};
+// clang-format on
+
+TEST(DirectoryRuns, Existence) { ExpectRuns<TFileExistsAction>(kExistence); }
+TEST(DirectoryRuns, Deleting) { ExpectRuns<TDeleteDirectoryAction>(kDeletes); }
+TEST(DirectoryRuns, Moving) { ExpectRuns<TVekMoveDirectoryAction>(kMoves); }
+TEST(DirectoryRuns, Renaming) { ExpectRuns<TRenameDirAction>(kRenames); }
+
+TEST_F(Directories, AFileIsGivenOtherLetters) {
+  if (WineLimits::NoRenameWithinOneFile()) GTEST_SKIP() << "Wine leaves the case of letters";
+  disk.Write({"file.txt=2"});
+  const auto action = Make<TRenameDirAction>();
+  action->RenameDir = false;
+  action->SourceFile = In("FILE.TXT");
+  action->NewDirName = "File.TXT";
+  EXPECT_TRUE(ActionFixture::Run(*action));
+  EXPECT_EQ(disk.Read(), StringList{"File.TXT=2"});
 }
 
 TEST_F(Directories, TheModeOfOldProjectsIsReadAndNeverWritten) {
@@ -89,21 +124,6 @@ TEST_F(Directories, CreatesWithItsParentsWhenForced) {
   EXPECT_EQ(action->GetFlags(), 17);
 }
 
-TEST_F(Directories, DeletesATreeAndLogsItInOrder) {
-  disk.Write({"t/b/x=1", "t/b/inner/", "t/A=2", "t/c=3", "kept=4"});
-  const auto action = Make<TDeleteDirectoryAction>();
-  action->LogDeletedFiles = true;
-  EXPECT_TRUE(RunOn(*action, In("t")));
-  EXPECT_EQ(Lines(),
-            Wanted({"Deleting %D%\\t\\A...", "Recursing directory %D%\\t\\b\\*.*...",
-                    "Recursing directory %D%\\t\\b\\inner\\*.*...", "Removing directory %D%\\t\\b\\inner",
-                    "Deleting %D%\\t\\b\\x...", "Removing directory %D%\\t\\b", "Deleting %D%\\t\\c...",
-                    "Removing directory : %D%\\t"}));
-  EXPECT_EQ(disk.Read(), StringList{"kept=4"});
-  EXPECT_TRUE(RunOn(*action, In("t")));
-  EXPECT_THAT(Events().events, IsEmpty());
-}
-
 TEST_F(Directories, ARelativeFolderIsFoundFromTheRootThatBecomesCurrent) {
   for (const char* name : {"t", "t\\."}) {
     disk.Write({"t/x=1"});
@@ -114,62 +134,6 @@ TEST_F(Directories, ARelativeFolderIsFoundFromTheRootThatBecomesCurrent) {
     EXPECT_EQ(GetPlatform().environment->FullPath(current + "/.."), current);
   }
 }
-
-/// What is on the disk, what is asked, and what comes of it.
-struct DeleteCase {
-  const char* name;
-  StringList disk;
-  bool tree, readOnly, log;
-  bool result;
-  StringList lines, left;
-};
-
-void PrintTo(const DeleteCase& testCase, std::ostream* stream) { *stream << testCase.name; }
-
-struct DeleteDirectoryTable : Directories, testing::WithParamInterface<DeleteCase> {};
-
-TEST_P(DeleteDirectoryTable, Deletes) {
-  const DeleteCase& wanted = GetParam();
-  disk.Write(wanted.disk);
-  const auto action = Make<TDeleteDirectoryAction>();
-  action->DeleteTree = wanted.tree;
-  action->DeleteReadOnly = wanted.readOnly;
-  action->LogDeletedFiles = wanted.log;
-  EXPECT_EQ(RunOn(*action, In("t")), wanted.result);
-  EXPECT_EQ(Lines(), Wanted(wanted.lines));
-  EXPECT_EQ(disk.Read(), wanted.left);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, DeleteDirectoryTable,
-    testing::Values(DeleteCase{"Empty", {"t/"}, false, false, false, true, {}, {}},
-                    DeleteCase{"NotEmpty",
-                               {"t/x=1"},
-                               false,
-                               false,
-                               false,
-                               false,
-                               {"Unable to Delete Directory : %D%\\t", "{145}"},
-                               {"t/x=1"}},
-                    DeleteCase{"ReadOnlyFileEndsIt",
-                               {"t/a=1", "!t/b=2", "t/c=3"},
-                               true,
-                               false,
-                               false,
-                               false,
-                               {"Unable to Delete Directory : %D%\\t", "{5}"},
-                               {"!t/b=2", "t/c=3"}},
-                    DeleteCase{"FailureWhileLogging",
-                               {"!t/b=2"},
-                               true,
-                               false,
-                               true,
-                               false,
-                               {"Deleting %D%\\t\\b...", "An error occured : ", "{5}"},
-                               {"!t/b=2"}},
-                    DeleteCase{
-                        "ReadOnlyFilesWhenTold", {"t/a=1", "!t/s/b=2"}, true, true, false, true, {}, {}}),
-    [](const auto& info) { return info.param.name; });
 
 TEST_F(Directories, TheFoldersOwnReadOnlyMarkGoesWhenTold) {
   if (WineLimits::FixedAttributes()) GTEST_SKIP() << "no folder is read-only";
@@ -190,57 +154,6 @@ TEST_F(Directories, LinksAreRemovedAndNeverFollowed) {
   EXPECT_TRUE(RunOn(*action, In("t")));
   EXPECT_TRUE(RunOn(*action, In("top")));
   EXPECT_EQ(disk.Read(), StringList{"kept/x=1"});
-}
-
-TEST_F(Directories, AFolderIsMovedAsItStands) {
-  disk.Write({"a/x=1", "taken/"});
-  const auto action = Make<TVekMoveDirectoryAction>();
-  action->Directory = In("a");
-  action->DestinationDirectory = In("b");
-  EXPECT_TRUE(ActionFixture::Run(*action));
-  EXPECT_EQ(Lines(), Wanted({"Directory : %D%\\a - moved to : %D%\\b"}));
-  action->Directory = In("b");
-  action->DestinationDirectory = In("taken");
-  EXPECT_FALSE(ActionFixture::Run(*action));
-  EXPECT_EQ(Lines(), Wanted({"Error moving Directory : %D%\\b - to : %D%\\taken", "Error : {183}"}));
-  EXPECT_EQ(disk.Read(), (StringList{"b/x=1", "taken/"}));
-}
-
-TEST_F(Directories, RenamesInPlace) {
-  disk.Write({"dir/x=1", "file.txt=2", "taken=3"});
-  const StringList kIllegal = {
-      "Make sure new name does not contain path or drive information (file name only.)"};
-  const struct {
-    bool folder;
-    const char* source;
-    const char* name;
-    bool result;
-    StringList lines;
-  } cases[] = {
-      {true, "dir/", "New dir", true, {"Directory renamed"}},
-      {false, "FILE.TXT", "File.TXT", true, {"File renamed"}},
-      {true, "file.txt", "x", false, {"Directory doesn't exist"}},
-      {false, "New dir", "x", false, {"File doesn't exist"}},
-      {false, "File.TXT", "taken", false, {"Rename failed: {183}"}},
-      {false,
-       "taken",
-       "sub\\x",
-       false,
-       {"Error: New name (sub\\x) contains illegal characters", kIllegal[0]}},
-      {true, "New dir", "C:x", false, {"Error: New name (C:x) contains illegal characters", kIllegal[0]}},
-  };
-  const auto action = Make<TRenameDirAction>();
-  for (const auto& c : cases) {
-    action->RenameDir = c.folder;
-    action->SourceDirectory = action->SourceFile = In(c.source);
-    action->NewDirName = c.name;
-    EXPECT_EQ(ActionFixture::Run(*action), c.result) << c.source;
-    EXPECT_EQ(Lines(), Wanted(c.lines));
-  }
-  StringList wanted{WineLimits::NoRenameWithinOneFile() ? "file.txt=2" : "File.TXT=2", "New dir/x=1",
-                    "taken=3"};
-  std::ranges::sort(wanted);
-  EXPECT_EQ(disk.Read(), wanted);
 }
 
 TEST_F(Directories, WhatIsProtectedIsLeftUntouched) {

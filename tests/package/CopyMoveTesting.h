@@ -4,7 +4,6 @@
 #include <string>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "support/ActionFixture.h"
 #include "support/RunTable.h"
@@ -21,8 +20,6 @@ struct CopyMoveCase {
   int errors = 0;
 };
 
-inline void PrintTo(const CopyMoveCase& testCase, std::ostream* stream) { *stream << testCase.name; }
-
 /// The action in a folder of its own, D.
 template <class Action>
 struct CopyMoveRuns : ActionFixture {
@@ -36,6 +33,7 @@ struct CopyMoveRuns : ActionFixture {
   StringList Wanted(const StringList& lines) const { return disk.Lines(lines); }
 
   void Expect(const CopyMoveCase& wanted, const std::string& verb, const std::string& failed) {
+    SCOPED_TRACE(wanted.name);
     RunCase run{
         wanted.name,
         "FileSpec=" + wanted.spec,

@@ -1,16 +1,15 @@
 #include <thread>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "base/WindowsPath.h"
 #include "platform/Environment.h"
 #include "process/FRunProg.h"
 #include "support/ProjectFixture.h"
+#include "support/RunTable.h"
 #include "support/TestChild.h"
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 namespace {
@@ -58,20 +57,19 @@ TEST_F(RunProgramTest, TheReturnCodeMayNotExceedTheThreshold) {
   }
 }
 
-TEST_F(RunProgramTest, WhatCannotBeStarted) {
-  action.SetProgramName(WideString("  "));
-  EXPECT_FALSE(Run(action));
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Execute Program  : ", "--> Program file not specified"));
+// clang-format off
+const RunCase kNotStarted[] = {
+    {"NoProgram", "ProgramName=  ", "", false, "Unable to Execute Program  : |--> Program file not specified", ""},
+    {"AnUnknownProgram", "ProgramName=%X%", "", false, "Unable to Execute Program  : |--> unknown variable \"X\"", ""},
+    {"UnknownParameters", "ProgramName=a|Params=%X%", "", false, "Unable to Execute Program  : a|--> unknown variable \"X\"", ""},
+    {"OutputWithoutWaiting", "ProgramName=a|WaitForCompletion=False", "", false,
+     "Invalid options - to Log Output you must specify WaitForCompletion", ""},
+};
+// clang-format on
 
-  action.SetProgramName(WideString("%NOWHERE%"));
-  EXPECT_FALSE(Run(action));
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Execute Program  : ", StartsWith("--> ")));
+TEST(RunProgramRuns, WhatIsNotStarted) { ExpectRuns<TRunProgramAction>(kNotStarted); }
 
-  action.SetProgramName(WideString(TestChild()));
-  action.Params = WideString("%NOWHERE%");
-  EXPECT_FALSE(Run(action));
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Execute Program  : " + TestChild(), StartsWith("--> ")));
-
+TEST_F(RunProgramTest, AMissingProgramIsNamed) {
   const std::string missing = folder.Path("missing");
   action.SetProgramName(WideString(missing));
   for (const bool capture : {true, false}) {
@@ -83,11 +81,8 @@ TEST_F(RunProgramTest, WhatCannotBeStarted) {
   }
 }
 
-TEST_F(RunProgramTest, OutputCannotBeCapturedWithoutWaiting) {
-  action.WaitForCompletion = false;
-  EXPECT_FALSE(RunChild("exit 0"));
-  EXPECT_THAT(Lines(), ElementsAre("Invalid options - to Log Output you must specify WaitForCompletion"));
-  action.LogOutput = false;
+TEST_F(RunProgramTest, WithoutWaitingNoCodeCounts) {
+  action.WaitForCompletion = action.LogOutput = false;
   EXPECT_TRUE(RunChild("exit 5"));
 }
 

@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "pages/VekRobocopyOptionsFrame.h"
 #include "pages/VekRobocopySelectionFrames.h"

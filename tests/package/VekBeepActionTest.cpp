@@ -1,10 +1,9 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "base/WindowsPath.h"
 #include "interaction/VekBeepAction.h"
 #include "platform/Sounds.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
 
 namespace {
 
@@ -27,12 +26,7 @@ struct SilentSounds final : Sounds {
 struct BeepTest : ActionFixture, testing::Test {
   using ActionFixture::Run;
 
-  BeepTest()
-      : ActionFixture([this](const Platform& real) {
-          Platform silent = real;
-          silent.sounds = &sounds;
-          return silent;
-        }) {}
+  BeepTest() : ActionFixture(Exchanged(&Platform::sounds, sounds)) {}
 
   SilentSounds sounds;
   TBeepAction action{Context()};

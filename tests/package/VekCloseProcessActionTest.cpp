@@ -1,8 +1,7 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "process/VekCloseProcessAction.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
 
 using testing::ElementsAre;
 
@@ -40,11 +39,7 @@ class OneProcess final : public ProcessWindows {
 
 struct CloseProcessTest : testing::Test {
   OneProcess windows;
-  ActionFixture fixture{[this](const Platform& real) {
-    Platform platform = real;
-    platform.windows = &windows;
-    return platform;
-  }};
+  ActionFixture fixture{Exchanged(&Platform::windows, windows)};
   std::unique_ptr<TVekCloseProcessAction> action = fixture.Make<TVekCloseProcessAction>();
 };
 

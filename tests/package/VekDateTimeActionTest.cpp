@@ -1,12 +1,11 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "base/DateTime.h"
 #include "interaction/VekDateTimeAction.h"
 #include "interaction/Vekdatetimeformat.h"
 #include "platform/Clock.h"
 #include "platform/Contents.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
 
 namespace {
 
@@ -52,14 +51,7 @@ struct FixedClock final : Clock {
 struct GetDateTimeTest : ActionFixture, testing::Test {
   using ActionFixture::Run;
 
-  GetDateTimeTest()
-      : ActionFixture([this](const Platform& real) {
-          Platform fixed = real;
-          fixed.clock = &clock;
-          return fixed;
-        }) {
-    action.VekVariable = "WHEN";
-  }
+  GetDateTimeTest() : ActionFixture(Exchanged(&Platform::clock, clock)) { action.VekVariable = "WHEN"; }
   std::string Value() { return VariantToText(Context().GetVariableValue("WHEN")); }
 
   FixedClock clock;

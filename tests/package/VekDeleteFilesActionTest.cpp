@@ -1,189 +1,63 @@
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
-
-#include "fileops/VekCopyMove.h"
 #include "fileops/VekDeleteFilesAction.h"
-#include "iterators/Vekfileiterator.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "platform/Finder.h"
-#include "support/ActionFixture.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
+#include "support/RunTable.h"
 
 namespace {
 
-struct DeleteFiles : ActionFixture, testing::Test {
-  bool Delete(const std::string& spec) {
-    action->SetFileSpec(spec);
-    return ActionFixture::Run(*action);
-  }
-  void Write(std::initializer_list<const char*> names) {
-    for (const char* name : names) folder.Write(name, "x");
-  }
-  void SetAttributes(const char* name, uint32_t attributes) {
+const std::string kAll = "FileSpec=%D%\\*.tmp", kDeleting = "Deleting files : %D%\\*.tmp";
+const std::string kLenient = "FailIfNoFile=False|" + kAll;
+const std::string kFailed = kDeleting + "| --> Error Deleting File : %D%\\";
+
+// clang-format off
+const RunCase kRuns[] = {
+    {"TheMatches", kAll, "a.tmp=A B.TMP=B c.txt=C", true, kDeleting + "|2 Files Deleted.", "c.txt=C", "FilesAffected=2"},
+    {"StopsAtAReadOnlyFileInTheOrderOfUpperCasedNames", kAll, "a.tmp=A !B.tmp=B c.tmp=C", false,
+     kFailed + "B.tmp| --> {5}|1 Files Deleted.", "!B.tmp=B c.tmp=C"},
+    {"ReadOnlyOnesWhenToldTo", kAll + "|DeleteReadOnly=True", "!a.tmp=A", true, kDeleting + "|1 Files Deleted.", ""},
+    {"HiddenFilesGoWithoutBeingCleared", kAll, ".hidden.tmp=H", true, kDeleting + "|1 Files Deleted.", ""},
+    {"NoFolders", kAll, "sub.tmp/inner.tmp=x", false, kDeleting + "|0 Files Deleted.", "sub.tmp/inner.tmp=x"},
+    {"NoFileIsNoFailureWhenToldSo", kLenient, "", true, kDeleting + "|0 Files Deleted.", ""},
+    {"NoFolderIsNoneEither", "FailIfNoFile=False|FileSpec=%D%\\no\\*", "", true, "Deleting files : %D%\\no\\*|0 Files Deleted.", ""},
+    {"ABlankSpecSaysNothing", "FileSpec= \t", "", false, "", ""},
+    {"ABlankSpecMayBeNoFailure", "FailIfNoFile=False|FileSpec= \t", "", true, "", ""},
+    {"AnUnknownVariable", "FileSpec=%NO_SUCH_VARIABLE%\\*.tmp", "", false,
+     "Unable to Delete file : |--> unknown variable \"NO_SUCH_VARIABLE\"", "", "FilesAffected=0"},
+    {"ExpandsAndTrims", "FileSpec=  %d%\\a.TMP ", "a.tmp=A", true, "Deleting files : %D%\\a.TMP|1 Files Deleted.", ""},
+    {"ARefusalWithoutACode", kLenient, "a.tmp=A", true, kDeleting + "|0 Files Deleted.", "a.tmp=A", "", "", "entries.Delete * 0"},
+    {"ASearchThatBreaksOff", kAll, "a.tmp=A", true, kDeleting + "|1 Files Deleted.", "", "",
+     "Cannot search %D%\\: {31}", "search.Result * 31"},
+};
+// clang-format on
+
+TEST(DeleteFiles, Runs) { ExpectRuns<TDeleteFilesAction>(kRuns); }
+
+struct DeleteSomeFiles : ActionFixture, testing::Test {
+  DeleteSomeFiles() { action->SetFileSpec(folder.WindowsPath() + "\\*.tmp"); }
+  void Write(const char* name, uint32_t attributes) {
+    folder.Write(name, "x");
     ASSERT_TRUE(GetPlatform().entries->SetAttributes(folder.Path(name), attributes));
   }
-
   std::unique_ptr<TDeleteFilesAction> action = Make<TDeleteFilesAction>();
 };
 
-TEST_F(DeleteFiles, DeletesTheMatchesInOneStatusMessage) {
-  Write({"a.tmp", "B.TMP", "c.txt"});
-  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
-  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "2 Files Deleted."));
-  EXPECT_THAT(folder.Names(), ElementsAre("c.txt"));
-  EXPECT_EQ(action->FilesAffected(), 2);
-  EXPECT_EQ(Events().events.size(), 1u);
+TEST_F(DeleteSomeFiles, ClearsWhatItIsToldToAndNeverMatchesSystemFiles) {
+  Write("hidden.tmp", FileAttribute::ReadOnly | FileAttribute::Hidden);
+  Write("kept.tmp", FileAttribute::System | FileAttribute::Hidden);
+  action->DeleteReadOnly = action->DeleteHidden = true;
+  EXPECT_TRUE(ActionFixture::Run(*action));
+  EXPECT_EQ(folder.Names(), StringList{"kept.tmp"});
+  EXPECT_EQ(Events().events.size(), 1u) << "one status message";
 }
 
-/// The real searches, which then tell that they broke off.
-class BrokenFinder final : public Finder {
- public:
-  explicit BrokenFinder(Finder& real) : real_(real) {}
-
-  std::unique_ptr<FindSearch> Open(std::string_view spec, uint32_t mask, FindDetail detail,
-                                   SysResult& result) override {
-    return std::make_unique<Search>(real_.Open(spec, mask, detail, result));
-  }
-
- private:
-  struct Search final : FindSearch {
-    explicit Search(std::unique_ptr<FindSearch> real) : real_(std::move(real)) {}
-    bool Next(FoundEntry& entry) override { return real_->Next(entry); }
-    SysResult Result() const override { return SysResult::Failure(Win32Error::GeneralFailure); }
-    std::unique_ptr<FindSearch> real_;
+TEST_F(DeleteSomeFiles, ASuccessThatLeavesTheFileIsAnError) {
+  folder.Write("a.tmp");
+  fault = [&](const PlatformCall& call) {
+    return call.operation == "entries.Delete" ? std::optional(SysResult()) : std::nullopt;
   };
-
-  Finder& real_;
-};
-
-TEST(SearchesThatBreakOff, AreErrorsOfEveryWalk) {
-  std::unique_ptr<BrokenFinder> finder;
-  ActionFixture fixture([&](const Platform& real) {
-    finder = std::make_unique<BrokenFinder>(*real.finder);
-    Platform broken = real;
-    broken.finder = finder.get();
-    return broken;
-  });
-  const auto deletes = fixture.Make<TDeleteFilesAction>();
-  const auto copies = fixture.Make<TCopyFilesAction>();
-  const auto moves = fixture.Make<TMoveFilesAction>();
-  const auto iterates = fixture.Make<TFileIterator>();
-  const std::string spec = fixture.folder.Path("*.tmp");
-  deletes->SetFileSpec(spec);
-  copies->SetFileSpec(spec);
-  copies->Target = WideString(fixture.folder.Path());
-  copies->SetRecurse(true);
-  moves->SetFileSpec(spec);
-  moves->Target = WideString(fixture.folder.Path());
-  iterates->SetFileSpec(WideString(spec));
-  iterates->SetLoopVariable("F");
-  for (TCustomVekAction* action :
-       std::initializer_list<TCustomVekAction*>{deletes.get(), copies.get(), moves.get(), iterates.get()}) {
-    fixture.Run(*action);
-    EXPECT_THAT(fixture.Errors(),
-                ElementsAre(testing::AllOf(testing::StartsWith("Cannot search " + fixture.folder.Path()),
-                                           testing::EndsWith(SystemText(Win32Error::GeneralFailure)))));
-  }
-}
-
-TEST_F(DeleteFiles, StopsAtAReadOnlyFileInTheOrderOfUpperCasedNames) {
-  Write({"a.tmp", "B.tmp", "c.tmp"});
-  SetAttributes("B.tmp", FileAttribute::ReadOnly);
-  const std::string here = folder.WindowsPath() + '\\';
-  EXPECT_FALSE(Delete(here + "*.tmp"));
-  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + here + "*.tmp",
-                                   " --> Error Deleting File : " + here + "B.tmp",
-                                   " --> " + SystemText(Win32Error::AccessDenied), "1 Files Deleted."));
-  EXPECT_THAT(folder.Names(), ElementsAre("B.tmp", "c.tmp"));
-}
-
-TEST_F(DeleteFiles, ClearsReadOnlyAndHiddenWhenToldTo) {
-  Write({"a.tmp", ".b.tmp", "c.tmp"});
-  SetAttributes("a.tmp", FileAttribute::ReadOnly);
-  SetAttributes("c.tmp", FileAttribute::ReadOnly | FileAttribute::Hidden);
-  action->DeleteReadOnly = true;
-  action->DeleteHidden = true;
-  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
-  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "3 Files Deleted."));
-  EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
-TEST_F(DeleteFiles, HiddenFilesGoWithoutBeingCleared) {
-  Write({".hidden"});
-  EXPECT_TRUE(Delete(folder.Path("*")));
-  EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
-TEST_F(DeleteFiles, NeverMatchesSystemFilesAndFolders) {
-  Write({"kept.tmp", "sub.tmp/inner.tmp"});
-  SetAttributes("kept.tmp", FileAttribute::System | FileAttribute::Hidden);
-  EXPECT_FALSE(Delete(folder.Path("*.tmp")));
-  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "0 Files Deleted."));
-  EXPECT_THAT(folder.Names(), ElementsAre("kept.tmp", "sub.tmp"));
-}
-
-TEST_F(DeleteFiles, NoFileIsAFailureOnlyWhenAsked) {
-  EXPECT_FALSE(Delete(folder.Path("*.tmp")));
-  action->FailIfNoFile = false;
-  EXPECT_TRUE(Delete(folder.Path("*.tmp")));
-  EXPECT_THAT(Lines(), ElementsAre("Deleting files : " + folder.Path("*.tmp"), "0 Files Deleted."));
-  EXPECT_TRUE(Delete(folder.Path("missing\\*.tmp")));
-}
-
-TEST_F(DeleteFiles, BlankSpecSaysNothing) {
-  for (const bool failIfNoFile : {true, false}) {
-    action->FailIfNoFile = failIfNoFile;
-    EXPECT_EQ(Delete(" \t"), !failIfNoFile);
-    EXPECT_THAT(Events().events, IsEmpty());
-  }
-}
-
-TEST_F(DeleteFiles, ExpansionFailureIsAStatusMessage) {
-  EXPECT_FALSE(Delete("%NO_SUCH_VARIABLE_ANYWHERE%\\*.tmp"));
-  ASSERT_EQ(Lines().size(), 2u);
-  EXPECT_EQ(Lines()[0], "Unable to Delete file : ");
-  EXPECT_THAT(Lines()[1],
-              testing::AllOf(testing::StartsWith("--> "), testing::HasSubstr("NO_SUCH_VARIABLE_ANYWHERE")));
-  EXPECT_EQ(action->FilesAffected(), 0);
-}
-
-TEST_F(DeleteFiles, ExpandsAndTrimsTheSpec) {
-  Write({"a.tmp"});
-  Context().SetVariable("DIR", folder.Path());
-  EXPECT_TRUE(Delete("  %dir%\\a.TMP "));
-  EXPECT_EQ(Lines().front(), "Deleting files : " + folder.Path() + "\\a.TMP");
-  EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
-TEST_F(DeleteFiles, AnswersOfTheSystemThatAreOdd) {
-  const std::string here = folder.WindowsPath() + '\\';
-  const struct {
-    const char* name;
-    SysResult answer;
-    bool result;
-    StringList lines;
-  } cases[] = {
-      {"a refusal without a code", SysResult::Failure(Win32Error::Success), true, {"0 Files Deleted."}},
-      {"a success, and the file is still there",
-       SysResult(),
-       false,
-       {" --> Error Deleting File : " + here + "a.tmp", " --> " + SystemText(Win32Error::Success),
-        "0 Files Deleted."}},
-  };
-  Write({"a.tmp"});
-  action->FailIfNoFile = false;
-  for (const auto& wanted : cases) {
-    fault = [&](const PlatformCall& call) {
-      return call.operation == "entries.Delete" ? std::optional(wanted.answer) : std::nullopt;
-    };
-    EXPECT_EQ(Delete(here + "*.tmp"), wanted.result) << wanted.name;
-    StringList lines = wanted.lines;
-    lines.insert(lines.begin(), "Deleting files : " + here + "*.tmp");
-    EXPECT_EQ(Lines(), lines) << wanted.name;
-  }
+  EXPECT_FALSE(ActionFixture::Run(*action));
+  EXPECT_EQ(Lines()[1] + Lines()[2], " --> Error Deleting File : " + folder.WindowsPath() + "\\a.tmp --> " +
+                                         SystemText(Win32Error::Success));
 }
 
 }  // namespace

@@ -1,14 +1,10 @@
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
-
 #include "interaction/VekDiskInfoAction.h"
 #include "platform/Disk.h"
 #include "platform/Environment.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
+#include "support/RunTable.h"
 
 namespace {
-
-using testing::ElementsAre;
 
 /// A disk of 10 GB with 1.5 GB left.
 struct SmallDisk final : Disk {
@@ -20,77 +16,45 @@ struct SmallDisk final : Disk {
   std::string asked;
 };
 
-struct DiskSpaceTest : ActionFixture, testing::Test {
-  using ActionFixture::Run;
-
-  DiskSpaceTest()
-      : ActionFixture([this](const Platform& real) {
-          Platform small = real;
-          small.disk = &disk;
-          return small;
-        }) {}
-
+struct SmallDiskRuns : ActionFixture {
+  SmallDiskRuns() : ActionFixture(Exchanged(&Platform::disk, disk)) {}
   SmallDisk disk;
-  TDiskInfoAction action{Context()};
 };
 
-TEST_F(DiskSpaceTest, RoundsDownInEachUnit) {
-  action.Drive = "c";
-  action.FreeSpaceVar = "FREE";
-  action.TotalSpaceVar = "TOTAL";
-  const struct {
-    TDiskSpaceUnit unit;
-    std::string numbers;
-    int64_t free;
-  } kCases[] = {
-      {TDiskSpaceUnit::suBytes, "1610612736 of 10737418240 bytes", 1610612736},
-      {TDiskSpaceUnit::suKilobytes, "1572864 of 10485760 KB", 1572864},
-      {TDiskSpaceUnit::suMegabytes, "1536 of 10240 MB", 1536},
-      {TDiskSpaceUnit::suGigabytes, "1 of 10 GB", 1},
-  };
-  for (const auto& [unit, numbers, free] : kCases) {
-    action.SpaceUnit = unit;
-    EXPECT_TRUE(Run(action));
-    EXPECT_THAT(Lines(), ElementsAre("Free space on c : " + numbers));
-    EXPECT_EQ(Context().GetVariableValue("FREE"), Variant(free));
-  }
-  EXPECT_EQ(Context().GetVariableValue("TOTAL"), Variant(int64_t{10}));
-}
+const std::string kDrive = "Drive=c|SpaceUnit=su", kVariables = "|FreeSpaceVar=FREE|TotalSpaceVar=TOTAL",
+                  kFree = "Free space on c : ";
+const std::string kLeast = kDrive + "Gigabytes|FailIfLess=True|MinimumFree=",
+                  kGigabytes = kFree + "1 of 10 GB";
+const std::string kTooSmall = kGigabytes + "|Not enough free space, needed : ";
 
-TEST_F(DiskSpaceTest, KnowsDrivesAndPaths) {
-  for (const auto& [drive, asked] :
-       {std::pair{"c", "c:\\"}, std::pair{"C:", "C:\\"}, std::pair{"a/b", "a/b"}}) {
+// clang-format off
+const RunCase kRuns[] = {
+    // Rounded down in each unit.
+    {"Bytes", kDrive + "Bytes" + kVariables, "", true, kFree + "1610612736 of 10737418240 bytes", "", "$FREE=Integer 1610612736"},
+    {"Kilobytes", kDrive + "Kilobytes" + kVariables, "", true, kFree + "1572864 of 10485760 KB", "", "$FREE=Integer 1572864"},
+    {"Megabytes", kDrive + "Megabytes" + kVariables, "", true, kFree + "1536 of 10240 MB", "", "$FREE=Integer 1536"},
+    {"Gigabytes", kDrive + "Gigabytes" + kVariables, "", true, kGigabytes, "", "$FREE=Integer 1|$TOTAL=Integer 10"},
+    {"Unreadable", "Drive=X:", "", false, "Error reading free space of X: : {3}", ""},
+    {"Enough", kLeast + "1", "", true, kGigabytes, ""},
+    {"ExactlyEnough", kLeast + " 1.5 ", "", true, kGigabytes, ""},
+    {"TooLittle", kLeast + "2", "", false, kTooSmall + "2 GB", ""},
+    {"ALittleTooLittle", kLeast + "1.51", "", false, kTooSmall + "1.51 GB", ""},
+    {"ANegativeMinimum", kLeast + "-1", "", false, "Minimum Free Space: \"-1\" is no number", ""},
+    {"NoNumber", kLeast + "1 GB", "", false, "Minimum Free Space: \"1 GB\" is no number", ""},
+};
+// clang-format on
+
+TEST(DiskSpace, Runs) { ExpectRuns<TDiskInfoAction, SmallDiskRuns>(kRuns); }
+
+TEST(DiskSpace, KnowsDrivesAndPaths) {
+  SmallDiskRuns fixture;
+  TDiskInfoAction action(fixture.Context());
+  const std::string here = fixture.GetPlatform().environment->CurrentFolder();
+  for (const auto& [drive, asked] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"c", "c:\\"}, {"C:", "C:\\"}, {"a/b", "a/b"}, {"", here}}) {
     action.Drive = drive;
-    EXPECT_TRUE(Run(action));
-    EXPECT_EQ(disk.asked, asked);
-  }
-  action.Drive = "";
-  EXPECT_TRUE(Run(action));
-  EXPECT_EQ(disk.asked, GetPlatform().environment->CurrentFolder());
-  action.Drive = "X:";
-  EXPECT_FALSE(Run(action));
-  EXPECT_THAT(Lines(),
-              ElementsAre("Error reading free space of X: : " + SystemText(Win32Error::PathNotFound)));
-}
-
-TEST_F(DiskSpaceTest, FailsBelowTheMinimum) {
-  action.Drive = "c";
-  action.SpaceUnit = TDiskSpaceUnit::suGigabytes;
-  action.FailIfLess = true;
-  const struct {
-    std::string minimum, line;
-  } kCases[] = {
-      {"1", ""},
-      {" 1.5 ", ""},
-      {"2", "Not enough free space, needed : 2 GB"},
-      {"1.51", "Not enough free space, needed : 1.51 GB"},
-      {"-1", "Minimum Free Space: \"-1\" is no number"},
-      {"1 GB", "Minimum Free Space: \"1 GB\" is no number"},
-  };
-  for (const auto& [minimum, line] : kCases) {
-    action.MinimumFree = minimum;
-    EXPECT_EQ(Run(action), line.empty()) << minimum;
-    EXPECT_EQ(Lines().back(), line.empty() ? "Free space on c : 1 of 10 GB" : line);
+    EXPECT_TRUE(fixture.Run(action));
+    EXPECT_EQ(fixture.disk.asked, asked);
   }
 }
 

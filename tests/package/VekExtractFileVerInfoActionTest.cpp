@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "interaction/VekExtractFileVerInfoAction.h"
 #include "interaction/Vekversionresource.h"

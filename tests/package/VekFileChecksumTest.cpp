@@ -1,121 +1,65 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "checksum/VekFileCRCAction.h"
 #include "checksum/VekFileMD5Action.h"
-#include "support/ActionFixture.h"
-#include "support/OsFixture.h"
-#include "support/SystemText.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
+#include "support/RunTable.h"
 
 namespace {
 
-constexpr const char* kMD5 = "25F9E794323B453885F5181F1B624D0B";
-constexpr const char* kMD5OfEmpty = "D41D8CD98F00B204E9800998ECF8427E";
+const std::string kFile = "FileName=%D%\\file|VekVariable=SUM|", kHeld = "file=123456789 ^same=123456789";
+const std::string kToFile = kFile + "FailIfDiffToFile=True|CompareToFile=%D%\\";
+const std::string kToCRC = kFile + "FailIfDiffToCRC=True|CompareToCRC=";
+const std::string kToMD5 = kFile + "FailIfDiffToMD5=True|CompareToMD5=";
+const std::string kDisk = "file=123456789 other= same=123456789",
+                  kAfterHeld = "file=123456789 same=123456789";
+const std::string kCRC = "CRC32 for file is $CBF43926", kCRCDiffers = kCRC + "|CRC don't match|";
+const std::string kMD5 = "MD5 for file is 25F9E794323B453885F5181F1B624D0B",
+                  kMD5Differs = kMD5 + "|MD5 don't match|";
 
-/// The files "file" and "same" hold "123456789", "other" nothing.
-struct FileChecksum : ActionFixture, testing::Test {
-  FileChecksum() {
-    folder.Write("file", "123456789");
-    folder.Write("same", "123456789");
-    folder.Write("other", "");
-  }
+// Stored before anything is compared.
+const std::string kCRCStored = "$SUM=String $CBF43926",
+                  kMD5Stored = "$SUM=String 25F9E794323B453885F5181F1B624D0B";
 
-  bool Run(TCustomFileChecksumAction& action, const char* compareToFile, const char* compareToValue) {
-    action.FileName = folder.Path("file");
-    action.VekVariable = "SUM";
-    action.FailIfDiffToFile = compareToFile != nullptr;
-    if (compareToFile) action.CompareToFile = folder.Path(compareToFile);
-    action.FailIfDiffToValue = compareToValue != nullptr;
-    if (compareToValue) action.CompareToValue = compareToValue;
-    return ActionFixture::Run(action);
-  }
+// clang-format off
+const RunCase kCRCRuns[] = {
+    {"Alone", kFile, kDisk, true, kCRC, kDisk, kCRCStored},
+    {"TheSameFile", kToFile + "same", kDisk, true, kCRC + "|CRC matches file: same", kDisk, kCRCStored},
+    {"AnotherFile", kToFile + "other", kDisk, false, kCRCDiffers + "File 2 CRC: $00000000", kDisk, kCRCStored},
+    {"NoFile", kToFile + "missing", kDisk, false, kCRC + "|ERROR - File missing: %D%\\missing", kDisk, kCRCStored},
+    {"TheSameValue", kToCRC + "$CBF43926", kDisk, true, kCRC + "|CRC matches.", kDisk, kCRCStored},
+    {"ItsOtherCase", kToCRC + "$cbf43926", kDisk, false, kCRCDiffers + "Compare to CRC: $cbf43926", kDisk, kCRCStored},
+    {"WithoutItsMark", kToCRC + "CBF43926", kDisk, false, kCRCDiffers + "Compare to CRC: CBF43926", kDisk, kCRCStored},
+    {"FileAndValue", kToFile + "same|" + kToCRC + "x", kDisk, false,
+     kCRC + "|CRC matches file: same|CRC don't match|Compare to CRC: x", kDisk, kCRCStored},
+    {"TheFileDecidesFirst", kToFile + "other|" + kToCRC + "$CBF43926", kDisk, false, kCRCDiffers + "File 2 CRC: $00000000", kDisk, kCRCStored},
+    {"TheFileIsHeld", "FileName=%D%\\file", "^file=1", false, "Error getting crc32 : {32}", "file=1"},
+    {"TheOtherIsHeld", kToFile + "same", kHeld, false, kCRC + "|Error getting crc32 for file2 : {32}", kAfterHeld},
+    {"ABlankName", "", "", false, "", "", "", "FileName: the text is blank"},
+    {"ABlankValue", kToCRC, kDisk, false, kCRC, kDisk, kCRCStored, "Compare to CRC: the text is blank"},
+    {"ABlankFile", kFile + "FailIfDiffToFile=True", kDisk, false, kCRC, kDisk, kCRCStored, "Compare to File: the text is blank"},
 };
 
-struct ChecksumCase {
-  const char *file, *value;  // null: not compared
-  StringList lines;          // after the first; what fails ends in a line of two parts or a missing file
-  bool result;
+const RunCase kMD5Runs[] = {
+    {"TheSameFile", kToFile + "same", kDisk, true, kMD5 + "|MD5 matches file: same", kDisk, kMD5Stored},
+    {"AnotherFile", kToFile + "other", kDisk, false, kMD5Differs + "File 2 MD5: D41D8CD98F00B204E9800998ECF8427E", kDisk, kMD5Stored},
+    {"AnyCase", kToMD5 + "25f9e794323b453885f5181f1b624d0b", kDisk, true, kMD5 + "|MD5 matches.", kDisk, kMD5Stored},
+    {"FileAndValue", kToFile + "same|" + kToMD5 + "x", kDisk, false,
+     kMD5 + "|MD5 matches file: same|MD5 don't match|Compare to MD5: x", kDisk, kMD5Stored},
+    {"TheFileIsHeld", "FileName=%D%\\file", "^file=1", false, "Hash of file %D%\\file failed", "file=1"},
+    {"TheOtherIsHeld", kToFile + "same", kHeld, false, kMD5 + "|Hash of file %D%\\same failed", kAfterHeld},
 };
+// clang-format on
 
-void Check(FileChecksum& test, TCustomFileChecksumAction& action, const ChecksumCase& wanted,
-           const std::string& first, const std::string& checksum) {
-  test.Context().SetVariable("SUM", std::string());
-  EXPECT_EQ(test.Run(action, wanted.file, wanted.value), wanted.result);
-  StringList lines = wanted.lines;
-  lines.insert(lines.begin(), first);
-  EXPECT_EQ(test.Lines(), lines);
-  // Stored before anything is compared.
-  EXPECT_EQ(std::get<std::string>(test.Context().GetVariableValue("SUM")), checksum);
-}
+TEST(FileChecksum, CRCIsStoredAndComparedAsItStands) { ExpectRuns<TVekFileCRCAction>(kCRCRuns); }
+TEST(FileChecksum, MD5ComparesWithoutRegardToCase) { ExpectRuns<TVekFileMD5Action>(kMD5Runs); }
 
-TEST_F(FileChecksum, CRCIsStoredAndComparedAsItStands) {
-  const ChecksumCase cases[] = {
-      {nullptr, nullptr, {}, true},
-      {"same", nullptr, {"CRC matches file: same"}, true},
-      {"other", nullptr, {"CRC don't match", "File 2 CRC: $00000000"}, false},
-      {"missing", nullptr, {"ERROR - File missing: " + folder.Path("missing")}, false},
-      {nullptr, "$CBF43926", {"CRC matches."}, true},
-      {nullptr, "$cbf43926", {"CRC don't match", "Compare to CRC: $cbf43926"}, false},
-      {nullptr, "CBF43926", {"CRC don't match", "Compare to CRC: CBF43926"}, false},
-      {"same", "x", {"CRC matches file: same", "CRC don't match", "Compare to CRC: x"}, false},
-      {"other", "$CBF43926", {"CRC don't match", "File 2 CRC: $00000000"}, false},
-  };
-  const auto action = Make<TVekFileCRCAction>();
-  for (const ChecksumCase& wanted : cases)
-    Check(*this, *action, wanted, "CRC32 for file is $CBF43926", "$CBF43926");
-}
-
-TEST_F(FileChecksum, MD5ComparesWithoutRegardToCase) {
-  const ChecksumCase cases[] = {
-      {"same", nullptr, {"MD5 matches file: same"}, true},
-      {"other", nullptr, {"MD5 don't match", std::string("File 2 MD5: ") + kMD5OfEmpty}, false},
-      {nullptr, "25f9e794323b453885f5181f1b624d0b", {"MD5 matches."}, true},
-      {"same", "x", {"MD5 matches file: same", "MD5 don't match", "Compare to MD5: x"}, false},
-  };
-  const auto action = Make<TVekFileMD5Action>();
-  for (const ChecksumCase& wanted : cases)
-    Check(*this, *action, wanted, std::string("MD5 for file is ") + kMD5, kMD5);
-}
-
-TEST_F(FileChecksum, AnEmptyVariableNameStoresNothing) {
-  const auto action = Make<TVekFileMD5Action>();
-  action->FileName = folder.Path("other");
-  EXPECT_TRUE(ActionFixture::Run(*action));
-  EXPECT_THAT(Events().events, testing::Not(testing::Contains(testing::StartsWith("variable"))));
-}
-
-TEST_F(FileChecksum, FilesThatCannotBeReadAreReported) {
-  const auto crc = Make<TVekFileCRCAction>();
-  const auto md5 = Make<TVekFileMD5Action>();
-  const std::string reason = SystemText(Win32Error::SharingViolation);
-  {
-    const ExclusiveOpen held(folder.Path("same"));
-    EXPECT_FALSE(Run(*crc, "same", nullptr));
-    EXPECT_EQ(Lines().back(), "Error getting crc32 for file2 : " + reason);
-    EXPECT_FALSE(Run(*md5, "same", nullptr));
-    EXPECT_EQ(Lines().back(), "Hash of file " + folder.Path("same") + " failed");
-  }
-  const ExclusiveOpen held(folder.Path("file"));
-  EXPECT_FALSE(Run(*crc, nullptr, nullptr));
-  EXPECT_THAT(Lines(), ElementsAre("Error getting crc32 : " + reason));
-  EXPECT_FALSE(Run(*md5, nullptr, nullptr));
-  EXPECT_THAT(Lines(), ElementsAre("Hash of file " + folder.Path("file") + " failed"));
-}
-
-TEST_F(FileChecksum, ExpansionFailuresAreTheHostsToReport) {
-  const auto action = Make<TVekFileCRCAction>();
-  EXPECT_FALSE(ActionFixture::Run(*action));
-  EXPECT_THAT(Lines(), IsEmpty());
-  EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith("FileName: ")));
-  EXPECT_FALSE(Run(*action, nullptr, ""));
-  EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith("Compare to CRC: ")));
-  action->CompareToFile = "";
-  action->FailIfDiffToFile = true;
-  EXPECT_FALSE(ActionFixture::Run(*action));
-  EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith("Compare to File: ")));
+TEST(FileChecksum, AnEmptyVariableNameStoresNothing) {
+  ActionFixture fixture;
+  fixture.folder.Write("file");
+  const auto action = fixture.Make<TVekFileMD5Action>();
+  action->FileName = fixture.folder.Path("file");
+  EXPECT_TRUE(fixture.Run(*action));
+  EXPECT_THAT(fixture.Events().Of("variable"), testing::IsEmpty());
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "fileops/VekFileSetCopyMove.h"
 #include "host/project/Project.h"
@@ -44,24 +43,6 @@ struct FileSetRuns : ActionFixture {
 
 struct FileSetCopy : FileSetRuns, testing::Test {};
 
-TEST_F(FileSetCopy, PutsAllFilesIntoOneFolder) {
-  disk.Write({"in/a=A", "in/sub/b=B"});
-  EXPECT_TRUE(Perform());
-  EXPECT_EQ(Lines(), Wanted({"Copying 2 files...", "Copying %D%\\in\\a to %D%\\out\\a...",
-                             "Copying %D%\\in\\sub\\b to %D%\\out\\b..."}));
-  EXPECT_THAT(disk.Read(), ElementsAre("in/a=A", "in/sub/b=B", "out/a=A", "out/b=B"));
-}
-
-TEST_F(FileSetCopy, MovesAndRecreatesTheHierarchy) {
-  disk.Write({"in/a=A", "in/sub/deep/b=B"});
-  action->Move = true;
-  action->RecreateHierarchy = true;
-  EXPECT_TRUE(Perform());
-  EXPECT_EQ(Lines(), Wanted({"Moving 2 files...", "Moving %D%\\in\\a to %D%\\out\\a...",
-                             "Moving %D%\\in\\sub\\deep\\b to %D%\\out\\sub\\deep\\b..."}));
-  EXPECT_THAT(disk.Read(), ElementsAre("in/sub/deep/", "out/a=A", "out/sub/deep/b=B"));
-}
-
 TEST_F(FileSetCopy, ABaseWithATrailingDelimiterIsTheSame) {
   disk.Write({"in/sub/b=B"});
   action->RecreateHierarchy = true;
@@ -74,40 +55,49 @@ TEST_F(FileSetCopy, ABaseWithATrailingDelimiterIsTheSame) {
   }
 }
 
-// What a destination that exists comes to.
+const std::string kSet = "FileSetName=Set|DestinationFolder=%D%\\out|OverwriteMode=";
 const std::string kCopy = "Copying 1 files...|Copying %D%\\in\\a to %D%\\out\\a...";
 const std::string kMove = "Moving 1 files...|Moving %D%\\in\\a to %D%\\out\\a...";
 const std::string kOverwriting = "|Overwriting destination file %D%\\out\\a";
 const std::string kExists = "Error : Destination file %D%\\out\\a already exists.";
+const std::string kUnexpanded = "FileSetName=Set|DestinationFolder=";
 
 // clang-format off
-const RunCase kExisting[] = {
-    {"Fail", "OverwriteMode=owFail", "in/a=A out/a=old", false, kCopy, "in/a=A out/a=old", "", kExists},
-    {"MoveFail", "OverwriteMode=owFail|Move=True", "in/a=A out/a=old", false, kMove, "in/a=A out/a=old", "", kExists},
-    {"Ignore", "OverwriteMode=owIgnore", "in/a=A !out/a=old", true,
+const RunCase kRuns[] = {
+    {"AllIntoOneFolder", kSet + "owFail", "in/a=A in/sub/b=B", true,
+     "Copying 2 files...|Copying %D%\\in\\a to %D%\\out\\a...|Copying %D%\\in\\sub\\b to %D%\\out\\b...", "in/a=A in/sub/b=B out/a=A out/b=B"},
+    {"MoveWithTheHierarchy", kSet + "owFail|Move=True|RecreateHierarchy=True", "in/a=A in/sub/deep/b=B", true,
+     "Moving 2 files...|Moving %D%\\in\\a to %D%\\out\\a...|Moving %D%\\in\\sub\\deep\\b to %D%\\out\\sub\\deep\\b...",
+     "in/sub/deep/ out/a=A out/sub/deep/b=B"},
+    {"AnEmptySetIsDone", kSet + "owFail", "in/", true, "Copying 0 files...", "in/"},
+    {"KeepsAttributes", kSet + "owFail", "!in/a=A", true, kCopy, "!in/a=A !out/a=A"},
+    {"ClearsAttributes", kSet + "owFail|ClearAttributes=True", "!in/a=A", true, kCopy, "!in/a=A out/a=A"},
+    {"AnUnknownDestination", kUnexpanded + "%X%", "in/a=A", false, "", "in/a=A", "", "Destination Folder: unknown variable \"X\""},
+    {"ABlankDestination", kUnexpanded + " ", "in/a=A", false, "", "in/a=A", "", "Destination Folder: the text is blank"},
+    {"AMoveThatFailsIsSaidToBeACopy", kSet + "owFail|Move=True", "in/a=A", false, kMove, "in/a=A out/", "",
+     "Error : Unable to copy file. Received {17}", "entries.Move * 17"},
+    {"AttributesThatCannotBeWritten", kSet + "owReadOnly", "in/a=A !out/a=old", false, kCopy + kOverwriting, "in/a=A !out/a=old", "",
+     "Error : Unable to write to destination file %D%\\out\\a. {19}", "entries.SetAttributes * 19"},
+    {"AttributesThatCannotBeCleared", kSet + "owReadOnly|ClearAttributes=True", "in/a=A", false, kCopy, "in/a=A out/a=A", "",
+     "Error : Could not clear attributes on destination file. Received {19}", "entries.SetAttributes * 19"},
+    {"Fail", kSet + "owFail", "in/a=A out/a=old", false, kCopy, "in/a=A out/a=old", "", kExists},
+    {"MoveFail", kSet + "owFail|Move=True", "in/a=A out/a=old", false, kMove, "in/a=A out/a=old", "", kExists},
+    {"Ignore", kSet + "owIgnore", "in/a=A !out/a=old", true,
      kCopy + "|(Destination file already exists. Skipping.)", "in/a=A !out/a=old"},
-    {"Overwrite", "OverwriteMode=owOverwrite", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
-    {"MoveOverwrite", "OverwriteMode=owOverwrite|Move=True", "in/a=A out/a=old", true, kMove + kOverwriting, "in/ out/a=A"},
-    {"OverwriteLeavesReadOnly", "OverwriteMode=owOverwrite", "in/a=A !out/a=old", false,
+    {"Overwrite", kSet + "owOverwrite", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"MoveOverwrite", kSet + "owOverwrite|Move=True", "in/a=A out/a=old", true, kMove + kOverwriting, "in/ out/a=A"},
+    {"OverwriteLeavesReadOnly", kSet + "owOverwrite", "in/a=A !out/a=old", false,
      kCopy + kOverwriting, "in/a=A !out/a=old", "", "Error : Destination file %D%\\out\\a is read only."},
-    {"ReadOnly", "OverwriteMode=owReadOnly", "in/a=A !out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
-    {"ReadOnlyTakesWritableOnes", "OverwriteMode=owReadOnly", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
-    {"MoveReadOnlyMakesWritableAndFails", "OverwriteMode=owReadOnly|Move=True", "in/a=A !out/a=old", false,
+    {"ReadOnly", kSet + "owReadOnly", "in/a=A !out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"ReadOnlyTakesWritableOnes", kSet + "owReadOnly", "in/a=A out/a=old", true, kCopy + kOverwriting, "in/a=A out/a=A"},
+    {"MoveReadOnlyMakesWritableAndFails", kSet + "owReadOnly|Move=True", "in/a=A !out/a=old", false,
      kMove + kOverwriting, "in/a=A out/a=old", "", "Error : Unable to copy file. Received {183}"},
-    {"AFolderThatCannotBeMade", "OverwriteMode=owFail", "in/a=A out=file", false, kCopy, "in/a=A out=file", "",
+    {"AFolderThatCannotBeMade", kSet + "owFail", "in/a=A out=file", false, kCopy, "in/a=A out=file", "",
      "Error : Unable to copy file. Received {3}"},
 };
 // clang-format on
 
-struct FileSetExisting : testing::TestWithParam<RunCase> {};
-
-TEST_P(FileSetExisting, Run) {
-  FileSetRuns runs;
-  ExpectRun(runs, *runs.action, GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, FileSetExisting, testing::ValuesIn(kExisting),
-                         [](const auto& info) { return info.param.name; });
+TEST(FileSetCopyRuns, Table) { ExpectRuns<TVekFileSetCopyMoveAction, FileSetRuns>(kRuns); }
 
 TEST_F(FileSetCopy, TheListIsRebuiltWhenAsked) {
   disk.Write({"in/a=A", "out/"});
@@ -123,13 +113,6 @@ TEST_F(FileSetCopy, TheListIsRebuiltWhenAsked) {
   EXPECT_EQ(folder.Read("out/b"), "B");
 }
 
-TEST_F(FileSetCopy, AnEmptySetIsDone) {
-  disk.Write({"in/"});
-  EXPECT_TRUE(Perform());
-  EXPECT_THAT(Lines(), ElementsAre("Copying 0 files..."));
-  EXPECT_THAT(disk.Read(), ElementsAre("in/"));
-}
-
 TEST_F(FileSetCopy, MissingFilesAreSkippedOrEndTheRun) {
   disk.Write({"in/a=A", "in/b=B"});
   EXPECT_TRUE(Perform());
@@ -142,29 +125,6 @@ TEST_F(FileSetCopy, MissingFilesAreSkippedOrEndTheRun) {
   EXPECT_FALSE(Perform());
   EXPECT_EQ(Errors(), Wanted({"File not found : %D%\\in\\a"}));
   EXPECT_THAT(Lines(), ElementsAre("Copying 2 files..."));
-}
-
-TEST_F(FileSetCopy, ClearsAttributes) {
-  disk.Write({"!in/a=A"});
-  for (const bool clear : {false, true}) {
-    action->ClearAttributes = clear;
-    action->OverwriteMode = owReadOnly;
-    EXPECT_TRUE(Perform());
-    EXPECT_THAT(disk.Read(), Contains(clear ? "out/a=A" : "!out/a=A"));
-  }
-}
-
-TEST_F(FileSetCopy, WhatCannotBeExpandedIsReported) {
-  disk.Write({"in/a=A"});
-  const struct {
-    const char *destination, *error;
-  } cases[] = {{"%NO_SUCH_VARIABLE%", "Destination Folder: "}, {" ", "Destination Folder: "}};
-  for (const auto& wanted : cases) {
-    action->DestinationFolder = wanted.destination;
-    EXPECT_FALSE(Perform());
-    EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith(wanted.error)));
-    EXPECT_THAT(Lines(), IsEmpty());
-  }
 }
 
 /// A file set of any files at all.
@@ -236,33 +196,6 @@ TEST_F(FileSetCopy, NamesMayHoldLineBreaksOfOtherKinds) {
   ActionFixture::Run(*action);
   EXPECT_THAT(Lines(), ElementsAre("Copying 2 files...", "Skipping file not found : a\nb",
                                    "Skipping file not found : c\rd"));
-}
-
-TEST_F(FileSetCopy, AMoveThatFailsIsSaidToBeACopy) {
-  disk.Write({"in/a=A"});
-  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
-    if (!call.progress) return {};
-    return SysResult::Failure(Win32Error::NotSameDevice);
-  };
-  action->Move = true;
-  EXPECT_FALSE(Perform());
-  EXPECT_EQ(Errors(), Wanted({"Error : Unable to copy file. Received {17}"}));
-}
-
-TEST_F(FileSetCopy, AttributesThatCannotBeWrittenEndTheRun) {
-  disk.Write({"in/a=A", "!out/a=old"});
-  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
-    if (call.operation != "entries.SetAttributes") return {};
-    return SysResult::Failure(Win32Error::WriteProtect);
-  };
-  action->OverwriteMode = owReadOnly;
-  EXPECT_FALSE(Perform());
-  EXPECT_EQ(Errors(), Wanted({"Error : Unable to write to destination file %D%\\out\\a. {19}"}));
-
-  action->DestinationFolder = "%D%\\new";
-  action->ClearAttributes = true;
-  EXPECT_FALSE(Perform());
-  EXPECT_EQ(Errors(), Wanted({"Error : Could not clear attributes on destination file. Received {19}"}));
 }
 
 TEST_F(FileSetCopy, MovesReplaceInOneModeOnly) {

@@ -1,11 +1,8 @@
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
-
 #include "platform/ComClasses.h"
 #include "process/VekIFCOMClassRegistered.h"
+#include "support/Exchanged.h"
 #include "support/ProjectFixture.h"
-
-using testing::ElementsAre;
+#include "support/RunTable.h"
 
 namespace {
 
@@ -21,71 +18,43 @@ class OneClass final : public ComClasses {
   }
 };
 
-struct IfComClass : testing::Test {
+struct ComClassRuns : ProjectFixture {
+  ComClassRuns() : ProjectFixture(Exchanged(&Platform::comClasses, classes)) {}
   OneClass classes;
-  ProjectFixture fixture{[this](const Platform& real) {
-    Platform platform = real;
-    platform.comClasses = &classes;
-    return platform;
-  }};
 };
 
-TEST_F(IfComClass, IsRegisteredWhenAnObjectCanBeMade) {
-  const struct {
-    bool byName;
-    std::string identifier, line;
-    bool registered;
-  } cases[] = {
-      {true, "Known.Class", "COM Class Known.Class is registered.", true},
-      {true, "Unknown.Class", "COM Class Unknown.Class is not registered.", false},
-      {true, "Gone.Class", "COM Class Gone.Class is not registered.", false},
-      {true, "%NAME%", "COM Class Known.Class is not registered.", false},  // looked up as it stands
-      {false, "%ID%", std::string("COM Class ") + kKnown + " is registered.", true},
-      {false, "00000000-0000-0000-0000-00000000000A", std::string("COM Class ") + kKnown + " is registered.",
-       true},
-      {false, "00000000-0000-0000-0000-000000000000",
-       "COM Class {00000000-0000-0000-0000-000000000000} is not registered.", false},
-  };
-  TVekIfCOMClassRegistered action(fixture.Context());
-  action.FailIfNotRegistered = true;
-  fixture.Context().SetVariable("NAME", std::string("Known.Class"));
-  fixture.Context().SetVariable("ID", std::string(kKnown));
-  for (const auto& [byName, identifier, line, registered] : cases) {
-    action.UseProgID = byName;
-    (byName ? action.ProgID : action.CLSID) = identifier;
-    for (const bool invert : {false, true}) {
-      action.Invert = invert;
-      EXPECT_EQ(fixture.Run(action), registered != invert) << identifier;
-      EXPECT_THAT(fixture.Lines(), ElementsAre(line));
-    }
-  }
-}
+const std::string kName = "FailIfNotRegistered=True|ProgID=",
+                  kId = "FailIfNotRegistered=True|UseProgID=False|CLSID=";
+const std::string kClass = "COM Class ", kIs = " is registered.", kIsNot = " is not registered.";
 
-TEST_F(IfComClass, WhatNamesNoClassFails) {
-  TVekIfCOMClassRegistered action(fixture.Context());
-  for (const char* name : {"", "%MISSING%"}) {
-    action.ProgID = name;
-    EXPECT_FALSE(fixture.Run(action));
-    EXPECT_THAT(fixture.Lines(), ElementsAre("Programmatic ID is invalid."));
-  }
-  action.UseProgID = false;
-  EXPECT_FALSE(fixture.Run(action));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("Class ID (GUID) is invalid."));
-  const std::pair<std::string, std::string> cases[] = {
-      {"{abc", "{abc"},
-      {"abc", "{abc}"},
-      {"00000000-0000-0000-0000-00000000000A}", "00000000-0000-0000-0000-00000000000A}"},
-      {"0000000000000-0000-0000-00000000000A", "{0000000000000-0000-0000-00000000000A}"},
-      {"{00000000-0000-0000-0000-00000000000G}", "{00000000-0000-0000-0000-00000000000G}"},
-  };
-  for (const auto& [id, shown] : cases) {
-    action.CLSID = id;
-    EXPECT_FALSE(fixture.Run(action));
-    EXPECT_THAT(fixture.Lines(), ElementsAre("Class ID " + shown + " is not a valid GUID."));
-  }
-}
+std::string NoGuid(const std::string& id) { return "Class ID " + id + " is not a valid GUID."; }
 
-TEST_F(IfComClass, GuardsItsChildren) {
+// clang-format off
+const RunCase kRuns[] = {
+    {"ByName", kName + "Known.Class", "", true, kClass + "Known.Class" + kIs, ""},
+    {"ByNameAndNotToBe", kName + "Known.Class|Invert=True", "", false, kClass + "Known.Class" + kIs, ""},
+    {"AnUnknownName", kName + "Unknown.Class", "", false, kClass + "Unknown.Class" + kIsNot, ""},
+    {"AnUnknownNameIsNotToBe", kName + "Unknown.Class|Invert=True", "", true, kClass + "Unknown.Class" + kIsNot, ""},
+    {"ANameOfAMissingClass", kName + "Gone.Class", "", false, kClass + "Gone.Class" + kIsNot, ""},
+    {"LookedUpAsItStands", "$NAME=Known.Class|" + kName + "%NAME%", "", false, kClass + "Known.Class" + kIsNot, ""},
+    {"ById", std::string("$ID=") + kKnown + '|' + kId + "%ID%", "", true, kClass + kKnown + kIs, ""},
+    {"ByIdWithoutBraces", kId + "00000000-0000-0000-0000-00000000000A", "", true, kClass + kKnown + kIs, ""},
+    {"AnUnknownId", kId + "00000000-0000-0000-0000-000000000000", "", false, kClass + "{00000000-0000-0000-0000-000000000000}" + kIsNot, ""},
+    {"NoName", "ProgID=", "", false, "Programmatic ID is invalid.", "", "", "Programmatic ID: the text is blank"},
+    {"ANameThatCannotBeExpanded", "ProgID=%X%", "", false, "Programmatic ID is invalid.", "", "", "Programmatic ID: unknown variable \"X\""},
+    {"NoId", "UseProgID=False", "", false, "Class ID (GUID) is invalid.", "", "", "Class ID (GUID): the text is blank"},
+    {"AnOpenBrace", kId + "{abc", "", false, NoGuid("{abc"), ""},
+    {"TooShort", kId + "abc", "", false, NoGuid("{abc}"), ""},
+    {"AClosingBraceAlone", kId + "00000000-0000-0000-0000-00000000000A}", "", false, NoGuid("00000000-0000-0000-0000-00000000000A}"), ""},
+    {"AMissingHyphen", kId + "0000000000000-0000-0000-00000000000A", "", false, NoGuid("{0000000000000-0000-0000-00000000000A}"), ""},
+    {"NoHexadecimalDigit", kId + "{00000000-0000-0000-0000-00000000000G}", "", false, NoGuid("{00000000-0000-0000-0000-00000000000G}"), ""},
+};
+// clang-format on
+
+TEST(IfComClass, Runs) { ExpectRuns<TVekIfCOMClassRegistered, ComClassRuns>(kRuns); }
+
+TEST(IfComClass, GuardsItsChildren) {
+  ComClassRuns fixture;
   auto& action = fixture.Add<TVekIfCOMClassRegistered>(fixture.project.actions);
   int runs = 0;
   fixture.Add(fixture.Below(0), [&runs](TProbe&) { return ++runs > 0; });

@@ -1,11 +1,8 @@
-#include <functional>
-
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "process/VekRobocopyMainAction.h"
 #include "process/VekRobocopyOptions.h"
-#include "support/ActionFixture.h"
+#include "support/RunTable.h"
 #include "support/ScriptedServices.h"
 #include "support/TestChild.h"
 
@@ -28,127 +25,88 @@ struct RobocopyTest : ActionFixture, testing::Test {
     Context().SetVariable("NONE", std::string());
   }
 
+  /// The command line of an action with so many properties set; empty where none is built.
   template <class Action>
-  std::string CommandLine(const std::function<void(Action&)>& change) {
+  std::string CommandLine(const std::string& set) {
     Action action(Context());
-    action.SourceDir = "exit";
-    action.DestDir = "0";
-    change(action);
+    SetProperties(action, "SourceDir=exit|DestDir=0|" + set);
     Run(action);
     if (Lines().empty() || !Lines().front().starts_with(kCalling)) return "";
     return Lines().front().substr(kCalling.size());
   }
 
+  /// Each row is what is set, and what stands between the beginning and the end of the command line.
+  template <class Action>
+  void ExpectCommandLines(std::span<const std::pair<const char*, const char*>> rows, const std::string& start,
+                          const std::string& end) {
+    for (const auto& [set, wanted] : rows) EXPECT_EQ(CommandLine<Action>(set), start + wanted + end) << set;
+  }
+
   ScriptedServices services;
 };
 
-template <class Action>
-struct Case {
-  std::function<void(Action&)> change;
-  std::string wanted;  // behind what all command lines begin with
-};
+using Rows = std::pair<const char*, const char*>;
+const std::string kStart = "\"exit\" \"0\" /NP /R:10 /W:30";
 
+// clang-format off
 TEST_F(RobocopyTest, WhatAllActionsSay) {
-  using A = TVekRobocopyMirrorAction;
-  const Case<A> cases[] = {
-      {[](A& a) { a.SourceDir = "%D%", a.DestDir = "C:\\Files\\"; },
-       R"("C:\My Files" "C:\Files\\" /NP /R:10 /W:30 /MIR)"},
-      {[](A& a) { a.Retries = -1, a.RetryWaitSec = 0; }, R"("exit" "0" /NP /R:-1 /W:0 /MIR)"},
-      {[](A& a) {
-         a.ExtraCmdLine = {"/MT:8 \"/X Y\"", "%NONE%", "%D%"};
-       },
-       R"("exit" "0" /NP /R:10 /W:30 /MT:8 "/X Y" C:\My Files\ /MIR)"},
-      {[](A& a) {
-         a.ReportExtraFiles = a.VerboseOutput = a.DisplayFileTimestamps = a.DisplayFullPathnames =
-             a.SuppressFileClasses = a.SuppressFileDirSizes = a.DisableLoggingDirNames =
-                 a.DisableLoggingFileNames = a.DisableLoggingJobHeader = a.DisableLoggingJobSummary = true;
-         a.AppendToLogFile = true;
-       },
-       R"("exit" "0" /NP /R:10 /W:30 /NS /NJH /NFL /NDL /NJS /TS /NC /V /FP /X /MIR)"},
-      {[](A& a) { a.LogFile = "%D%log"; }, R"("exit" "0" /NP /R:10 /W:30 /LOG:"C:\My Files\log" /TEE /MIR)"},
-      {[](A& a) { a.LogFile = "l", a.AppendToLogFile = true; },
-       R"("exit" "0" /NP /R:10 /W:30 /LOG+:"l" /TEE /MIR)"},
+  constexpr Rows kRows[] = {
+      {"SourceDir=%D%|DestDir=C:\\Files\\", R"("C:\My Files" "C:\Files\\" /NP /R:10 /W:30)"},
+      {"Retries=-1|RetryWaitSec=0", R"("exit" "0" /NP /R:-1 /W:0)"},
+      {"ExtraCmdLine+=/MT:8 \"/X Y\"|ExtraCmdLine+=%NONE%|ExtraCmdLine+=%D%", R"("exit" "0" /NP /R:10 /W:30 /MT:8 "/X Y" C:\My Files\)"},
+      {"ReportExtraFiles=True|VerboseOutput=True|DisplayFileTimestamps=True|DisplayFullPathnames=True|SuppressFileClasses=True|"
+       "SuppressFileDirSizes=True|DisableLoggingDirNames=True|DisableLoggingFileNames=True|DisableLoggingJobHeader=True|"
+       "DisableLoggingJobSummary=True|AppendToLogFile=True",
+       R"("exit" "0" /NP /R:10 /W:30 /NS /NJH /NFL /NDL /NJS /TS /NC /V /FP /X)"},
+      {"LogFile=%D%log", R"("exit" "0" /NP /R:10 /W:30 /LOG:"C:\My Files\log" /TEE)"},
+      {"LogFile=l|AppendToLogFile=True", R"("exit" "0" /NP /R:10 /W:30 /LOG+:"l" /TEE)"},
   };
-  for (const auto& [change, wanted] : cases) EXPECT_EQ(CommandLine<A>(change), wanted);
+  ExpectCommandLines<TVekRobocopyMirrorAction>(kRows, "", " /MIR");
 }
 
 TEST_F(RobocopyTest, WhichFilesAndFoldersAreMeant) {
-  using A = TVekRobocopyMoveAction;
-  const auto all = TRobocopyAttribFullSet::FromBits(0x1FF);
-  const Case<A> cases[] = {
-      {[](A&) {}, ""},
-      {[](A& a) { a.IncludeEmptyDirs = true; }, ""},
-      {[](A& a) { a.IncludeEmptyDirs = a.IncludeSubDirs = true; }, " /S /E"},
-      {[&](A& a) { a.IncludeFilesAttrib = all; }, ""},
-      {[&](A& a) { a.IncludeFilesAttrib = all, a.DoIncludeUsingAttrib = true; },
+  constexpr Rows kRows[] = {
+      {"", ""},
+      {"IncludeEmptyDirs=True", ""},
+      {"IncludeEmptyDirs=True|IncludeSubDirs=True", " /S /E"},
+      {"IncludeFilesAttrib=[aReadOnly,aSystem]", ""},
+      {"IncludeFilesAttrib=[aReadOnly,aSystem,aNotContentIndexed,aArchive,aHidden,aTemporary,aCompressed,aOffline,aEncrypted]|DoIncludeUsingAttrib=True",
        " /IA:R /IA:S /IA:N /IA:A /IA:H /IA:T /IA:C /IA:O /IA:E"},
-      {[](A& a) {
-         a.ExcludeFilesAttrib = {TRobocopyAttribs::aEncrypted, TRobocopyAttribs::aReadOnly};
-       },
-       " /XA:R /XA:E"},
-      {[](A& a) {
-         a.OnlyArchiveFilesAndClearArchiveBit = a.ExcludeJunctionPoints = a.ExcludeTaggedChanged =
-             a.ExcludeTaggedNewer = a.ExcludeTaggedOlder = a.ExcludeTaggedExtra = a.ExcludeTaggedLonely =
-                 a.IncludeTaggedSame = a.IncludeTaggedTweaked = a.OnlyListFiles = a.WaitForSharesToBeDefined =
-                     true;
-         a.DelayToFreeUpBandwidth = 5;
-       },
+      {"ExcludeFilesAttrib=[aEncrypted,aReadOnly]", " /XA:R /XA:E"},
+      {"OnlyArchiveFilesAndClearArchiveBit=True|ExcludeJunctionPoints=True|ExcludeTaggedChanged=True|ExcludeTaggedNewer=True|"
+       "ExcludeTaggedOlder=True|ExcludeTaggedExtra=True|ExcludeTaggedLonely=True|IncludeTaggedSame=True|IncludeTaggedTweaked=True|"
+       "OnlyListFiles=True|WaitForSharesToBeDefined=True|DelayToFreeUpBandwidth=5",
        " /M /XJ /XC /XN /XO /XX /XL /IS /IT /L /TBD /IPG:5"},
-      {[](A& a) { a.ExcludeLargeFiles = a.ExcludeSmallFiles = true; }, ""},
-      {[](A& a) {
-         a.ExcludeLargeFiles = a.ExcludeSmallFiles = true;
-         a.MaxFileSizeBytes = 4294967295, a.MinFileSizeBytes = 1;
-       },
-       " /MAX:4294967295 /MIN:1"},
-      {[](A& a) {
-         a.ExcludeOldFiles = a.ExcludeNewFiles = a.ExcludeLADOldFiles = a.ExcludeLADNewFiles = true;
-         a.UseMaxAgeDays = a.UseMinLADDays = true;
-         a.MinLADDays = 7;
-         a.MinAgeDate = *ParseIso8601("2007-03-05"), a.MaxLADDate = *ParseIso8601("1999-12-31T23:59:59");
-       },
+      {"ExcludeLargeFiles=True|ExcludeSmallFiles=True", ""},
+      {"ExcludeLargeFiles=True|ExcludeSmallFiles=True|MaxFileSizeBytes=4294967295|MinFileSizeBytes=1", " /MAX:4294967295 /MIN:1"},
+      {"ExcludeOldFiles=True|ExcludeNewFiles=True|ExcludeLADOldFiles=True|ExcludeLADNewFiles=True|UseMaxAgeDays=True|UseMinLADDays=True|"
+       "MinLADDays=7|MinAgeDate=2007-03-05T00:00:00|MaxLADDate=1999-12-31T23:59:59",
        " /MAXAGE:0 /MINAGE:20070305 /MAXLAD:19991231 /MINLAD:7"},
-      {[](A& a) {
-         a.ExcludeFiles = {"*.obj", "a b\\"}, a.ExcludeDirs = {"\"x\"", "%D%"};
-       },
-       R"( /XF "*.obj" "a b\\" /XD "x" "C:\My Files\\")"},
+      {"ExcludeFiles+=*.obj|ExcludeFiles+=a b\\|ExcludeDirs+=\"x\"|ExcludeDirs+=%D%", R"( /XF "*.obj" "a b\\" /XD "x" "C:\My Files\\")"},
   };
-  for (const auto& [change, wanted] : cases) {
-    EXPECT_EQ(CommandLine<A>(change), "\"exit\" \"0\" /NP /R:10 /W:30" + wanted + " /MOVE");
-  }
-  EXPECT_TRUE(CommandLine<A>([](A& a) { a.PreserveSourceDirTree = true; }).ends_with(" /MOV"));
+  ExpectCommandLines<TVekRobocopyMoveAction>(kRows, kStart, " /MOVE");
+  EXPECT_TRUE(CommandLine<TVekRobocopyMoveAction>("PreserveSourceDirTree=True").ends_with(" /MOV"));
 }
 
 TEST_F(RobocopyTest, WhatACopyAdds) {
-  using A = TVekRobocopyCopyAction;
-  using enum TRobocopyCopyFlags;
-  const Case<A> cases[] = {
-      {[](A&) {}, " /COPY:DAD"},
-      {[](A& a) { a.CopyFlags = {}; }, " /COPY:"},
-      {[](A& a) {
-         a.CopyFlags = {cfAuditing, cfOwnership, cfSecurity};
-       },
-       " /COPY:SOA"},
-      {[](A& a) {
-         a.SetAttribInCopiedFiles = TRobocopyAttribSet::FromBits(0x3F);
-         a.TurnOffAttribInCopiedFiles = {TRobocopyAttribsRange::aTemporary, TRobocopyAttribsRange::aSystem};
-         a.FATFileNames = a.FATFileTimes = true;
-       },
+  constexpr Rows kRows[] = {
+      {"", " /COPY:DAD"},
+      {"CopyFlags=[]", " /COPY:"},
+      {"CopyFlags=[cfAuditing,cfOwnership,cfSecurity]", " /COPY:SOA"},
+      {"SetAttribInCopiedFiles=[aReadOnly,aSystem,aNotContentIndexed,aArchive,aHidden,aTemporary]|"
+       "TurnOffAttribInCopiedFiles=[aTemporary,aSystem]|FATFileNames=True|FATFileTimes=True",
        " /COPY:DAD /A+:R /A+:S /A+:N /A+:A /A+:H /A+:T /A-:S /A-:T /FFT /FAT"},
   };
-  for (const auto& [change, wanted] : cases) {
-    EXPECT_EQ(CommandLine<A>(change), "\"exit\" \"0\" /NP /R:10 /W:30 /S" + wanted);
-  }
+  ExpectCommandLines<TVekRobocopyCopyAction>(kRows, kStart + " /S", "");
 }
 
 TEST_F(RobocopyTest, OnlyASingleJobFileIsPassed) {
-  using A = TVekRobocopyJobAction;
-  const std::string start = "\"exit\" \"0\" /NP /R:10 /W:30";
-  EXPECT_EQ(CommandLine<A>([](A& a) { a.JobFiles = {"%D%a"}; }), start + R"( /JOB:"C:\My Files\a")");
-  EXPECT_EQ(CommandLine<A>([](A& a) { a.JobFiles = {"%NONE%"}; }), start);
-  EXPECT_EQ(CommandLine<A>([](A& a) { a.JobFiles = {"a", "b"}; }), start);
-  EXPECT_EQ(CommandLine<A>([](A&) {}), "");
+  constexpr Rows kRows[] = {{"JobFiles+=%D%a", R"( /JOB:"C:\My Files\a")"}, {"JobFiles+=%NONE%", ""}, {"JobFiles+=a|JobFiles+=b", ""}};
+  ExpectCommandLines<TVekRobocopyJobAction>(kRows, kStart, "");
+  EXPECT_EQ(CommandLine<TVekRobocopyJobAction>(""), "");
   EXPECT_THAT(Errors(), ElementsAre("Job Files: there is no line -1"));
 }
+// clang-format on
 
 TEST_F(RobocopyTest, ExitCodes) {
   const struct {
@@ -177,19 +135,16 @@ TEST_F(RobocopyTest, ExitCodes) {
 }
 
 TEST_F(RobocopyTest, ExpansionsThatFailAreNamed) {
-  const std::pair<std::function<void(TVekRobocopyCopyAction&)>, std::string> cases[] = {
-      {[](auto& a) { a.SourceDir = " "; }, "Source Dir: "},
-      {[](auto& a) { a.DestDir = "%MISSING%"; }, "Destination Dir: "},
-      {[](auto& a) {
-         a.ExtraCmdLine = {"", "%MISSING%"};
-       },
-       "Extra Command Line line 1: "},
-      {[](auto& a) { a.LogFile = "%MISSING%"; }, "Log file: "},
-      {[](auto& a) { a.ExcludeFiles = {"%MISSING%"}; }, "Exclude file: %MISSING%: "},
-      {[](auto& a) { a.ExcludeDirs = {"%MISSING%"}; }, "Exclude dir: %MISSING%: "},
+  constexpr Rows kRows[] = {
+      {"SourceDir= ", "Source Dir: "},
+      {"DestDir=%MISSING%", "Destination Dir: "},
+      {"ExtraCmdLine+=|ExtraCmdLine+=%MISSING%", "Extra Command Line line 1: "},
+      {"LogFile=%MISSING%", "Log file: "},
+      {"ExcludeFiles+=%MISSING%", "Exclude file: %MISSING%: "},
+      {"ExcludeDirs+=%MISSING%", "Exclude dir: %MISSING%: "},
   };
-  for (const auto& [change, title] : cases) {
-    EXPECT_EQ(CommandLine<TVekRobocopyCopyAction>(change), "");
+  for (const auto& [set, title] : kRows) {
+    EXPECT_EQ(CommandLine<TVekRobocopyCopyAction>(set), "");
     EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith(title)));
   }
 }

@@ -1,7 +1,6 @@
 #include <map>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "platform/CreatePlatform.h"
 #include "platform/Registry.h"

@@ -1,9 +1,8 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "platform/Shell.h"
 #include "process/VekShellExecute.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
 #include "support/ScriptedServices.h"
 
 using testing::ElementsAre;
@@ -43,11 +42,7 @@ struct ShellExecuteTest : testing::Test {
   }
 
   RecordingShell shell;
-  ActionFixture fixture{[this](const Platform& real) {
-    Platform platform = real;
-    platform.shell = &shell;
-    return platform;
-  }};
+  ActionFixture fixture{Exchanged(&Platform::shell, shell)};
   std::unique_ptr<TVekShellExecute> action = fixture.Make<TVekShellExecute>();
 };
 

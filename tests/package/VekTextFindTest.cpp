@@ -1,15 +1,69 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
-#include "support/ActionFixture.h"
-#include "support/OsFixture.h"
+#include "support/RunTable.h"
 #include "textini/VekTextFind.h"
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
 
 namespace {
+
+const std::string kFile = "SourcePath=%D%\\a|",
+                  kCount = kFile + "TextFindBehaviour=tfPutIntoVar|PutCountIntoVar=N|SearchString=";
+const std::string kExact = "CaseSensitive=True|", kWords = "WholeWords=True|",
+                  kExpression = "MatchRegExpr=True|";
+const std::string kVariable =
+    "$V=1231|UseVariable=True|SourcePath=%X%|TextFindBehaviour=tfPutIntoVar|PutCountIntoVar=N|SearchString=1|"
+    "VekVariable=";
+const std::string kLess = kFile + "SearchString=a|TextFindBehaviour=tfFailOnLess|FailMatchCount=";
+const std::string kMore = kFile + "SearchString=a|TextFindBehaviour=tfFailOnMore|FailOnMoreMatchCount=";
+const std::string kSyntax = "A syntax error occured parsing the Regular Expression : ",
+                  kManyAs = "a=" + std::string(60, 'a') + 'b';
+
+/// So many matches in a text, in which a '~' is a blank.
+RunCase Counts(const std::string& text, const std::string& options, const std::string& searchString,
+               int count) {
+  const std::string number = std::to_string(count);
+  const std::string found =
+      count == 0 ? "No matches were found." : "Found " + number + (count == 1 ? " match." : " matches.");
+  return {"counts",    options + kCount + searchString, "a=" + text, true, found,
+          "a=" + text, "$N=Integer " + number};
+}
+
+// clang-format off
+const RunCase kRuns[] = {
+    Counts("a.b~axb~A.B", kExact, "a.b", 1),
+    Counts("a.b~axb~A.B", "", "a.b", 2),
+    Counts("a.b~axb~A.B", kExpression, "a.b", 2),
+    Counts("a.b~axb~A.B", kExpression, "(?i)a.b", 3),
+    Counts("\\[^$.?*+()", kExact, "\\[^$.?*+()", 1),
+    Counts("aa~a{2}", kExact, "a{2}", 1),  // braces are left as they are
+    Counts("cat~cats~Cat~concat~cat", kWords, "cat", 3),
+    Counts("cat~cats~Cat~concat~cat", kWords + kExact, "cat", 2),
+    Counts("\xC3\x84rger~\xC3\xA4rger", "", "\xC3\xA4R", 2),
+    Counts("\xFF""needle\xFF\xFE""needle", "", "needle", 2),
+    Counts("\xFF\xFF", "", "\xFF", 2),
+    Counts("a\r\nb\r\n", "", "a\r\nb", 1),
+    Counts("a\r\nb\nc\n", kExpression, "(?m)$", 4),
+    Counts("abc", "", "", 4),
+    Counts("abc", kExpression, "x*", 4),
+    Counts("", "", "x", 0),
+
+    {"TooFew", kLess + "1", "a=", false, "No matches were found.|Failing due to insufficient matches.", "a="},
+    {"NoneIsEnough", kLess + "0", "a=", true, "No matches were found.", "a="},
+    {"OneIsEnough", kLess + "1", "a=a", true, "Found 1 match.", "a=a"},
+    {"OneIsNotTooMany", kMore + "1", "a=a", true, "Found 1 match.", "a=a"},
+    {"TooMany", kMore + "1", "a=a~a", false, "Found 2 matches.|Failing due to too many matches.", "a=a~a"},
+    {"TheTextOfAVariable", kVariable + "V", "", true, "Found 2 matches.", "", "$N=Integer 2"},
+    {"AnUndefinedVariable", kVariable + "%V%", "", false, "Search failed: variable \"%V%\" is not defined", ""},
+    {"NoExpression", kExpression + kCount + "((", "a=", false, kSyntax + "missing closing parenthesis after character 2 (Search String)", "a="},
+    {"ALoopOfMatches", kExpression + kCount + "(a+a+)+$", kManyAs, false, kSyntax + "match limit exceeded (Search String)", kManyAs},
+    {"BracesThatAreTooLarge", kCount + "a{9}{99999}", "a=", false, "An internal error occured parsing the input string.", "a="},
+    {"NoFile", kCount + "x", "", false, "Search failed: %D%\\a: {2}", ""},
+    {"NoFileForAnExpression", kExpression + kCount + "x", "", false, "Search failed: %D%\\a: {2}", ""},
+};
+// clang-format on
+
+TEST(TextFindRuns, Table) { ExpectRuns<TVekTextFindAction>(kRuns); }
 
 struct TextFind : ActionFixture, testing::Test {
   using ActionFixture::Run;
@@ -32,42 +86,6 @@ struct TextFind : ActionFixture, testing::Test {
 
   TVekTextFindAction action{Context()};
 };
-
-TEST_F(TextFind, CountsPlainTextsAndExpressions) {
-  enum : unsigned { kExact = 1, kWords = 2, kExpression = 4 };
-  const struct {
-    std::string text, searchString;
-    unsigned options;
-    int64_t wanted;
-  } cases[] = {
-      {"a.b axb A.B", "a.b", kExact, 1},
-      {"a.b axb A.B", "a.b", 0, 2},
-      {"a.b axb A.B", "a.b", kExpression, 2},
-      {"a.b axb A.B", "(?i)a.b", kExpression, 3},
-      {"\\[^$.|?*+()", "\\[^$.|?*+()", kExact, 1},
-      {"aa a{2}", "a{2}", kExact, 1},  // braces are left as they are
-      {"cat cats Cat concat cat", "cat", kWords, 3},
-      {"cat cats Cat concat cat", "cat", kWords | kExact, 2},
-      {"\xC3\x84rger \xC3\xA4rger", "\xC3\xA4R", 0, 2},
-      {"\xFF"
-       "needle\xFF\xFE"
-       "needle",
-       "needle", 0, 2},
-      {"\xFF\xFF", "\xFF", 0, 2},
-      {"a\r\nb\r\n", "a\r\nb", 0, 1},
-      {"a\r\nb\nc\n", "(?m)$", kExpression, 4},
-      {"abc", "", 0, 4},
-      {"abc", "x*", kExpression, 4},
-      {"", "x", 0, 0},
-  };
-  for (const auto& test : cases) {
-    action.CaseSensitive = (test.options & kExact) != 0;
-    action.WholeWords = (test.options & kWords) != 0;
-    action.MatchRegExpr = (test.options & kExpression) != 0;
-    EXPECT_EQ(Count(test.text, test.searchString), test.wanted) << test.text << " / " << test.searchString;
-    EXPECT_THAT(Errors(), IsEmpty());
-  }
-}
 
 /// Files are searched window by window: wherever a window ends, the same is found at the same place.
 TEST_F(TextFind, NothingIsLostBetweenWindows) {
@@ -101,63 +119,8 @@ TEST_F(TextFind, TheScriptSeesEachMatch) {
 
   SetScript("if (Count == 2) throw 'enough';");
   EXPECT_EQ(Count("a a a", "a"), -1);
-  EXPECT_THAT(Lines(), IsEmpty());
-  EXPECT_THAT(Errors(), ElementsAre(StartsWith("script OnFindText")));
-}
-
-TEST_F(TextFind, TheCountDecides) {
-  const auto kLess = TTextFindBehaviour::tfFailOnLess, kMore = TTextFindBehaviour::tfFailOnMore;
-  const struct {
-    std::string text;
-    TTextFindBehaviour behaviour;
-    int32_t limit;
-    StringList wanted;  // the last line tells why it fails
-  } cases[] = {
-      {"", kLess, 1, {"No matches were found.", "Failing due to insufficient matches."}},
-      {"", kLess, 0, {"No matches were found."}},
-      {"a", kLess, 1, {"Found 1 match."}},
-      {"a", kMore, 1, {"Found 1 match."}},
-      {"a a", kMore, 1, {"Found 2 matches.", "Failing due to too many matches."}},
-  };
-  for (const auto& test : cases) {
-    action.TextFindBehaviour = test.behaviour;
-    action.FailMatchCount = action.FailOnMoreMatchCount = test.limit;
-    folder.Write("text.txt", test.text);
-    action.SearchString = "a";
-    EXPECT_EQ(Run(action), test.wanted.size() == 1);
-    EXPECT_EQ(Lines(), test.wanted);
-  }
-}
-
-TEST_F(TextFind, SearchesTheTextOfAVariable) {
-  Context().SetVariable("V", int64_t{1231});
-  action.UseVariable = true;
-  action.VekVariable = "V";
-  action.SourcePath = "%NO_SUCH_VARIABLE_ANYWHERE%";
-  EXPECT_EQ(Count("", "1"), 2);
-  action.VekVariable = "%V%";
-  EXPECT_EQ(Count("", "1"), -1);
-  EXPECT_THAT(Lines(), ElementsAre("Search failed: variable \"%V%\" is not defined"));
-}
-
-TEST_F(TextFind, WhatCannotBeSearchedIsReported) {
-  action.MatchRegExpr = true;
-  EXPECT_EQ(Count("text", "(("), -1);
-  const std::string syntax = "A syntax error occured parsing the Regular Expression : ";
-  EXPECT_THAT(Lines(), ElementsAre(syntax + "missing closing parenthesis after character 2 (Search String)"));
-  EXPECT_EQ(Count(std::string(60, 'a') + 'b', "(a|aa)+$"), -1);
-  EXPECT_THAT(Lines(), ElementsAre(syntax + "match limit exceeded (Search String)"));
-  action.MatchRegExpr = false;
-  EXPECT_EQ(Count("text", "a{9}{99999}"), -1);
-  EXPECT_THAT(Lines(), ElementsAre("An internal error occured parsing the input string."));
-
-  action.SourcePath = folder.Path("missing.txt");
-  for (const bool expression : {false, true}) {
-    action.MatchRegExpr = expression;
-    EXPECT_EQ(Count("", "x"), -1);
-    EXPECT_THAT(Lines(), ElementsAre("Search failed: " + folder.Path("missing.txt") + ": " +
-                                     SystemText(Win32Error::FileNotFound)));
-  }
+  EXPECT_THAT(Lines(), testing::IsEmpty());
+  EXPECT_THAT(Errors(), ElementsAre(testing::StartsWith("script OnFindText")));
 }
 
 TEST_F(TextFind, AStopEndsItInSilence) {
@@ -166,7 +129,7 @@ TEST_F(TextFind, AStopEndsItInSilence) {
   folder.Write("text.txt", "aaa");
   Context().Stop().RequestStop();
   EXPECT_FALSE(Run(action));
-  EXPECT_THAT(Lines(), IsEmpty());
+  EXPECT_THAT(Lines(), testing::IsEmpty());
 }
 
 }  // namespace

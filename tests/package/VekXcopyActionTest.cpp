@@ -1,13 +1,11 @@
 #include <cmath>
-#include <functional>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "platform/Clock.h"
 #include "platform/Contents.h"
 #include "process/VekXcopyAction.h"
-#include "support/ActionFixture.h"
+#include "support/RunTable.h"
 #include "support/ScriptedServices.h"
 
 using testing::ElementsAre;
@@ -24,11 +22,10 @@ struct XCopyTest : testing::Test {
     fixture.Context().SetVariable("NONE", std::string());
   }
 
-  std::string CommandLine(const std::function<void(TVekXCopyAction&)>& change) {
+  std::string CommandLine(const std::string& set) {
     TVekXCopyAction action(fixture.Context());
     action.Source = fixture.folder.Path("*.txt");
-    action.Destination = "C:\\b";
-    change(action);
+    SetProperties(action, "Destination=C:\\b|" + set);
     EXPECT_FALSE(fixture.Run(action));
     if (fixture.Lines().empty()) return "";
     return ReplaceAll(fixture.Lines().back().substr(kCalling.size()), fixture.folder.Path(), "%F%");
@@ -39,42 +36,32 @@ struct XCopyTest : testing::Test {
 };
 
 TEST_F(XCopyTest, Switches) {
-  using A = TVekXCopyAction;
-  const std::pair<std::function<void(A&)>, std::string> cases[] = {
-      {[](A&) {}, ""},
-      {[](A& a) { a.XCopyMode = TVekXCopyMode::mdRecursive, a.XCopyLogMode = TVekXCopyLogMode::logQuiet; },
-       " /Q /S"},
-      {[](A& a) { a.XCopyMode = TVekXCopyMode::mdTest, a.XCopyLogMode = TVekXCopyLogMode::logVerbose; },
-       " /F /L"},
-      {[](A& a) { a.XCopyMode = TVekXCopyMode::mdDirStructure; }, " /T"},
-      {[](A& a) { a.TurnOffArchiveBit = true; }, ""},
-      {[](A& a) { a.OnlyArchiveFiles = true; }, " /A"},
-      {[](A& a) { a.OnlyArchiveFiles = a.TurnOffArchiveBit = true; }, " /M"},
-      {[](A& a) {
-         a.CopyHiddenAndSys = a.OverwriteReadOnly = a.CopyAttributes = a.OnlyFilesThatAlreadyExist =
-             a.CopyUsingShortNames = a.CopyNetworkedFiles = a.CopyNewerFiles = a.CopyFilesChnagedAfter =
-                 a.Verify = a.IgnoreErrors = a.CopyOwnershipAndACL = a.CopyFileAuditSettings =
-                     a.CopyEncryptedIfNotSupportedInDest = true;
-         a.ChangedAfterDate = *ParseIso8601("2007-03-05");
-       },
+  constexpr std::pair<const char*, const char*> kRows[] = {
+      {"", ""},
+      {"XCopyMode=mdRecursive|XCopyLogMode=logQuiet", " /Q /S"},
+      {"XCopyMode=mdTest|XCopyLogMode=logVerbose", " /F /L"},
+      {"XCopyMode=mdDirStructure", " /T"},
+      {"TurnOffArchiveBit=True", ""},
+      {"OnlyArchiveFiles=True", " /A"},
+      {"OnlyArchiveFiles=True|TurnOffArchiveBit=True", " /M"},
+      {"CopyHiddenAndSys=True|OverwriteReadOnly=True|CopyAttributes=True|OnlyFilesThatAlreadyExist=True|"
+       "CopyUsingShortNames=True|CopyNetworkedFiles=True|CopyNewerFiles=True|CopyFilesChnagedAfter=True|"
+       "Verify=True|"
+       "IgnoreErrors=True|CopyOwnershipAndACL=True|CopyFileAuditSettings=True|"
+       "CopyEncryptedIfNotSupportedInDest=True|"
+       "ChangedAfterDate=2007-03-05",
        " /H /R /K /U /Z /V /C /D /D:3-5-2007 /N /X /G /O"},
-      {[](A& a) {
-         a.ExcludeFiles = {"", "%NONE%"};
-       },
-       ""},
+      {"ExcludeFiles+=|ExcludeFiles+=%NONE%", ""},
   };
-  for (const auto& [change, wanted] : cases) {
-    EXPECT_EQ(CommandLine(change), "%F%/*.txt C:\\b\\ /Y /I" + wanted);
+  for (const auto& [set, wanted] : kRows) {
+    EXPECT_EQ(CommandLine(set), std::string("%F%/*.txt C:\\b\\ /Y /I") + wanted);
     EXPECT_THAT(fixture.Errors(), ElementsAre(HasSubstr("xcopy.exe")));
   }
-  EXPECT_EQ(CommandLine([](A& a) { a.Source = "C:\\a b\\*", a.Destination = "C:\\c d\\"; }),
-            R"("C:\a b\*" "C:\c d\\" /Y /I)");
+  EXPECT_EQ(CommandLine("Source=C:\\a b\\*|Destination=C:\\c d\\"), R"("C:\a b\*" "C:\c d\\" /Y /I)");
 }
 
 TEST_F(XCopyTest, ExcludedNamesGoThroughAFile) {
-  const std::string line = CommandLine([](TVekXCopyAction& a) {
-    a.ExcludeFiles = {"*.obj", "%NONE%", "tmp"};
-  });
+  const std::string line = CommandLine("ExcludeFiles+=*.obj|ExcludeFiles+=%NONE%|ExcludeFiles+=tmp");
   EXPECT_EQ(fixture.Lines().front(),
             "Warning: Excluded file list contains wildcard characters. XCopy exclude list does not support "
             "wildcards, substring matching only.");
@@ -86,13 +73,13 @@ TEST_F(XCopyTest, ExcludedNamesGoThroughAFile) {
   EXPECT_EQ(contents, "*.obj\r\ntmp\r\n");
   EXPECT_TRUE(fixture.GetPlatform().entries->Delete(file));
 
-  CommandLine([](TVekXCopyAction& a) { a.ExcludeFiles = {"plain", "%MISSING%"}; });
+  CommandLine("ExcludeFiles+=plain|ExcludeFiles+=%MISSING%");
   EXPECT_THAT(fixture.Errors(), ElementsAre(testing::StartsWith("Excluded file 1: ")));
   fixture.fault = [](const PlatformCall& call) -> std::optional<SysResult> {
     if (call.operation != "contents.Replace") return {};
     return SysResult::Failure(Win32Error::DiskFull);
   };
-  EXPECT_EQ(CommandLine([](TVekXCopyAction& a) { a.ExcludeFiles = {"plain"}; }), "");
+  EXPECT_EQ(CommandLine("ExcludeFiles+=plain"), "");
   EXPECT_THAT(fixture.Errors(), ElementsAre(HasSubstr(SystemText(Win32Error::DiskFull))));
 }
 

@@ -1,268 +1,136 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "pages/Vekeditors.h"
 #include "pages/Vekreadiniframe.h"
 #include "pages/Vekwriteiniframe.h"
-#include "platform/Entries.h"
-#include "support/ActionFixture.h"
 #include "support/NullHost.h"
-#include "support/OsFixture.h"
+#include "support/RunTable.h"
 #include "support/ScriptedServices.h"
 #include "textini/Vekconversions.h"
 #include "textini/Vekinifile.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using enum TIniValueType;
 
 namespace {
 
-constexpr std::string_view kUnknown = "%NO_SUCH_VARIABLE_ANYWHERE%";
+const std::string kFile = "IniFile=%D%\\f.ini|", kPlace = kFile + "Section=S|ValueName=a|";
+const std::string kUnknown = "unknown variable \"X\"", kNoSection = "Section Name not specified";
 
-template <class Action>
-struct IniAction : ActionFixture, testing::Test {
-  IniAction() {
-    action->IniFile = WideString(path);
-    action->Section = "S";
-    action->ValueName = "a";
-  }
+// Reading.
+const std::string kIntoV = kPlace + "VariableName=V|", kDefault = kIntoV + "DefaultValue=";
+const std::string kText = kDefault + "d", kBool = "ValueType=vtBool|" + kDefault,
+                  kInteger = "ValueType=vtInteger|" + kDefault;
+const std::string kNotBool = "Default Value is not True or False and the Value Type is Boolean";
 
-  bool Run() { return ActionFixture::Run(*action); }
+/// What is logged of a value that was read.
+std::string Reading(const std::string& defaultText, const std::string& value) {
+  return "Reading from IniFile: %D%\\f.ini Section : S ValueName: a Default Value : " + defaultText +
+         "|New Value : " + value;
+}
 
-  /// Runs with one property that cannot be expanded; answers what was logged of it.
-  StringList RunUnexpandable(WideString Action::*property) {
-    const WideString before = std::exchange((*action).*property, WideString(std::string(kUnknown)));
-    EXPECT_FALSE(Run());
-    (*action).*property = before;
-    EXPECT_EQ(Lines().size(), 2u);
-    EXPECT_NE(Lines().back().find("NO_SUCH_VARIABLE_ANYWHERE"), std::string::npos) << "the reason";
-    return {Lines().begin(), Lines().end() - 1};
-  }
+/// A line of the file, and what becomes of it as a value of a type.
+RunCase Reads(const std::string& line, const std::string& set, const std::string& defaultText,
+              const std::string& type, const std::string& value) {
+  const std::string file = "f.ini=[S]\n" + line + "\n";
+  return {"reads", set + defaultText,         file, true, Reading(defaultText, value),
+          file,    "$V=" + type + ' ' + value};
+}
 
-  const std::string path = folder.Path("f.ini");
-  std::unique_ptr<Action> action = Make<Action>();
+std::string NoInteger(const std::string& text) {
+  return "Default Value : " + text + " : is not an integer and the Value Type is Integer";
+}
+
+// clang-format off
+const RunCase kReads[] = {
+    Reads("a=~\"x~y\"~", kDefault, "d", "String", "x y"),
+    Reads("a=", kDefault, "d", "String", ""),
+    Reads("b=1", kDefault, " d ", "String", " d "),
+    Reads("a=1", kBool, "false", "Boolean", "True"),
+    Reads("a=-2", kBool, "false", "Boolean", "True"),
+    Reads("a=0", kBool, "true", "Boolean", "False"),
+    Reads("a=0x0", kBool, "true", "Boolean", "False"),
+    Reads("a=yes", kBool, " TRUE ", "Boolean", "True"),
+    Reads("b=1", kBool, "False", "Boolean", "False"),
+    Reads("a=-12", kInteger, "0", "Integer", "-12"),
+    Reads("a=0x1F", kInteger, "0", "Integer", "31"),
+    Reads("a=12abc", kInteger, "7", "Integer", "7"),
+    Reads("a=4294967296", kInteger, "7", "Integer", "7"),
+    Reads("b=1", kInteger, "0x10", "Integer", "16"),
+    Reads("a=-99098700", kInteger, "1", "Integer", "-99098700"),
+    {"NoFile", kText, "", true, Reading("d", "d"), "", "$V=String d"},
+    {"NoFolder", kText + "|IniFile=%D%\\none\\f.ini", "", true,
+     "Reading from IniFile: %D%\\none\\f.ini Section : S ValueName: a Default Value : d|New Value : d", "", "$V=String d"},
+    {"Expanded", "$N=7|" + kFile + "Section=  My $('S')  |ValueName=k%N%|DefaultValue=d%N%|VariableName=%N%", "f.ini=[My~S]\nk7=found\n", true,
+     "Reading from IniFile: %D%\\f.ini Section : My S ValueName: k7 Default Value : d7|New Value : found", "f.ini=[My~S]\nk7=found\n",
+     "$%N%=String found"},
+    {"NoBoolean", kBool + "yes", "", false, kNotBool, ""},
+    {"ANumberIsNoBoolean", kBool + "1", "", false, kNotBool, ""},
+    {"NoDefaultIsNoBoolean", kBool, "", false, kNotBool, ""},
+    {"NoInteger", kInteger + "x", "", false, NoInteger("x"), ""},
+    {"NoDefaultIsNoInteger", kInteger, "", false, NoInteger(""), ""},
+    {"AFractionIsNoInteger", kInteger + "1.5", "", false, NoInteger("1.5"), ""},
+    {"ALargeNumberIsNoInteger", kInteger + "2147483648", "", false, NoInteger("2147483648"), ""},
+    {"TheMarkOfMissingIntegers", kInteger + "-99098700", "", false, NoInteger("-99098700"), ""},
+    {"AnUnknownFile", kText + "|IniFile=%X%", "", false, "Unable to Read from Ini File : %X%|" + kUnknown, ""},
+    {"AnUnknownName", kText + "|ValueName=%X%", "", false, "Unable to Read Value from Ini File : %X%|" + kUnknown, ""},
+    {"AnUnknownSection", kText + "|Section=%X%", "", false, "Unable to Read from Section : %X%|" + kUnknown, ""},
+    {"AnUnknownDefault", kDefault + "%X%", "", false, "Unable to use default Value  : %X%|" + kUnknown, ""},
+    {"ABlankSection", kText + "|Section=  ", "", false, "Unable to Read from Section :   |" + kNoSection, ""},
+    {"NoPath", kText + "|IniFile=f.ini", "", false, "No path to the Ini File specified!", ""},
+    {"Held", kText, "^f.ini=[S]\na=1\n", false, "Unable to Read from Ini File : %D%\\f.ini|{32}", "f.ini=[S]\na=1\n"},
 };
 
-struct ReadIni : IniAction<TReadIniFileAction> {
-  ReadIni() { action->VariableName = "V"; }
+// Writing.
+const std::string kWrite = kPlace + "NewValue=", kOne = "f.ini=[S]\na=1\n", kWriting = "Unable to Write to Ini File : %D%\\f.ini";
+const std::string kWriteInteger = "ValueType=vtInteger|" + kWrite, kWriteBool = "ValueType=vtBool|" + kWrite;
+const std::string kMayCreate = "AllowCreate=True|", kMaybe = kWriting + "|'maybe' is not a valid boolean value";
 
-  std::string Stored() {
-    const Variant value = Context().GetVariableValue("V");
-    return std::string(VariantTypeName(value)) + ' ' + VariantToText(value);
-  }
+RunCase Writes(const std::string& set, const std::string& shown, const std::string& written) {
+  return {"writes", set, "f.ini=;~kept\n[S]\na=old\n", true,
+          "Writing to IniFile: %D%\\f.iniSection : S ValueName: a Value: " + shown, "f.ini=;~kept\n[S]\na=" + written + "\n"};
+}
 
-  StringList Reading(const std::string& defaultText, const std::string& value) {
-    return {"Reading from IniFile: " + path + " Section : S ValueName: a Default Value : " + defaultText,
-            "New Value : " + value};
-  }
+const RunCase kWrites[] = {
+    Writes(kWrite + " x ", " x ", "~x~"),
+    Writes(kWrite, "", ""),
+    Writes(kWriteBool + "TRUE", "True", "1"),
+    Writes(kWriteBool + "false", "False", "0"),
+    Writes(kWriteBool + "7", "True", "1"),
+    Writes(kWriteBool + "0.0", "False", "0"),
+    Writes(kWriteInteger + "-5", "-5", "-5"),
+    Writes(kWriteInteger + "0x10", "16", "16"),
+    Writes(kWriteInteger + "0xFFFFFFFF", "-1", "-1"),
+    {"NoFile", kWrite + "1", "", false, kWriting + "|File does not Exist!", ""},
+    {"ANewFile", kMayCreate + kWrite + "1", "", true, "Writing to IniFile: %D%\\f.iniSection : S ValueName: a Value: 1", "f.ini=[S]\r\na=1\r\n"},
+    // A failed write into an existing file is no failure.
+    {"NoInteger", kMayCreate + kWriteInteger + "12x", "", false, "", ""},
+    {"NoIntegerForAFile", kMayCreate + kWriteInteger + "12x", kOne, true, "", kOne},
+    {"NoTextForAnInteger", kMayCreate + kWriteInteger, kOne, true, "", kOne},
+    {"TheMarkOfMissingIntegers", kMayCreate + kWriteInteger + "-990234", kOne, true, "", kOne},
+    {"NoBoolean", kMayCreate + kWriteBool + "maybe", "", false, kMaybe, ""},
+    {"NoBooleanForAFile", kMayCreate + kWriteBool + "maybe", kOne, true, kMaybe, kOne},
+    {"Held", kWrite + "2", "^" + kOne, true, kWriting + "|{32}", kOne},
+    {"NoFolder", kMayCreate + kWrite + "2|IniFile=%D%\\none\\f.ini", "", false, "Unable to Write to Ini File : %D%\\none\\f.ini|{3}", ""},
+    {"ReadOnly", kWrite + "2", "!" + kOne, false, "File : %D%\\f.ini is marked as Read Only!", "!" + kOne},
+    {"AnUnknownFile", kWrite + "1|IniFile=%X%", "", false, "Unable to Write to Ini File : %X%|" + kUnknown, ""},
+    {"AnUnknownValue", kWrite + "%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknown, ""},
+    {"AnUnknownName", kWrite + "1|ValueName=%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknown, ""},
+    {"AnUnknownSection", kWrite + "1|Section=%X%", "", false, "Unable to Write to Section : %X%|" + kUnknown, ""},
+    {"ABlankSection", kWrite + "1|Section= ", "", false, "Unable to Write to Section :  |" + kNoSection, ""},
+    {"NoPath", kWrite + "1|IniFile=f.ini", "", false, "No path to the Ini File specified!", ""},
 };
+// clang-format on
 
-struct WriteIni : IniAction<TWriteIniFileAction> {
-  bool Write(TIniValueType type, const std::string& value) {
-    action->ValueType = type;
-    action->NewValue = WideString(value);
-    return Run();
-  }
+TEST(IniFileRuns, Reading) { ExpectRuns<TReadIniFileAction>(kReads); }
+TEST(IniFileRuns, Writing) { ExpectRuns<TWriteIniFileAction>(kWrites); }
 
-  StringList Writing(const std::string& value) {
-    return {"Writing to IniFile: " + path + "Section : S ValueName: a Value: " + value};
-  }
-};
-
-TEST_F(ReadIni, StoresTheValueAsItsType) {
-  const struct {
-    TIniValueType type;
-    const char *text, *defaultText, *stored;
-  } cases[] = {
-      {vtString, "a= \"x y\" ", "d", "String x y"},
-      {vtString, "a=", "d", "String "},
-      {vtString, "b=1", " d ", "String  d "},
-      {vtBool, "a=1", "false", "Boolean True"},
-      {vtBool, "a=-2", "false", "Boolean True"},
-      {vtBool, "a=0", "true", "Boolean False"},
-      {vtBool, "a=0x0", "true", "Boolean False"},
-      {vtBool, "a=yes", " TRUE ", "Boolean True"},
-      {vtBool, "b=1", "False", "Boolean False"},
-      {vtInteger, "a=-12", "0", "Integer -12"},
-      {vtInteger, "a=0x1F", "0", "Integer 31"},
-      {vtInteger, "a=12abc", "7", "Integer 7"},
-      {vtInteger, "a=4294967296", "7", "Integer 7"},
-      {vtInteger, "b=1", "0x10", "Integer 16"},
-      {vtInteger, "a=-99098700", "1", "Integer -99098700"},
-  };
-  for (const auto& wanted : cases) {
-    folder.Write("f.ini", std::string("[S]\n") + wanted.text + "\n");
-    action->ValueType = wanted.type;
-    action->DefaultValue = wanted.defaultText;
-    EXPECT_TRUE(Run()) << wanted.text;
-    EXPECT_EQ(Stored(), wanted.stored) << wanted.text;
-    const std::string value(wanted.stored + std::string_view(wanted.stored).find(' ') + 1);
-    EXPECT_EQ(Lines(), Reading(wanted.defaultText, value));
-  }
-}
-
-TEST_F(ReadIni, MissingFilesAndFoldersGiveTheDefault) {
-  action->DefaultValue = "d";
-  EXPECT_TRUE(Run());
-  EXPECT_EQ(Stored(), "String d");
-  action->IniFile = WideString(folder.Path("none/f.ini"));
-  EXPECT_TRUE(Run());
-  EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
-TEST_F(ReadIni, ExpandsEverythingButTheVariablesName) {
-  folder.Write("f.ini", "[My S]\nk7=found\n");
-  Context().SetVariable("DIR", folder.Path());
-  Context().SetVariable("N", int64_t{7});
-  action->IniFile = "%DIR%\\f.ini";
-  action->Section = "  My $('S')  ";
-  action->ValueName = "k%N%";
-  action->DefaultValue = "d%N%";
-  EXPECT_TRUE(Run());
-  EXPECT_EQ(Stored(), "String found");
-  EXPECT_THAT(Lines(), ElementsAre("Reading from IniFile: " + folder.Path() +
-                                       "\\f.ini Section : My S ValueName: k7 Default Value : d7",
-                                   "New Value : found"));
-  action->VariableName = "%N%";
-  EXPECT_TRUE(Run());
-  EXPECT_TRUE(Context().IsVariableDefined("%N%"));
-}
-
-TEST_F(ReadIni, RefusesDefaultsThatAreNotOfTheType) {
-  const std::string notBoolean = "Default Value is not True or False and the Value Type is Boolean";
-  for (const char* text : {"yes", "1", ""}) {
-    action->ValueType = vtBool;
-    action->DefaultValue = text;
-    EXPECT_FALSE(Run());
-    EXPECT_THAT(Lines(), ElementsAre(notBoolean));
-  }
-  for (const std::string text : {"x", "", "1.5", "2147483648", "-99098700"}) {
-    action->ValueType = vtInteger;
-    action->DefaultValue = WideString(text);
-    EXPECT_FALSE(Run());
-    EXPECT_THAT(Lines(), ElementsAre("Default Value : " + text +
-                                     " : is not an integer and the Value Type is Integer"));
-    EXPECT_EQ(Events().events.back().rfind("message ", 0), 0u) << "a line of its own, not a status message";
-  }
-  EXPECT_FALSE(Context().IsVariableDefined("V"));
-}
-
-TEST_F(ReadIni, ReportsWhatCannotBeExpanded) {
-  const std::string unknown(kUnknown);
-  EXPECT_THAT(RunUnexpandable(&TReadIniFileAction::IniFile),
-              ElementsAre("Unable to Read from Ini File : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TReadIniFileAction::ValueName),
-              ElementsAre("Unable to Read Value from Ini File : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TReadIniFileAction::Section),
-              ElementsAre("Unable to Read from Section : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TReadIniFileAction::DefaultValue),
-              ElementsAre("Unable to use default Value  : " + unknown));
-  action->Section = "  ";
-  EXPECT_FALSE(Run());
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Read from Section :   ", "Section Name not specified"));
-  action->IniFile = "f.ini";
-  EXPECT_FALSE(Run());
-  EXPECT_THAT(Lines(), ElementsAre("No path to the Ini File specified!"));
-}
-
-TEST_F(ReadIni, ReportsAFileThatCannotBeRead) {
-  folder.Write("f.ini", "[S]\na=1\n");
-  const ExclusiveOpen other(path);
-  EXPECT_FALSE(Run());
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Read from Ini File : " + path,
-                                   SystemText(Win32Error::SharingViolation)));
-}
-
-TEST_F(WriteIni, WritesTheValueAsItsType) {
-  const struct {
-    TIniValueType type;
-    const char *value, *shown, *written;
-  } cases[] = {
-      {vtString, " x ", " x ", "a= x "},
-      {vtString, "", "", "a="},
-      {vtBool, "TRUE", "True", "a=1"},
-      {vtBool, "false", "False", "a=0"},
-      {vtBool, "7", "True", "a=1"},
-      {vtBool, "0.0", "False", "a=0"},
-      {vtInteger, "-5", "-5", "a=-5"},
-      {vtInteger, "0x10", "16", "a=16"},
-      {vtInteger, "0xFFFFFFFF", "-1", "a=-1"},
-  };
-  for (const auto& wanted : cases) {
-    folder.Write("f.ini", "; kept\n[S]\na=old\n");
-    EXPECT_TRUE(Write(wanted.type, wanted.value)) << wanted.value;
-    EXPECT_EQ(Lines(), Writing(wanted.shown));
-    EXPECT_EQ(folder.Read("f.ini"), "; kept\n[S]\n" + std::string(wanted.written) + "\n");
-  }
-}
-
-TEST_F(WriteIni, CreatesAFileOnlyWhenAllowed) {
-  EXPECT_FALSE(Write(vtString, "1"));
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Write to Ini File : " + path, "File does not Exist!"));
-  EXPECT_THAT(folder.Names(), IsEmpty());
-  action->AllowCreate = true;
-  EXPECT_TRUE(Write(vtString, "1"));
-  EXPECT_EQ(folder.Read("f.ini"), "[S]\r\na=1\r\n");
-}
-
-TEST_F(WriteIni, AFailedWriteIntoAnExistingFileIsNoFailure) {
-  const StringList notBoolean = {"Unable to Write to Ini File : " + path,
-                                 "'maybe' is not a valid boolean value"};
-  action->AllowCreate = true;
-  for (const bool exists : {false, true}) {
-    if (exists) folder.Write("f.ini", "[S]\na=1\n");
-    for (const char* value : {"12x", "", "-990234"}) {
-      EXPECT_EQ(Write(vtInteger, value), exists) << value;
-      EXPECT_THAT(Lines(), IsEmpty());
-    }
-    EXPECT_EQ(Write(vtBool, "maybe"), exists);
-    EXPECT_EQ(Lines(), notBoolean);
-    EXPECT_EQ(folder.Exists("f.ini"), exists);
-  }
-  EXPECT_EQ(folder.Read("f.ini"), "[S]\na=1\n");
-}
-
-TEST_F(WriteIni, ReportsTheSystemsRefusal) {
-  folder.Write("f.ini", "[S]\na=1\n");
-  {
-    const ExclusiveOpen other(path);
-    EXPECT_TRUE(Write(vtString, "2"));
-    EXPECT_THAT(Lines(), ElementsAre("Unable to Write to Ini File : " + path,
-                                     SystemText(Win32Error::SharingViolation)));
-  }
-  const std::string nowhere = folder.Path("none/f.ini");
-  action->IniFile = WideString(nowhere);
-  action->AllowCreate = true;
-  EXPECT_FALSE(Write(vtString, "2"));
-  EXPECT_THAT(Lines(),
-              ElementsAre("Unable to Write to Ini File : " + nowhere, SystemText(Win32Error::PathNotFound)));
-}
-
-TEST_F(WriteIni, LeavesReadOnlyFilesAlone) {
-  folder.Write("f.ini", "[S]\na=1\n");
-  SetMode(path, 0444);
-  EXPECT_FALSE(Write(vtString, "2"));
-  EXPECT_THAT(Events().events, ElementsAre("message  File : " + path + " is marked as Read Only!"));
-  EXPECT_EQ(folder.Read("f.ini"), "[S]\na=1\n");
-}
-
-TEST_F(WriteIni, ReportsWhatCannotBeExpanded) {
-  const std::string unknown(kUnknown);
-  EXPECT_THAT(RunUnexpandable(&TWriteIniFileAction::IniFile),
-              ElementsAre("Unable to Write to Ini File : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TWriteIniFileAction::NewValue),
-              ElementsAre("Unable to Write Value to Ini File : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TWriteIniFileAction::ValueName),
-              ElementsAre("Unable to Write Value to Ini File : " + unknown));
-  EXPECT_THAT(RunUnexpandable(&TWriteIniFileAction::Section),
-              ElementsAre("Unable to Write to Section : " + unknown));
-  action->Section = " ";
-  EXPECT_FALSE(Run());
-  EXPECT_THAT(Lines(), ElementsAre("Unable to Write to Section :  ", "Section Name not specified"));
-  action->IniFile = "f.ini";
-  EXPECT_FALSE(Run());
-  EXPECT_THAT(Lines(), ElementsAre("No path to the Ini File specified!"));
+TEST(IniFileRuns, DefaultsThatDoNotFitAreALineOfTheirOwn) {
+  ActionFixture fixture;
+  const auto action = fixture.Make<TReadIniFileAction>();
+  SetProperties(*action, "IniFile=/f.ini|Section=S|ValueName=a|ValueType=vtInteger|VariableName=V");
+  EXPECT_FALSE(fixture.Run(*action));
+  EXPECT_THAT(fixture.Events().events, ElementsAre(testing::StartsWith("message ")));
 }
 
 TEST(Conversions, TextToIntegerAndBoolean) {
@@ -271,25 +139,12 @@ TEST(Conversions, TextToIntegerAndBoolean) {
     std::optional<int32_t> integer;
     std::optional<bool> boolean;
   } cases[] = {
-      {"0", 0, false},
-      {" 12 ", 12, true},
-      {"+3", 3, true},
-      {"-2147483648", INT32_MIN, true},
-      {"2147483648", {}, true},
-      {"$ff", 255, {}},
-      {"0X7fffffff", INT32_MAX, {}},
-      {"-0x1", -1, {}},
-      {"0x100000000", {}, {}},
-      {"0x", {}, {}},
-      {"--1", {}, {}},
-      {"1 2", {}, {}},
-      {"", {}, {}},
-      {"-0.0", {}, false},
-      {"1e2", {}, true},
-      {"inf", {}, {}},
-      {"True", {}, true},
-      {"FALSE", {}, false},
-      {"yes", {}, {}},
+      // clang-format off
+      {"0", 0, false}, {" 12 ", 12, true}, {"+3", 3, true}, {"-2147483648", INT32_MIN, true}, {"2147483648", {}, true},
+      {"$ff", 255, {}}, {"0X7fffffff", INT32_MAX, {}}, {"-0x1", -1, {}}, {"0x100000000", {}, {}}, {"0x", {}, {}},
+      {"--1", {}, {}}, {"1 2", {}, {}}, {"", {}, {}}, {"-0.0", {}, false}, {"1e2", {}, true}, {"inf", {}, {}},
+      {"True", {}, true}, {"FALSE", {}, false}, {"yes", {}, {}},
+      // clang-format on
   };
   for (const auto& wanted : cases) {
     EXPECT_EQ(StringToInteger(wanted.text), wanted.integer) << wanted.text;
@@ -313,7 +168,7 @@ TEST(IniPages, OfferTheProjectsVariables) {
   dynamic_cast<TComboBox&>(*page.FindControl("cmbValueType")).Choose(2);
   page.WriteActionData(action);
   EXPECT_EQ(action.VariableName, "COUNT");
-  EXPECT_EQ(action.ValueType, vtInteger);
+  EXPECT_EQ(action.ValueType, TIniValueType::vtInteger);
 
   const auto editor = kIniVariableEditor.Create(action, *action.FindProperty("VariableName"));
   EXPECT_EQ(editor->GetAttribute(), TPropertyAttribute::paValueList);

@@ -1,11 +1,12 @@
+#include <array>
+
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "base/WindowsPath.h"
 #include "pages/Vekreadregistryframe.h"
 #include "pages/Vekregeditors.h"
 #include "platform/Platform.h"
-#include "support/ActionFixture.h"
+#include "support/Exchanged.h"
 #include "support/NullHost.h"
 #include "support/OsFixture.h"
 #include "support/ScriptedServices.h"
@@ -21,9 +22,7 @@ namespace {
 /// The three actions on a key of the test's own.
 struct RegistryActions : ActionFixture, testing::Test {
   explicit RegistryActions(const Wrap& wrap = {}) : ActionFixture(wrap) {
-    for (TCustomRegAction* action :
-         {static_cast<TCustomRegAction*>(read.get()), static_cast<TCustomRegAction*>(set.get()),
-          static_cast<TCustomRegAction*>(remove.get())}) {
+    for (TCustomRegAction* action : all) {
       action->RegRoot = RegistryRoot::CurrentUser;
       action->RegKey = key;
       action->RegValueName = "v";
@@ -54,6 +53,7 @@ struct RegistryActions : ActionFixture, testing::Test {
   std::unique_ptr<TReadRegValueAction> read = Make<TReadRegValueAction>();
   std::unique_ptr<TSetRegValueAction> set = Make<TSetRegValueAction>();
   std::unique_ptr<TDeleteRegValueAction> remove = Make<TDeleteRegValueAction>();
+  const std::array<TCustomRegAction*, 3> all = {read.get(), set.get(), remove.get()};
 };
 
 TEST_F(RegistryActions, WhatIsSetIsReadAsItsType) {
@@ -135,9 +135,7 @@ TEST_F(RegistryActions, OnlySetMakesTheKeyAndOnlyWhenAllowed) {
   set->AllowCreateKey = false;
   set->RegKey = read->RegKey = remove->RegKey = "%KEY%";
   Context().SetVariable("KEY", key);
-  for (TCustomRegAction* action :
-       {static_cast<TCustomRegAction*>(read.get()), static_cast<TCustomRegAction*>(set.get()),
-        static_cast<TCustomRegAction*>(remove.get())}) {
+  for (TCustomRegAction* action : all) {
     EXPECT_FALSE(Run(*action));
     EXPECT_THAT(Lines(), ElementsAre("Key does not exist : %KEY%"));
   }
@@ -153,8 +151,7 @@ TEST_F(RegistryActions, KeyAndNameAreExpandedFirst) {
   const std::string unknown = "%NO_SUCH_VARIABLE%";
   read->RegKey = unknown;
   remove->RegValueName = unknown;
-  for (TCustomRegAction* action :
-       {static_cast<TCustomRegAction*>(read.get()), static_cast<TCustomRegAction*>(remove.get())}) {
+  for (TCustomRegAction* action : {all[0], all[2]}) {
     EXPECT_FALSE(Run(*action));
     EXPECT_THAT(
         Lines(),
@@ -174,51 +171,33 @@ TEST_F(RegistryActions, DeletesTheValueAndNotTheKey) {
   EXPECT_THAT(Lines(), ElementsAre("Error Deleting Value v - Value does not exist"));
 }
 
-/// Refuses what changes a value.
-class RefusingKey final : public RegistryKey {
- public:
-  SysResult Read(std::string_view, RegistryValue&) override { return {}; }
-  SysResult Write(std::string_view, const RegistryValue&) override { return Refusal(); }
-  SysResult Delete(std::string_view) override { return Refusal(); }
-  SysResult SubKeys(StringList&) override { return {}; }
-  SysResult Values(StringList&) override { return {}; }
-
- private:
-  static SysResult Refusal() { return SysResult::Failure(Win32Error::AccessDenied); }
-};
-
-class RefusingRegistry final : public Registry {
- public:
-  SysResult Open(uint32_t, std::string_view, uint32_t, RegistryOpen,
-                 std::unique_ptr<RegistryKey>& key) override {
-    if (!damage.empty()) return SysResult::Failure(Win32Error::BadRegistry);
-    key = std::make_unique<RefusingKey>();
-    return {};
-  }
-  std::string Damage() override { return damage; }
-
-  std::string damage;
-};
-
-struct RefusedActions : RegistryActions {
-  RefusedActions()
-      : RegistryActions([this](const Platform& real) {
-          Platform platform = real;
-          platform.registry = &registry;
-          return platform;
-        }) {}
-
-  RefusingRegistry registry;
-};
-
-TEST_F(RefusedActions, TheSystemsWordIsPassedOn) {
+TEST_F(RegistryActions, TheSystemsWordIsPassedOn) {
+  EXPECT_TRUE(Set(rtString, "text"));
   const std::string denied = SystemText(Win32Error::AccessDenied);
+  fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (call.operation != "key.Write" && call.operation != "key.Delete") return {};
+    return SysResult::Failure(Win32Error::AccessDenied);
+  };
   EXPECT_FALSE(Run(*remove));
   EXPECT_THAT(Lines(), ElementsAre("Error Deleting Value v : " + denied));
   EXPECT_FALSE(Set(rtString, "text"));
   EXPECT_THAT(Lines(), IsEmpty());
   EXPECT_THAT(Errors(), ElementsAre("Failed to set data for 'v': " + denied));
-  registry.damage = "line 7";
+}
+
+struct DamagedRegistry final : Registry {
+  SysResult Open(uint32_t, std::string_view, uint32_t, RegistryOpen, std::unique_ptr<RegistryKey>&) override {
+    return SysResult::Failure(Win32Error::BadRegistry);
+  }
+  std::string Damage() override { return "line 7"; }
+};
+
+struct DamagedActions : RegistryActions {
+  DamagedActions() : RegistryActions(Exchanged(&Platform::registry, registry)) {}
+  DamagedRegistry registry;
+};
+
+TEST_F(DamagedActions, TheDamageIsReported) {
   EXPECT_FALSE(Run(*read));
   EXPECT_THAT(Lines(), IsEmpty());
   EXPECT_THAT(Errors(), ElementsAre("line 7"));

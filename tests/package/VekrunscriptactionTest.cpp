@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "process/Vekrunscriptaction.h"
 #include "support/ActionFixture.h"

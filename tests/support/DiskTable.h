@@ -55,10 +55,10 @@ class DiskTable {
     StringList lines;
     for (const std::string& line : wanted) {
       std::string text = ReplaceAll(line, "%D%", folder_.WindowsPath());
-      const size_t start = text.find('{');
-      if (start != std::string::npos) {
+      const size_t start = text.find('{'), end = text.find('}', start);
+      if (end != std::string::npos && text.find_first_not_of("0123456789", start + 1) == end) {
         const auto code = static_cast<Win32Error>(std::stoul(text.substr(start + 1)));
-        text.replace(start, text.find('}') - start + 1, SystemText(code));
+        text.replace(start, end - start + 1, SystemText(code));
       }
       lines.push_back(text);
     }
