@@ -17,10 +17,6 @@ TEST_F(PlatformTest, ReadWholeGivesEveryByte) {
     ASSERT_TRUE(data.ReadWhole(Path("FILE"), contents));
     EXPECT_EQ(contents, text);
   }
-  std::string contents;
-  EXPECT_EQ(data.ReadWhole(Path("missing"), contents).code, Win32Error::FileNotFound);
-  EXPECT_EQ(data.ReadWhole(Path("missing/x"), contents).code, Win32Error::PathNotFound);
-  EXPECT_EQ(data.ReadWhole(folder.Path(), contents).code, Win32Error::AccessDenied);
 }
 
 TEST_F(PlatformTest, ReplaceWritesNewAndOldFiles) {
@@ -30,7 +26,6 @@ TEST_F(PlatformTest, ReplaceWritesNewAndOldFiles) {
   EXPECT_TRUE(data.Replace(Path("new.txt"), "three"));
   EXPECT_EQ(folder.Names(), Names{"New.txt"});
   EXPECT_EQ(folder.Read("New.txt"), "three");
-  EXPECT_EQ(data.Replace(Path("missing/x"), "").code, Win32Error::PathNotFound);
 }
 
 TEST_F(PlatformTest, ReplaceKeepsAttributes) {
@@ -41,16 +36,6 @@ TEST_F(PlatformTest, ReplaceKeepsAttributes) {
   EXPECT_TRUE(data.Replace(Path("file"), "new"));
   EXPECT_EQ(AttributesOf("file"), Hidden | System);
   EXPECT_EQ(folder.Read("file"), "new");
-}
-
-TEST_F(PlatformTest, ReplaceRefusesAndLeavesEverythingAsItWas) {
-  folder.Write("locked", "kept");
-  SetMode(Path("locked"), 0444);
-  folder.MakeFolder("folder");
-  EXPECT_EQ(data.Replace(Path("locked"), "x").code, Win32Error::AccessDenied);
-  EXPECT_EQ(data.Replace(Path("folder"), "x").code, Win32Error::AccessDenied);
-  EXPECT_EQ(folder.Read("locked"), "kept");
-  EXPECT_EQ(folder.Names(), (Names{"folder", "locked"}));
 }
 
 TEST_F(PlatformTest, RewrittenContentsAreThereWhenTheyAreCommitted) {
@@ -73,22 +58,6 @@ TEST_F(PlatformTest, RewrittenContentsAreThereWhenTheyAreCommitted) {
   EXPECT_EQ(folder.Names(), (Names{"Old", "new"}));
   EXPECT_EQ(folder.Read("Old"), "onetwo");
   EXPECT_EQ(folder.Read("new"), "onetwo");
-}
-
-TEST_F(PlatformTest, RewriteRefusesBeforeAnythingIsWritten) {
-  folder.Write("locked", "kept");
-  folder.Write("held", "kept");
-  ASSERT_TRUE(entries.SetAttributes(Path("locked"), FileAttribute::ReadOnly));
-  folder.MakeFolder("folder");
-  const ExclusiveOpen other(Path("held"));
-  const std::pair<const char*, Win32Error> cases[] = {{"locked", Win32Error::AccessDenied},
-                                                      {"folder", Win32Error::AccessDenied},
-                                                      {"missing/x", Win32Error::PathNotFound},
-                                                      {"held", Win32Error::SharingViolation}};
-  for (const auto& [name, code] : cases) {
-    std::unique_ptr<NewContents> contents;
-    EXPECT_EQ(data.Rewrite(Path(name), contents).code, code) << name;
-  }
 }
 
 TEST_F(PlatformTest, ChangesOfSeveralProgramsAreAllKept) {
@@ -131,20 +100,6 @@ TEST_F(PlatformTest, AnEditThatDeclinesOrRaisesLeavesTheFile) {
   EXPECT_TRUE(data.Replace(Path("other"), "the turn is free again"));
   EXPECT_EQ(folder.Read("file"), "old");
   EXPECT_EQ(folder.Names(), (Names{"file", "other"}));
-}
-
-TEST_F(PlatformTest, AFileThatIsHeldExclusivelyIsLeftAlone) {
-  folder.Write("file", "held");
-  std::string contents;
-  {
-    const ExclusiveOpen other(Path("file"));
-    EXPECT_EQ(data.ReadWhole(Path("file"), contents).code, Win32Error::SharingViolation);
-    EXPECT_EQ(data.Replace(Path("file"), "x").code, Win32Error::SharingViolation);
-    EXPECT_EQ(folder.Names(), Names{"file"});
-  }
-  EXPECT_TRUE(data.Replace(Path("file"), "x"));
-  EXPECT_TRUE(data.ReadWhole(Path("file"), contents));
-  EXPECT_EQ(contents, "x");
 }
 
 }  // namespace

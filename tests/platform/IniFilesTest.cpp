@@ -261,21 +261,4 @@ TEST_F(IniFilesTest, MissingFilesReadAsEmptyAndAreNotMade) {
   EXPECT_EQ(ini.Write(Path("none/f.ini"), "S", "a", "1").code, Win32Error::PathNotFound);
 }
 
-TEST_F(IniFilesTest, WhatCannotBeReadOrWrittenIsReportedAndStays) {
-  folder.Write("locked.ini", "[S]\na=1\n");
-  SetMode(Path("locked.ini"), 0444);
-  EXPECT_EQ(ini.Write(Path("locked.ini"), "S", "a", "2").code, Win32Error::AccessDenied);
-  std::optional<std::string> value;
-  EXPECT_TRUE(ini.Read(Path("locked.ini"), "S", "a", value));
-  EXPECT_EQ(value, "1");
-
-  EXPECT_EQ(ini.Read(folder.Path(), "S", "a", value).code, Win32Error::AccessDenied);
-  EXPECT_EQ(ini.Write(folder.Path(), "S", "a", "1").code, Win32Error::AccessDenied);
-
-  folder.Write("f.ini", "[S]\na=1\n");
-  const ExclusiveOpen other(Path("f.ini"));
-  EXPECT_EQ(ini.Read(Path("f.ini"), "S", "a", value).code, Win32Error::SharingViolation);
-  EXPECT_EQ(ini.Write(Path("f.ini"), "S", "a", "2").code, Win32Error::SharingViolation);
-}
-
 }  // namespace

@@ -60,26 +60,6 @@ TEST_F(OpenFileTest, TakesOverWhatComesNextInAnotherFile) {
   EXPECT_EQ(folder.Read("target"), "x3456789y");
 }
 
-TEST_F(OpenFileTest, SaysWhyAFileCannotBeOpened) {
-  folder.Write("file", "text");
-  folder.Write("locked", "text");
-  folder.MakeFolder("folder");
-  ASSERT_TRUE(entries.SetAttributes(Path("locked"), FileAttribute::ReadOnly));
-  const struct {
-    const char* name;
-    OpenMode mode;
-    Win32Error code;
-  } kCases[] = {
-      {"missing", Read, Win32Error::FileNotFound},   {"missing", Modify, Win32Error::FileNotFound},
-      {"missing/x", Read, Win32Error::PathNotFound}, {"missing/x", Create, Win32Error::PathNotFound},
-      {"folder", Read, Win32Error::AccessDenied},    {"folder", Create, Win32Error::AccessDenied},
-      {"locked", Modify, Win32Error::AccessDenied},  {"locked", Create, Win32Error::AccessDenied},
-      {"locked", Read, Win32Error::Success},
-  };
-  for (const auto& c : kCases) EXPECT_EQ(Open(c.name, c.mode), c.code) << c.name << static_cast<int>(c.mode);
-  EXPECT_EQ(folder.Read("locked"), "text");
-}
-
 TEST_F(OpenFileTest, OpensStandAgainstEachOther) {
   folder.Write("file", "text");
   const struct {

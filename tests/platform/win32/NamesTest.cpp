@@ -1,7 +1,6 @@
 #include <string>
 
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "platform/Contents.h"
 #include "platform/CreatePlatform.h"
