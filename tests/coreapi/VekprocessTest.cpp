@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "coreapi/Vekerrors.h"
 #include "coreapi/Vekprocess.h"

@@ -1,5 +1,4 @@
 #include "gmock/gmock.h"
-#include "gtest/gtest.h"
 
 #include "coreapi/Vekutils.h"
 #include "platform/CreatePlatform.h"

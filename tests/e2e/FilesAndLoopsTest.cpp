@@ -4,7 +4,6 @@
 #include "support/Vekrun.h"
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 
@@ -111,21 +110,6 @@ TEST_F(FilesAndLoops, FailuresEndLoopAndBuild) {
                                            "<DestinationFolder>x</DestinationFolder>"));
   EXPECT_EQ(missing.exitCode, 1);
   EXPECT_EQ(missing.Of("error").at(0).at("text"), "File set \"None\" not found.");
-}
-
-TEST_F(FilesAndLoops, CopyAndMoveWorkOnTheirOwn) {
-  folder.Write("a.txt", "x");
-  const std::string spec = "FileSpec=" + folder.Path() + "\\*.txt";
-  const auto copied =
-      RunJsonl({"exec", "HCOPYFILES", spec, "Target=" + folder.Path() + "\\to", "Force=True"});
-  EXPECT_EQ(copied.exitCode, 0) << copied.out;
-  EXPECT_EQ(copied.Of("status").at(0).at("lines").back(), "1 Files Copied.");
-  const auto moved = RunJsonl({"exec", "HMOVEFILES", spec, "Target=" + folder.Path() + "\\to",
-                               "TargetIsDir=True", "FailIfExists=True"});
-  EXPECT_EQ(moved.exitCode, 1);
-  EXPECT_THAT(moved.Of("status").at(0).at("lines").at(2).get<std::string>(), HasSubstr("Fail if Exists"));
-  EXPECT_EQ(folder.Read("a.txt"), "x");
-  EXPECT_EQ(folder.Read("to/a.txt"), "x");
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -84,10 +86,7 @@ std::string Shrunk(std::string input) {
 }
 
 void SaveInput(const std::string& file, const std::string& input) {
-  std::FILE* stream = std::fopen(file.c_str(), "wb");
-  if (stream == nullptr) return std::perror(file.c_str());
-  std::fwrite(input.data(), 1, input.size(), stream);
-  std::fclose(stream);
+  if (!(std::ofstream(file, std::ios::binary) << input)) return std::perror(file.c_str());
   std::fprintf(stderr, "it is in %s, for --input\n", file.c_str());
 }
 
@@ -124,11 +123,9 @@ int Fuzz(const Options& options, const std::string& program) {
 
 /// In this process, for a debugger.
 int Replay(const char* file) {
-  std::FILE* stream = std::fopen(file, "rb");
-  if (stream == nullptr) return std::perror(file), 2;
-  std::string input;
-  for (int c; (c = std::fgetc(stream)) != EOF;) input += static_cast<char>(c);
-  std::fclose(stream);
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) return std::perror(file), 2;
+  const std::string input{std::istreambuf_iterator<char>(stream), {}};
   LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t*>(input.data()), input.size());
   return 0;
 }

@@ -131,37 +131,17 @@ TEST(Expressions, FailuresNameWhatIsAtFault) {
 }
 
 TEST(Expressions, TheEndOfAScriptIsFoundByItsTokens) {
-  // Each text goes on behind the parenthesis that ends the expression with "<)".
+  // Each text goes on behind the parenthesis that ends the expression with "<)", where one does.
+  // clang-format off
   const std::string_view cases[] = {
-      "f(1, (2))<)",
-      "')' + \")\"<)",
-      "'it\\'s )' + '\\\\'<)",
-      "'line\\\r\n)'<)",
-      "1 // )\n<)",
-      "1 /* ) */<)",
-      "/\\)/.test(a)<)",
-      "/[/)]/.test(a)<)",
-      "f(/)/)<)",
-      "a / 2 + ')' / 2<)",
-      "(a) / b + (c) / d<)",
-      "a[0] / 2 / ')'.length<)",
-      "x.return / 2 + (1) / 2<)",
-      "typeof /)/<)",
-      "i++ / 2 + (1) / 2<)",
-      "1 + +/)/<)",
-      "a<!--f(b)<)",
-      "\u00A0/)/<)",
-      "a\u180E/ 2 + (1) / 2<)",
-      "typeof\uFEFF/)/<)",
-      "1 // )\u2028<)",
-      "1 // )\u2029<)",
-      "größe / 2 + (1) / 2<)",
-      "{a: ')'}<)",
-      "a = '",  // none
-      "/* )",
-      "'\\",
-      "(",
+      "f(1, (2))<)", "')' + \")\"<)", "'it\\'s )' + '\\\\'<)", "'line\\\r\n)'<)", "1 // )\n<)",
+      "1 /* ) */<)", "/\\)/.test(a)<)", "/[/)]/.test(a)<)", "f(/)/)<)", "a / 2 + ')' / 2<)",
+      "(a) / b + (c) / d<)", "a[0] / 2 / ')'.length<)", "x.return / 2 + (1) / 2<)", "typeof /)/<)",
+      "i++ / 2 + (1) / 2<)", "1 + +/)/<)", "a<!--f(b)<)", "\u00A0/)/<)", "a\u180E/ 2 + (1) / 2<)",
+      "typeof\uFEFF/)/<)", "1 // )\u2028<)", "1 // )\u2029<)", "größe / 2 + (1) / 2<)", "{a: ')'}<)",
+      "a = '", "/* )", "'\\", "(",
   };
+  // clang-format on
   for (const std::string_view text : cases) {
     const size_t mark = text.find("<)");
     const auto wanted = mark == text.npos ? std::nullopt : std::optional(mark + 1);
