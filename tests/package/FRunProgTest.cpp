@@ -60,8 +60,8 @@ TEST_F(RunProgramTest, TheReturnCodeMayNotExceedTheThreshold) {
 // clang-format off
 const RunCase kNotStarted[] = {
     {"NoProgram", "ProgramName=  ", "", false, "Unable to Execute Program  : |--> Program file not specified", ""},
-    {"AnUnknownProgram", "ProgramName=%X%", "", false, "Unable to Execute Program  : |--> unknown variable \"X\"", ""},
-    {"UnknownParameters", "ProgramName=a|Params=%X%", "", false, "Unable to Execute Program  : a|--> unknown variable \"X\"", ""},
+    {"AnUnknownProgram", "ProgramName=%X%", "", false, "Unable to Execute Program  : |--> " + kUnknownX, ""},
+    {"UnknownParameters", "ProgramName=a|Params=%X%", "", false, "Unable to Execute Program  : a|--> " + kUnknownX, ""},
     {"OutputWithoutWaiting", "ProgramName=a|WaitForCompletion=False", "", false,
      "Invalid options - to Log Output you must specify WaitForCompletion", ""},
 };

@@ -21,9 +21,9 @@ const RunCase kRuns[] = {
     {"OrMissed", "NewFileName=%D%\\x\\c|CreateDirectory=False", "", false, kFailed + "{3}", ""},
     {"ReadOnly", kOver + "new", "!a=kept", false, kFailed + "{5}", "!a=kept"},
     {"AFolder", kOver + "new", "a/x=x", false, kFailed + "{5}", "a/x=x"},
-    {"AnUnknownName", "NewFileName=%X%", "", false, "", "", "", "NewFileName: unknown variable \"X\""},
+    {"AnUnknownName", "NewFileName=%X%", "", false, "", "", "", "NewFileName: " + kUnknownX},
     {"ABlankName", "NewFileName= \t", "", false, "", "", "", "NewFileName: the text is blank"},
-    {"UnknownContents", kNew + "%X%", "", false, "", "", "", "File Contents: unknown variable \"X\""},
+    {"UnknownContents", kNew + "%X%", "", false, "", "", "", "File Contents: " + kUnknownX},
 };
 // clang-format on
 

@@ -3,12 +3,10 @@
 #include "fileops/VekFileAttrib.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "support/ActionFixture.h"
-#include "support/DiskTable.h"
 #include "support/OsFixture.h"
+#include "support/RunTable.h"
 #include "support/WineLimits.h"
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
@@ -16,13 +14,12 @@ namespace {
 
 using enum TAttributeSetting;
 
-/// Records the words that are written and lets `refused` fail.
+/// Records the words that are written.
 struct Attributes : testing::Test {
   Attributes() {
     fixture.fault = [this](const PlatformCall& call) -> std::optional<SysResult> {
       if (call.operation != "entries.SetAttributes") return {};
       written[std::string(NamePart(call.path))] = call.bits & FileAttribute::AnyFile;
-      if (NamePart(call.path) == refused) return SysResult::Failure(Win32Error::WriteProtect);
       return {};
     };
   }
@@ -34,7 +31,6 @@ struct Attributes : testing::Test {
   StringList Lines(const StringList& wanted) const { return disk.Lines(wanted); }
 
   std::map<std::string, uint32_t> written;
-  std::string refused;
   ActionFixture fixture;
   DiskTable disk{fixture.folder, fixture.GetPlatform()};
   std::unique_ptr<TSetFileAttributesAction> action = fixture.Make<TSetFileAttributesAction>();
@@ -58,25 +54,21 @@ TEST_F(Attributes, EachSettingSetsClearsOrLeavesItsBit) {
   EXPECT_THAT(written, UnorderedElementsAre(testing::Key("a"), testing::Key("b")));
 }
 
-TEST_F(Attributes, SubFoldersComeAfterTheFilesOfTheirParent) {
-  disk.Write({"a/b/x.txt=", "a/y.txt=", "z.txt=", "z.bin="});
-  action->ReadOnly = asSet;
-  action->Recurse = true;
-  action->LogAllFiles = true;
-  EXPECT_TRUE(SetOn("*.txt"));
-  EXPECT_EQ(fixture.Lines(), Lines({"Processed File : %D%\\z.txt", "Processed File : %D%\\a\\y.txt",
-                                    "Processed File : %D%\\a\\b\\x.txt"}));
-  EXPECT_EQ(disk.Read(), (StringList{"!a/b/x.txt=", "!a/y.txt=", "z.bin=", "!z.txt="}));
-}
+// clang-format off
+const RunCase kRuns[] = {
+    {"SubFoldersComeAfterTheFilesOfTheirParent", "FileSpec=%D%\\*.txt|ReadOnly=asSet|Recurse=True|LogAllFiles=True",
+     "a/b/x.txt= a/y.txt= z.txt= z.bin=", true,
+     "Processed File : %D%\\z.txt|Processed File : %D%\\a\\y.txt|Processed File : %D%\\a\\b\\x.txt",
+     "!a/b/x.txt= !a/y.txt= z.bin= !z.txt="},
+    {"AFileThatRefusesIsToldAndFailsNothing", "FileSpec=%D%\\?|ReadOnly=asSet", "a= b=", true,
+     "Error Processed File : {19}", "a= !b=", "", "", "entries.SetAttributes a 19"},
+    {"NothingToDo", "FileSpec=%X%", "", false, "Nothing to do!", ""},
+    {"NoSpec", "FileSpec=|Archive=asClear", "", false, "Nothing to do!", ""},
+    {"AnUnknownSpec", "FileSpec=%X%|Archive=asClear", "", false, "Error processing File Spec : " + kUnknownX, ""},
+};
+// clang-format on
 
-TEST_F(Attributes, AFileThatRefusesIsToldAndFailsNothing) {
-  disk.Write({"a=", "b="});
-  refused = "a";
-  action->ReadOnly = asSet;
-  EXPECT_TRUE(SetOn("?"));
-  EXPECT_EQ(fixture.Lines(), Lines({"Error Processed File : {19}"}));
-  EXPECT_EQ(disk.Read(), (StringList{"a=", "!b="}));
-}
+TEST(AttributeRuns, Table) { ExpectRuns<TSetFileAttributesAction>(kRuns); }
 
 TEST_F(Attributes, ASpecWithoutWildcardsIsOneFile) {
   disk.Write({"sub/x="});
@@ -85,18 +77,6 @@ TEST_F(Attributes, ASpecWithoutWildcardsIsOneFile) {
   EXPECT_TRUE(SetOn("gone"));
   EXPECT_THAT(written, IsEmpty());
   EXPECT_THAT(fixture.Lines(), IsEmpty());
-}
-
-TEST_F(Attributes, NothingToDoIsAFailure) {
-  EXPECT_FALSE(SetOn("%NO_SUCH_VARIABLE_ANYWHERE%"));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("Nothing to do!"));
-  action->Archive = asClear;
-  EXPECT_FALSE(SetOn("%NO_SUCH_VARIABLE_ANYWHERE%"));
-  ASSERT_EQ(fixture.Lines().size(), 1u);
-  EXPECT_THAT(fixture.Lines()[0], testing::StartsWith("Error processing File Spec : "));
-  action->FileSpec = WideString();
-  EXPECT_FALSE(fixture.Run(*action));
-  EXPECT_THAT(fixture.Lines(), ElementsAre("Nothing to do!"));
 }
 
 }  // namespace

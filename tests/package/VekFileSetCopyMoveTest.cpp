@@ -72,7 +72,7 @@ const RunCase kRuns[] = {
     {"AnEmptySetIsDone", kSet + "owFail", "in/", true, "Copying 0 files...", "in/"},
     {"KeepsAttributes", kSet + "owFail", "!in/a=A", true, kCopy, "!in/a=A !out/a=A"},
     {"ClearsAttributes", kSet + "owFail|ClearAttributes=True", "!in/a=A", true, kCopy, "!in/a=A out/a=A"},
-    {"AnUnknownDestination", kUnexpanded + "%X%", "in/a=A", false, "", "in/a=A", "", "Destination Folder: unknown variable \"X\""},
+    {"AnUnknownDestination", kUnexpanded + "%X%", "in/a=A", false, "", "in/a=A", "", "Destination Folder: " + kUnknownX},
     {"ABlankDestination", kUnexpanded + " ", "in/a=A", false, "", "in/a=A", "", "Destination Folder: the text is blank"},
     {"AMoveThatFailsIsSaidToBeACopy", kSet + "owFail|Move=True", "in/a=A", false, kMove, "in/a=A out/", "",
      "Error : Unable to copy file. Received {17}", "entries.Move * 17"},

@@ -41,7 +41,7 @@ const RunCase kRuns[] = {
     {"ByIdWithoutBraces", kId + "00000000-0000-0000-0000-00000000000A", "", true, kClass + kKnown + kIs, ""},
     {"AnUnknownId", kId + "00000000-0000-0000-0000-000000000000", "", false, kClass + "{00000000-0000-0000-0000-000000000000}" + kIsNot, ""},
     {"NoName", "ProgID=", "", false, "Programmatic ID is invalid.", "", "", "Programmatic ID: the text is blank"},
-    {"ANameThatCannotBeExpanded", "ProgID=%X%", "", false, "Programmatic ID is invalid.", "", "", "Programmatic ID: unknown variable \"X\""},
+    {"ANameThatCannotBeExpanded", "ProgID=%X%", "", false, "Programmatic ID is invalid.", "", "", "Programmatic ID: " + kUnknownX},
     {"NoId", "UseProgID=False", "", false, "Class ID (GUID) is invalid.", "", "", "Class ID (GUID): the text is blank"},
     {"AnOpenBrace", kId + "{abc", "", false, NoGuid("{abc"), ""},
     {"TooShort", kId + "abc", "", false, NoGuid("{abc}"), ""},

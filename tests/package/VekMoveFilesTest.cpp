@@ -47,9 +47,14 @@ const RunCase kOthers[] = {
      kFirstFailed + "{183}|1 Files Moved.", "in/a=A out/a=old out/b=B", "ErrorCount=1", "", "entries.CheckReplace a 19"},
     {"ASearchThatBreaksOff", kIntoOut, "in/a=A out/", true, kMoving + "1 Files Moved.", "in/ out/a=A", "",
      "Cannot search %D%\\in\\: {31}", "search.Result * 31"},
+    {"WithoutAFolderEveryMatchTakesTheName", "FileSpec=%D%\\*.txt|Target=%D%\\one|TargetIsDir=False", "a.txt=A b.txt=B", true,
+     "Moving files : %D%\\*.txt -> %D%\\one|2 Files Moved.", "one=B"},
+    {"ASourceThatVanishedIsNamed", kIntoOut + "|StopOnAnyErrors=True", "in/a=A in/b=B out/", false,
+     kFirstFailed + "Source File Does not exist|0 Files Moved.", "in/a=A in/b=B out/", "", "", "entries.FileExists a 2"},
+    {"OrJustFails", kIntoOut, "in/a=A in/b=B out/", true, kFirstFailed + "{2}|1 Files Moved.", "in/a=A out/b=B", "", "", "entries.Move a 2"},
     {"NoSource", "FileSpec= |Target=out", "", true, "", ""},
     {"NoTarget", "FileSpec=%D%\\a|Target=\t", "", true, "", ""},
-    {"AnUnknownTarget", "FileSpec=%D%\\a|Target=%X%", "", false, " --> Unable to Move files : %D%\\a| --> unknown variable \"X\"", ""},
+    {"AnUnknownTarget", "FileSpec=%D%\\a|Target=%X%", "", false, " --> Unable to Move files : %D%\\a| --> " + kUnknownX, ""},
 };
 // clang-format on
 
@@ -65,15 +70,6 @@ TEST_F(MoveFiles, AFileIsGivenOtherLetters) {
   disk.Write({"a.txt=A"});
   EXPECT_TRUE(Perform("%D%\\a.txt", "%D%\\A.TXT"));
   EXPECT_THAT(disk.Read(), ElementsAre("A.TXT=A"));
-}
-
-TEST_F(MoveFiles, WithoutAFolderEveryMatchTakesTheSameName) {
-  disk.Write({"a.txt=A", "b.txt=B"});
-  action->SetFileSpec("%D%\\*.txt");
-  action->SetTargetIsDir(false);
-  EXPECT_TRUE(Perform("%D%\\*.txt", "%D%\\one"));
-  EXPECT_EQ(Lines(), Wanted({"Moving files : %D%\\*.txt -> %D%\\one", "2 Files Moved."}));
-  EXPECT_THAT(disk.Read(), ElementsAre("one=B"));
 }
 
 TEST_F(MoveFiles, SystemFilesStay) {
@@ -100,25 +96,6 @@ TEST_F(MoveFiles, OneReadOnlyTargetStandsForAllThatFollow) {
     disk.Write({"in/a=A", "in/c=C"});
   }
   EXPECT_EQ(action->FilesAffected, 2);
-}
-
-TEST_F(MoveFiles, ASourceThatVanishedIsNamedOrJustFails) {
-  disk.Write({"in/a=A", "in/b=B", "out/"});
-  fault = [this](const PlatformCall& call) -> std::optional<SysResult> {
-    if (NamePart(call.path) != "a") return {};
-    if (action->StopOnAnyErrors && call.isQuestion) return SysResult::Failure(Win32Error::FileNotFound);
-    if (call.progress) GetPlatform().entries->Delete(call.path);
-    return {};
-  };
-  action->StopOnAnyErrors = true;
-  const std::string failed = kFailed + "%D%\\in\\a -> %D%\\out\\a";
-  EXPECT_FALSE(Perform("%D%\\in\\*", "%D%\\out"));
-  EXPECT_EQ(Lines(), Wanted({"Moving files : %D%\\in\\* -> %D%\\out", failed,
-                             " --> Source File Does not exist", "0 Files Moved."}));
-
-  action->StopOnAnyErrors = false;
-  EXPECT_TRUE(Perform("%D%\\in\\*", "%D%\\out"));
-  EXPECT_EQ(Lines(), Wanted({"Moving files : %D%\\in\\* -> %D%\\out", failed, " --> {2}", "1 Files Moved."}));
 }
 
 TEST_F(MoveFiles, OnlyAMoveIntoAFolderHasProgressAndCrossesVolumes) {

@@ -83,7 +83,7 @@ const RunCase kRuns[] = {
     {"ReadOnly", Of("t=x"), "!a=text", false, "Error: Cannot write %D%\\a: {5}", "!a=text"},
     {"ALoopOfMatches", kExpression + Of("(a+a+)+$="), "a=" + std::string(60, 'a') + 'b', false, kMatching + "match limit exceeded (SearchText)",
      "a=" + std::string(60, 'a') + 'b'},
-    {"AnUnknownVariable", Of("%X%="), "a=a", false, "", "a=a", "", "SearchText: unknown variable \"X\""},
+    {"AnUnknownVariable", Of("%X%="), "a=a", false, "", "a=a", "", "SearchText: " + kUnknownX},
     {"NoFile", Of("a=x"), "", false, "File does not exist: %D%\\a", ""},
 };
 // clang-format on
@@ -104,6 +104,19 @@ TEST(TextReplace, FailuresThatEndInWordsOfTheirOwn) {
     EXPECT_FALSE(fixture.Run(*action));
     EXPECT_THAT(fixture.Lines(), testing::ElementsAre(testing::StartsWith(wanted)));
   }
+}
+
+TEST(TextReplace, MemoryMayRunOut) {
+  ActionFixture fixture;
+  fixture.folder.Write("a");
+  fixture.fault = [](const PlatformCall& call) -> std::optional<SysResult> {
+    if (!call.isQuestion) throw std::bad_alloc();
+    return {};
+  };
+  TTextReplaceAction action(fixture.Context());
+  action.Filename = fixture.folder.Path("a");
+  EXPECT_FALSE(fixture.Run(action));
+  EXPECT_EQ(fixture.Lines(), StringList{"Error: " + SystemText(Win32Error::NotEnoughMemory)});
 }
 
 }  // namespace

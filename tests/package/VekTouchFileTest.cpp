@@ -4,9 +4,8 @@
 #include "platform/Contents.h"
 #include "platform/Entries.h"
 #include "platform/FileAttributes.h"
-#include "support/ActionFixture.h"
-#include "support/DiskTable.h"
 #include "support/OsFixture.h"
+#include "support/RunTable.h"
 
 using testing::ElementsAre;
 
@@ -61,14 +60,10 @@ TEST_F(Touch, DateAndTimeAreSetTogetherOrApartInStepsOfTwoSeconds) {
     EXPECT_EQ(action->FileCount(), 1);
     EXPECT_THAT(Lines(), ElementsAre("Processed : 1 File(s)"));
   }
-  EXPECT_TRUE(TouchOn("*.none"));
-  EXPECT_THAT(Lines(), ElementsAre("Processed : 0 File(s)"));
 }
 
-TEST_F(Touch, ReadOnlyFilesAreSkippedOrTouchedAndStayReadOnly) {
+TEST_F(Touch, ReadOnlyFilesAreTouchedAndStayReadOnly) {
   Write({"!a=", "b="});
-  EXPECT_TRUE(TouchOn("*"));
-  EXPECT_THAT(Lines(), ElementsAre("Processed : 1 File(s)"));
   action->TouchReadOnly = true;
   EXPECT_TRUE(TouchOn("*"));
   EXPECT_THAT(Lines(), ElementsAre("Processed : 2 File(s)"));
@@ -76,19 +71,22 @@ TEST_F(Touch, ReadOnlyFilesAreSkippedOrTouchedAndStayReadOnly) {
   EXPECT_EQ(disk.Read(), (StringList{"!a=", "b="}));
 }
 
-TEST_F(Touch, TheLastSubFolderDecides) {
-  Write({"a/x=", "a/y=", "b/x="});
-  action->Recurse = true;
-  {
-    const ExclusiveOpen held(folder.Path("a/x"));
-    EXPECT_TRUE(TouchOn("*"));
-    EXPECT_THAT(Lines(), ElementsAre("Error touching File : " + In("a\\x"), "Processed : 1 File(s)"));
-    EXPECT_EQ(TimeOf("a/y"), kOld);
-  }
-  const ExclusiveOpen held(folder.Path("b/x"));
-  EXPECT_FALSE(TouchOn("*"));
-  EXPECT_THAT(Lines(), ElementsAre("Error touching File : " + In("b\\x"), "Processed : 2 File(s)"));
-}
+// clang-format off
+const RunCase kRuns[] = {
+    {"ReadOnlyFilesAreSkipped", "FileSpec=%D%\\*", "!a= b=", true, "Processed : 1 File(s)", "!a= b=", "FileCount=1"},
+    {"Nothing", "FileSpec=%D%\\*.none", "a=", true, "Processed : 0 File(s)", "a="},
+    // The last sub-folder decides.
+    {"AFailureInTheFirst", "FileSpec=%D%\\*|Recurse=True", "^a/x= a/y= b/x=", true,
+     "Error touching File : %D%\\a\\x|Processed : 1 File(s)", "a/x= a/y= b/x="},
+    {"AFailureInTheLast", "FileSpec=%D%\\*|Recurse=True", "a/x= a/y= ^b/x=", false,
+     "Error touching File : %D%\\b\\x|Processed : 2 File(s)", "a/x= a/y= b/x="},
+    {"NothingToDo", "FileSpec=%D%\\*|TouchDate=False|TouchTime=False", "", false,
+     " Touch Date and TouchTime are not set, nothing to do", ""},
+    {"NoSpec", "FileSpec=", "", false, "File Spec is blank!", ""},
+};
+// clang-format on
+
+TEST(TouchRuns, Table) { ExpectRuns<TTouchFilesAction>(kRuns); }
 
 TEST_F(Touch, HiddenFilesAreLeftAlone) {
   Write({".hidden=", "seen="});
@@ -105,17 +103,6 @@ TEST_F(Touch, UseNowChangesTheStoredTime) {
   EXPECT_TRUE(TouchOn("a"));
   EXPECT_GT(action->DateTime.days, before);
   EXPECT_GT(TimeOf("a"), "2026");
-}
-
-TEST_F(Touch, RefusesInAStatusMessage) {
-  action->TouchDate = action->TouchTime = false;
-  EXPECT_FALSE(TouchOn("*"));
-  EXPECT_THAT(Lines(), ElementsAre(" Touch Date and TouchTime are not set, nothing to do"));
-  action->FileSpec = WideString();
-  EXPECT_FALSE(ActionFixture::Run(*action));
-  EXPECT_THAT(Lines(), ElementsAre("File Spec is blank!"));
-  EXPECT_FALSE(TouchOn("%NO_SUCH_VARIABLE_ANYWHERE%"));
-  EXPECT_THAT(Lines(), ElementsAre(testing::HasSubstr("NO_SUCH_VARIABLE_ANYWHERE")));
 }
 
 }  // namespace

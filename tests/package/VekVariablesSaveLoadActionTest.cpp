@@ -15,7 +15,7 @@ const std::string kOld = "f.ini=[S]\nTEXT=old\n";
 const RunCase kSaves[] = {
     {"IntoASectionOfItsOwn", kAll + "True", kBefore, true, kSaved, "f.ini=[T]\nx=1\n[S]\nText=a=b\nCOUNT=-3\nFLAG=True\n"},
     {"IntoASection", kAll + "False", kBefore, true, kSaved, "f.ini=[S]\nold=1\ncount=-3\nText=a=b\nFLAG=True\n[T]\nx=1\n"},
-    {"AnUnknownVariable", kSave + "Variables+=TEXT|Variables+=X", kOld, false, "Error expanding variable: unknown variable \"X\"", kOld},
+    {"AnUnknownVariable", kSave + "Variables+=TEXT|Variables+=X", kOld, false, "Error expanding variable: " + kUnknownX, kOld},
     {"NoFolder", kSave + "Variables+=TEXT|INIFile=%D%\\no\\f.ini", kOld, false, "Error Opening Ini File : %D%\\no\\f.ini: {3}", kOld},
 };
 
@@ -72,7 +72,7 @@ const std::string kLogged = "Current variable values : |A = 1|A = 1|Variable non
 const RunCase kLogs[] = {
     {"UpToTheUndefined", kLog, "", false, kLogged, ""},
     {"AllThatAreDefined", kLog + "|FailIfNotDefined=False", "", true, kLogged + "|NAME = A", ""},
-    {"AnUnknownName", "FailIfNotDefined=False|VariablesToLog+=%X%", "", false, "Current variable values : ", "", "", "Variable to Log: unknown variable \"X\""},
+    {"AnUnknownName", "FailIfNotDefined=False|VariablesToLog+=%X%", "", false, "Current variable values : ", "", "", "Variable to Log: " + kUnknownX},
 };
 // clang-format on
 

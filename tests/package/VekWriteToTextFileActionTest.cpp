@@ -28,9 +28,9 @@ const RunCase kRuns[] = {
     {"ReadOnly", kFile + "new", "!a=kept", false, kFailed + "{5}", "!a=kept"},
     {"AFolder", kCreate + "new", "a/x=x", false, kFailed + "{5}", "a/x=x"},
     {"Held", kFile + "new", "^a=kept", false, kFailed + "{32}", "a=kept"},
-    {"AnUnknownName", "FileName=%X%", "", false, "", "", "", "FileName: unknown variable \"X\""},
+    {"AnUnknownName", "FileName=%X%", "", false, "", "", "", "FileName: " + kUnknownX},
     {"ABlankName", "FileName=", "", false, "", "", "", "FileName: the text is blank"},
-    {"UnknownContents", kFile + "%X%", "a=old", false, "", "a=old", "", "Content: unknown variable \"X\""},
+    {"UnknownContents", kFile + "%X%", "a=old", false, "", "a=old", "", "Content: " + kUnknownX},
 };
 // clang-format on
 

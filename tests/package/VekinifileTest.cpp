@@ -15,7 +15,7 @@ using testing::IsEmpty;
 namespace {
 
 const std::string kFile = "IniFile=%D%\\f.ini|", kPlace = kFile + "Section=S|ValueName=a|";
-const std::string kUnknown = "unknown variable \"X\"", kNoSection = "Section Name not specified";
+const std::string kNoSection = "Section Name not specified";
 
 // Reading.
 const std::string kIntoV = kPlace + "VariableName=V|", kDefault = kIntoV + "DefaultValue=";
@@ -72,10 +72,10 @@ const RunCase kReads[] = {
     {"AFractionIsNoInteger", kInteger + "1.5", "", false, NoInteger("1.5"), ""},
     {"ALargeNumberIsNoInteger", kInteger + "2147483648", "", false, NoInteger("2147483648"), ""},
     {"TheMarkOfMissingIntegers", kInteger + "-99098700", "", false, NoInteger("-99098700"), ""},
-    {"AnUnknownFile", kText + "|IniFile=%X%", "", false, "Unable to Read from Ini File : %X%|" + kUnknown, ""},
-    {"AnUnknownName", kText + "|ValueName=%X%", "", false, "Unable to Read Value from Ini File : %X%|" + kUnknown, ""},
-    {"AnUnknownSection", kText + "|Section=%X%", "", false, "Unable to Read from Section : %X%|" + kUnknown, ""},
-    {"AnUnknownDefault", kDefault + "%X%", "", false, "Unable to use default Value  : %X%|" + kUnknown, ""},
+    {"AnUnknownFile", kText + "|IniFile=%X%", "", false, "Unable to Read from Ini File : %X%|" + kUnknownX, ""},
+    {"AnUnknownName", kText + "|ValueName=%X%", "", false, "Unable to Read Value from Ini File : %X%|" + kUnknownX, ""},
+    {"AnUnknownSection", kText + "|Section=%X%", "", false, "Unable to Read from Section : %X%|" + kUnknownX, ""},
+    {"AnUnknownDefault", kDefault + "%X%", "", false, "Unable to use default Value  : %X%|" + kUnknownX, ""},
     {"ABlankSection", kText + "|Section=  ", "", false, "Unable to Read from Section :   |" + kNoSection, ""},
     {"NoPath", kText + "|IniFile=f.ini", "", false, "No path to the Ini File specified!", ""},
     {"Held", kText, "^f.ini=[S]\na=1\n", false, "Unable to Read from Ini File : %D%\\f.ini|{32}", "f.ini=[S]\na=1\n"},
@@ -113,10 +113,10 @@ const RunCase kWrites[] = {
     {"Held", kWrite + "2", "^" + kOne, true, kWriting + "|{32}", kOne},
     {"NoFolder", kMayCreate + kWrite + "2|IniFile=%D%\\none\\f.ini", "", false, "Unable to Write to Ini File : %D%\\none\\f.ini|{3}", ""},
     {"ReadOnly", kWrite + "2", "!" + kOne, false, "File : %D%\\f.ini is marked as Read Only!", "!" + kOne},
-    {"AnUnknownFile", kWrite + "1|IniFile=%X%", "", false, "Unable to Write to Ini File : %X%|" + kUnknown, ""},
-    {"AnUnknownValue", kWrite + "%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknown, ""},
-    {"AnUnknownName", kWrite + "1|ValueName=%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknown, ""},
-    {"AnUnknownSection", kWrite + "1|Section=%X%", "", false, "Unable to Write to Section : %X%|" + kUnknown, ""},
+    {"AnUnknownFile", kWrite + "1|IniFile=%X%", "", false, "Unable to Write to Ini File : %X%|" + kUnknownX, ""},
+    {"AnUnknownValue", kWrite + "%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknownX, ""},
+    {"AnUnknownName", kWrite + "1|ValueName=%X%", "", false, "Unable to Write Value to Ini File : %X%|" + kUnknownX, ""},
+    {"AnUnknownSection", kWrite + "1|Section=%X%", "", false, "Unable to Write to Section : %X%|" + kUnknownX, ""},
     {"ABlankSection", kWrite + "1|Section= ", "", false, "Unable to Write to Section :  |" + kNoSection, ""},
     {"NoPath", kWrite + "1|IniFile=f.ini", "", false, "No path to the Ini File specified!", ""},
 };

@@ -25,6 +25,9 @@ struct RunCase {
   std::string fails = {};    // "operation name code": calls of the platform that fail; any name for "*"
 };
 
+/// What is said of a text with %X%, which no run defines.
+inline const std::string kUnknownX = "unknown variable \"X\" (%% stands for one %)";
+
 inline void PrintTo(const RunCase& testCase, std::ostream* stream) { *stream << testCase.name; }
 
 /// Sets properties by their texts, as they stand in a project.
