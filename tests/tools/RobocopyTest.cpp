@@ -197,6 +197,21 @@ TEST_F(RobocopyTest, NamesAreTakenAsTheyAre) {
   }
 }
 
+TEST_F(RobocopyTest, TreesMayBeDeeperThanThePathsThatTheSystemTakes) {
+  std::string below;
+  for (int level = 0; level < 2200; ++level) {
+    ASSERT_TRUE(platform.folders->CreateWithParents(folder.Path("a" + below)));
+    below += "/d";
+  }
+  folder.MakeFolder("empty");
+  EXPECT_EQ(Robocopy("/MIR /NDL").exitCode, 1);
+  EXPECT_TRUE(platform.folders->Exists(folder.Path("b" + below.substr(2))));
+  for (const char* tree : {"a", "b"}) {
+    EXPECT_EQ(Run("robocopy", {"empty", tree, "/MIR"}).exitCode, 2);
+    EXPECT_TRUE(folder.Names(tree).empty());
+  }
+}
+
 TEST_F(RobocopyTest, TheDestinationMayLieInTheSource) {
   disk.Write({"a/f=1", "a/sub/g=2"});
   for (int i = 0; i < 2; ++i) EXPECT_EQ(Run("robocopy", {"a", "a/copy", "/E"}).exitCode, i == 0 ? 1 : 0);
