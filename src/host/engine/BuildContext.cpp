@@ -91,7 +91,9 @@ void BuildContext::SetProject(Project* project) {
 
 EventSink& BuildContext::Events() {
   if (outer_) outer_->Events();
-  events_.At(platform_.clock->UtcNow());
+  // Lines of a program that came together have one time.
+  if (!speaking_ || !burstHasTime_) events_.At(platform_.clock->UtcNow());
+  burstHasTime_ = isHeld_;
   if (hasPostponed_.load(std::memory_order_relaxed)) {
     std::vector<Postponed> told;
     {
@@ -242,7 +244,12 @@ void BuildContext::ReportError(std::string_view text) {
   CountError();
   Events().Error(path_, text);
 }
-void BuildContext::HoldLog(bool held) { events_.Hold(held); }
+
+void BuildContext::HoldLog(bool held) {
+  isHeld_ = held;
+  burstHasTime_ = false;
+  events_.Hold(held);
+}
 
 bool BuildContext::ExecuteScript(TCustomVekAction& /*action*/, IVekActionScript& script, Variant& result) {
   try {

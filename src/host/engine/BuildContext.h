@@ -160,8 +160,9 @@ class BuildContext final : public IVekActionHost,
   Project* project_ = nullptr;
   bool allowsProtected_ = false;
   std::string path_;
-  const std::string basePath_ = {};        // that of the step which runs this build's project
-  std::optional<ProgramStream> speaking_;  // while messages are lines of a program's output
+  const std::string basePath_ = {};             // that of the step which runs this build's project
+  std::optional<ProgramStream> speaking_;       // while messages are lines of a program's output
+  bool isHeld_ = false, burstHasTime_ = false;  // the log, and the lines that came together
   std::atomic<int64_t> errors_ = 0;
   Variables variables_;
   SecretMask events_;
