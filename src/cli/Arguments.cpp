@@ -7,6 +7,7 @@
 #include "cli/CommandWords.h"
 #include "cli/Commands.h"
 #include "host/expressions/VariableName.h"
+#include "host/project/Quoted.h"
 
 namespace {
 
@@ -88,10 +89,10 @@ std::optional<int> ReadArguments(StringList words, Arguments& arguments) {
     TakeApart(raw, arguments);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error);
-    std::cerr << "vekrun: " << error.what() << " (vekrun --help shows the usage)\n";
+    std::cerr << "vekrun: " << OneLine(error.what()) << " (vekrun --help shows the usage)\n";
     return kWrongUsage;
   } catch (const UsageError& error) {
-    std::cerr << "vekrun: " << error.message << '\n';
+    std::cerr << "vekrun: " << OneLine(error.message) << '\n';
     return kWrongUsage;
   }
   return {};

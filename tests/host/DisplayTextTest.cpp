@@ -20,6 +20,7 @@ TEST(DisplayText, SpellsOutWhatATerminalWouldObey) {
       {std::string_view("a\0b\x7F", 4), "a\\x00b\\x7F"},
       {"\u009B2J", "\\x9B2J"},                // the one-character form of ESC [
       {"a\u202Egpj.exe", "a\\u202Egpj.exe"},  // reverses what follows
+      {"\u061C\uFEFF", "\\u061C\\uFEFF"},
       {"\x9B\xFFz\xE2\x82", "\uFFFD\uFFFDz\uFFFD\uFFFD"},
   };
   for (const auto& [text, wanted] : kCases) EXPECT_EQ(Shown(text), wanted);

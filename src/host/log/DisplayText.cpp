@@ -4,6 +4,7 @@
 #include <cmath>
 #include <span>
 
+#include "base/DisruptiveCharacters.h"
 #include "base/Text.h"
 
 namespace {
@@ -20,8 +21,6 @@ constexpr CodePointRange kWide[] = {{0x1100, 0x115F},   {0x2E80, 0x303E},   {0x3
 constexpr CodePointRange kZeroWidth[] = {{0x0300, 0x036F}, {0x1AB0, 0x1AFF}, {0x1DC0, 0x1DFF},
                                          {0x200B, 0x200D}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F},
                                          {0xFE20, 0xFE2F}};
-constexpr CodePointRange kUnsafe[] = {{0x00, 0x08},     {0x0A, 0x1F},     {0x7F, 0x9F},
-                                      {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
 bool IsIn(std::span<const CodePointRange> ranges, char32_t c) {
   return std::ranges::any_of(ranges,
@@ -92,7 +91,7 @@ void AppendDisplayText(std::string& out, std::string_view text) {
     const char32_t c = NextCodePoint(text, i);
     if (c >= kInvalidByte) {
       AppendUtf8(out, U'\uFFFD');
-    } else if (IsIn(kUnsafe, c)) {
+    } else if (IsDisruptive(c)) {
       AppendHex(out, c);
     } else {
       AppendUtf8(out, c);

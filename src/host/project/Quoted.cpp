@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "base/DisruptiveCharacters.h"
 #include "base/NearestName.h"
 #include "base/Text.h"
 
@@ -14,11 +15,6 @@ std::string Hex(const char* format, char32_t c) {
   char text[16];
   std::snprintf(text, sizeof text, format, static_cast<unsigned>(c));
   return text;
-}
-
-/// Characters that would break the line or turn its direction.
-bool IsDisruptive(char32_t c) {
-  return (c >= 0x7F && c <= 0x9F) || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
 void AppendShown(std::string& shown, char32_t c) {

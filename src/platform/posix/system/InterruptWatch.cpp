@@ -2,8 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstdint>
-#include <sys/eventfd.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -11,43 +10,29 @@
 
 namespace {
 
-// What the event's counter grows by: it tells an interrupt from the end of the watch.
-constexpr uint64_t kInterrupt = 1, kEnd = uint64_t{1} << 32;
-
 // A signal handler reaches nothing but globals.
-std::atomic<int> signalEvent = -1;
+std::atomic<sem_t*> signalEvent = nullptr;
 std::atomic<bool> wasInterrupted = false;
-
-void Post(int event, uint64_t what) {
-  [[maybe_unused]] const ssize_t sent = write(event, &what, sizeof what);
-}
 
 extern "C" void HandleInterrupt(int signal) {
   const int reason = errno;
   if (wasInterrupted.exchange(true)) {
     // A terminal that goes away may say so twice.
     if (signal == SIGHUP) return;
-    PosixProcessSession::KillCurrent();
+    PosixProcessSession::KillCurrentGroup();
     _exit(kStoppedByUser);
   }
-  Post(signalEvent, kInterrupt);
+  if (sem_t* event = signalEvent) sem_post(event);
   errno = reason;
-}
-
-void Wait(int event, const std::function<void()>& handler) {
-  for (uint64_t count = 0; count < kEnd;) {
-    const ssize_t size = read(event, &count, sizeof count);
-    if (size != sizeof count) count = 0;
-    if ((count & (kEnd - 1)) != 0) handler();
-  }
 }
 
 }  // namespace
 
-InterruptWatch::InterruptWatch(std::function<void()> handler) : event_(eventfd(0, EFD_CLOEXEC)) {
+InterruptWatch::InterruptWatch(std::function<void()> handler) {
+  sem_init(&event_, 0, 0);
   wasInterrupted = false;
-  signalEvent = event_.Get();
-  thread_ = std::thread([event = event_.Get(), call = std::move(handler)] { Wait(event, call); });
+  signalEvent = &event_;
+  StartThread(std::move(handler));
   struct sigaction action = {};
   action.sa_handler = HandleInterrupt;
   action.sa_flags = SA_RESTART;
@@ -60,9 +45,25 @@ InterruptWatch::InterruptWatch(std::function<void()> handler) : event_(eventfd(0
 
 InterruptWatch::~InterruptWatch() {
   for (size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &old_[i], nullptr);
-  Post(event_.Get(), kEnd);
+  ended_ = true;
+  sem_post(&event_);
   thread_.join();
-  signalEvent = -1;
+  signalEvent = nullptr;
+  sem_destroy(&event_);
+}
+
+void InterruptWatch::StartThread(std::function<void()> handler) {
+  try {
+    thread_ = std::thread([this, call = std::move(handler)] {
+      for (bool called = false; !ended_;) {
+        while (sem_wait(&event_) != 0) continue;
+        if (wasInterrupted && !std::exchange(called, true)) call();
+      }
+    });
+  } catch (const std::system_error& error) {
+    sem_destroy(&event_);
+    throw std::system_error(error.code(), "cannot start the thread that waits for Ctrl-C");
+  }
 }
 
 bool InterruptWatch::WasInterrupted() { return wasInterrupted; }

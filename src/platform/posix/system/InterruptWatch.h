@@ -1,15 +1,17 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <functional>
+#include <semaphore.h>
 #include <thread>
 
 #include "platform/Console.h"
-#include "platform/posix/system/UniqueFd.h"
 
 /// Turns SIGINT, SIGTERM and SIGHUP into one call on a thread that waits for them; there is one watch at a
-/// time. A signal that this program was started to ignore stays ignored.
+/// time. A signal that this program was started to ignore stays ignored. Raises std::system_error when there
+/// is no thread to be had.
 class InterruptWatch final : public Console::InterruptGuard {
  public:
   explicit InterruptWatch(std::function<void()> handler);
@@ -23,7 +25,10 @@ class InterruptWatch final : public Console::InterruptGuard {
  private:
   static constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
+  void StartThread(std::function<void()> handler);
+
   std::array<struct sigaction, kSignals.size()> old_ = {};
-  UniqueFd event_;
+  sem_t event_ = {};  // takes no descriptor, of which there may be none left
+  std::atomic<bool> ended_ = false;
   std::thread thread_;
 };
