@@ -1,3 +1,4 @@
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
@@ -163,6 +164,25 @@ TEST_F(PosixProcessesTest, ASecondInterruptEndsTheProgramByForce) {
   const unsigned long number = std::stoul(folder.Read("number"));
   for (int i = 0; i < 1000 && ProcessRuns(number); ++i) usleep(10'000);
   EXPECT_FALSE(ProcessRuns(number));
+}
+
+TEST_F(PosixProcessesTest, AStopReachesWhatLeftTheSessionAndNoOther) {
+  const auto daemon = [this](const std::string& file) {
+    return "(setsid sh -c 'echo $$ >" + Path(file) + "; echo ready; exec sleep 60' &);";
+  };
+  const auto awaited = [this](const std::string& file) {
+    return "until [ -s " + Path(file) + " ]; do sleep 0.01; done;";
+  };
+  const auto runs = [this](const std::string& file) { return ProcessRuns(std::stoul(folder.Read(file))); };
+  EXPECT_EQ(Run("sh", "/c " + daemon("left") + awaited("left")), 0);
+  ASSERT_TRUE(processes.Start({.program = "sh", .parameters = "/c " + daemon("started")}));
+  const std::string command = awaited("started") + daemon("stopped") + "sleep 60";
+  EXPECT_EQ(RunAndStopAt("ready", "sh", "/c " + command), kProcessStopped);
+  EXPECT_FALSE(runs("stopped"));
+  for (const char* file : {"left", "started"}) {
+    EXPECT_TRUE(runs(file)) << file;
+    kill(std::stoi(folder.Read(file)), SIGKILL);
+  }
 }
 
 TEST_F(PosixProcessesTest, AStopReachesProcessGroupsOfTheirOwn) {

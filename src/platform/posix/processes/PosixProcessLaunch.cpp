@@ -24,6 +24,7 @@ struct ChildPlan {
   ChildStreams streams;
   ChildLife life;
   volatile int error = 0;  // why it did not start
+  volatile pid_t process = -1;
 };
 
 /// What this program ignores (see PosixConsole) others need as usual, and its handlers are not for them. What
@@ -43,6 +44,7 @@ void ResetSignals() {
 
 /// The child: system calls only, down to the one that replaces it.
 [[noreturn]] void RunProgram(ChildPlan& plan) {
+  plan.process = getpid();
   setsid();
   if (plan.life == ChildLife::EndsWithUs) prctl(PR_SET_PDEATHSIG, SIGKILL);
   const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -57,18 +59,29 @@ void ResetSignals() {
   _exit(kNotStarted);
 }
 
+/// What is on its own is nobody's child here: the system hands it on as its parent ends.
+[[noreturn]] void RunDetached(ChildPlan& plan) {
+  const pid_t child = vfork();
+  if (child == 0) RunProgram(plan);
+  if (child < 0) plan.error = errno;
+  _exit(kNotStarted);
+}
+
 /// Starts the child and waits until it runs the program. Not posix_spawn, which spends two system calls on
 /// each signal there is.
-[[gnu::noinline]] pid_t StartChild(ChildPlan& plan) {
+[[gnu::noinline]] void StartChild(ChildPlan& plan) {
+  const bool detached = plan.life == ChildLife::OnItsOwn;
+  // What a program has sent away comes to this one as its parents end, and so can be stopped with it.
+  prctl(PR_SET_CHILD_SUBREAPER, detached ? 0UL : 1UL);
   sigset_t all, before;
   sigfillset(&all);
   // A handler that ran in the child would work on this process's memory.
   pthread_sigmask(SIG_SETMASK, &all, &before);
   const pid_t child = vfork();
-  if (child == 0) RunProgram(plan);
+  if (child == 0) detached ? RunDetached(plan) : RunProgram(plan);
   if (child < 0) plan.error = errno;
+  if (child > 0 && (detached || plan.error != 0)) waitpid(child, nullptr, 0);
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
-  return child;
 }
 
 int Launch(const ProcessCommand& command, const std::string& folder, const ChildStreams& streams,
@@ -79,8 +92,8 @@ int Launch(const ProcessCommand& command, const std::string& folder, const Child
     plan.arguments.push_back(const_cast<char*>(argument.c_str()));
   }
   plan.arguments.push_back(nullptr);
-  child = StartChild(plan);
-  if (plan.error != 0 && child > 0) waitpid(child, nullptr, 0);
+  StartChild(plan);
+  child = plan.process;
   return plan.error;
 }
 
@@ -89,6 +102,8 @@ int Launch(const ProcessCommand& command, const std::string& folder, const Child
 SysResult LaunchProcess(ProcessCommand command, const std::string& folder, const ChildStreams& streams,
                         ChildLife life, pid_t& child) {
   int error = Launch(command, folder, streams, life, child);
+  // What is being used for a file is used up for a process.
+  if (error == EAGAIN) return SysResult::Failure(Win32Error::NotEnoughMemory);
   if (error != 0) {
     if (const SysResult result = FindInterpreter(error, command); !result) return result;
     error = Launch(command, folder, streams, life, child);

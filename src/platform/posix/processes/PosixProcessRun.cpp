@@ -68,6 +68,7 @@ int32_t PosixProcessRun::Wait(StopEvent& stop, uint32_t timeoutSeconds) {
     const StopEvent::Watch watch(stop, [this] { Post(wake_.Get()); });
     while (!Finished()) {
       WaitForSomething(stop);
+      if (phase_ == Phase::Forced) session_.Signal(SIGKILL);  // also who was just being started
       if (Clock::now() >= deadline_) GoOn();
     }
   }

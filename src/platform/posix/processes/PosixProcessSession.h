@@ -3,8 +3,9 @@
 #include <sys/types.h>
 #include <vector>
 
-/// A running program with all that it started, which is in its session except for what left it on purpose.
-/// Its leader stays in the system's table until it is reaped, so the number is no other's meanwhile.
+/// A running program with all that it started: its session, its descendants, and those whose parents have
+/// ended, which the system hands to this program. Its leader stays in the system's table until it is reaped,
+/// so the number is no other's meanwhile.
 class PosixProcessSession {
  public:
   explicit PosixProcessSession(pid_t leader);
@@ -17,7 +18,9 @@ class PosixProcessSession {
   /// Whether there is anyone besides the leader.
   bool HasOthers() const;
 
-  /// For the end of this program: forces the session that runs last to its end. Signal handlers may call it.
+  /// For the end of this program: force what runs to its end. A signal handler may call the first, which
+  /// reaches the leader's group alone.
+  static void KillCurrentGroup();
   static void KillCurrent();
 
  private:

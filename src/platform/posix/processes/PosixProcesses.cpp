@@ -10,13 +10,22 @@
 #include "platform/posix/processes/PosixRunningProcess.h"
 #include "platform/posix/system/PosixErrors.h"
 
+namespace {
+
+/// What programs left running came to this one, and stays in the system's table when it ends.
+void ReapOrphans() {
+  while (waitpid(-1, nullptr, WNOHANG) > 0) continue;
+}
+
+}  // namespace
+
 SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, StopEvent& stop,
                               int32_t& exitCode) {
   if (stop.Take()) {
     exitCode = kProcessStopped;
     return {};
   }
-  ReapLeftRunning();
+  ReapOrphans();
   OutputPipes pipes;
   if (output != nullptr && !pipes.Open()) return LastFailure();
   pid_t child = -1;
@@ -31,28 +40,23 @@ SysResult PosixProcesses::Run(const ProcessSetup& setup, ProcessOutput* output, 
 }
 
 SysResult PosixProcesses::Start(const ProcessSetup& setup) {
-  ReapLeftRunning();
+  ReapOrphans();
   pid_t child = -1;
   if (const SysResult result = Launch(setup, {}, ChildLife::OnItsOwn, child); !result) return result;
-  LeaveRunning(child);
+  const DiskChange change(paths_);
   return {};
 }
 
 SysResult PosixProcesses::StartWatched(ProcessCommand command, const std::string& startDirectory,
                                        std::unique_ptr<RunningProcess>& process) {
-  ReapLeftRunning();
+  ReapOrphans();
   pid_t child = -1;
   const SysResult result = Launch(std::move(command), startDirectory, {}, ChildLife::OnItsOwn, child);
   if (!result) return result;
   process = PosixRunningProcess::Open(child);
-  LeaveRunning(child);
-  return {};
-}
-
-void PosixProcesses::LeaveRunning(pid_t child) {
+  if (!process) process = std::make_unique<PosixRunningProcess>(UniqueFd());
   const DiskChange change(paths_);
-  const std::lock_guard lock(mutex_);
-  leftRunning_.push_back(child);
+  return {};
 }
 
 std::string PosixProcesses::StartAdvice(Win32Error code) {
@@ -77,10 +81,4 @@ SysResult PosixProcesses::Launch(ProcessCommand command, const std::string& star
     folder = place.folder->path;
   }
   return LaunchProcess(std::move(command), folder, streams, life, child);
-}
-
-/// What was left running and has ended since would stay in the system's table.
-void PosixProcesses::ReapLeftRunning() {
-  const std::lock_guard lock(mutex_);
-  std::erase_if(leftRunning_, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
 }

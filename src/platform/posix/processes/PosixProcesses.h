@@ -1,9 +1,7 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <sys/types.h>
-#include <vector>
 
 #include "platform/Processes.h"
 #include "platform/RunningProcess.h"
@@ -30,10 +28,6 @@ class PosixProcesses final : public Processes {
   SysResult Launch(const ProcessSetup& setup, const ChildStreams& streams, ChildLife life, pid_t& child);
   SysResult Launch(ProcessCommand command, const std::string& startDirectory, const ChildStreams& streams,
                    ChildLife life, pid_t& child);
-  void LeaveRunning(pid_t child);
-  void ReapLeftRunning();
 
   PosixPaths& paths_;
-  std::mutex mutex_;
-  std::vector<pid_t> leftRunning_;
 };

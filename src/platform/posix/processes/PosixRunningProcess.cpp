@@ -11,6 +11,7 @@ std::unique_ptr<RunningProcess> PosixRunningProcess::Open(pid_t process) {
 }
 
 bool PosixRunningProcess::EndsWithin(uint32_t milliseconds) {
+  if (!process_) return true;
   pollfd ended{.fd = process_.Get(), .events = POLLIN, .revents = 0};
   return poll(&ended, 1, static_cast<int>(milliseconds)) > 0;
 }

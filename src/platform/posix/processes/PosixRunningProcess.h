@@ -17,5 +17,5 @@ class PosixRunningProcess final : public RunningProcess {
   void Terminate() override;
 
  private:
-  UniqueFd process_;  // readable once it has ended
+  UniqueFd process_;  // readable once it has ended; none when it had before it could be held
 };
