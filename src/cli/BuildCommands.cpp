@@ -16,6 +16,7 @@
 #include "host/project/StepSelection.h"
 #include "host/validation/ProjectCheck.h"
 #include "platform/Console.h"
+#include "platform/CreatePlatform.h"
 #include "platform/Environment.h"
 
 namespace {
@@ -58,6 +59,19 @@ void SayStopping(Console& console, const std::string& step) {
   console.StandardError().Write(start + "vekrun: stopping" + what + " (Ctrl-C again ends it at once)\n");
 }
 
+int ExitCode(BuildLogs& logs, const BuildSummary& summary) {
+  if (logs.ReportFailures()) return kFailed;
+  if (summary.result == ActionResult::Stopped) return kStoppedByUser;
+  return summary.result == ActionResult::Success ? kSuccess : kFailed;
+}
+
+/// For a build thread that is lost in a script.
+[[noreturn]] void EndWithoutScript(BuildLogs& logs, bool isOpen, Engine& engine) {
+  if (isOpen) EndProgram(ExitCode(logs, engine.Abandon()));
+  std::cerr << "vekrun: stopped in a script of the project's variables\n";
+  EndProgram(kStoppedByUser);
+}
+
 /// Executes what `load` makes for the build and answers the exit code.
 template <class Load>
 int Build(const Arguments& arguments, const Load& load) {
@@ -77,6 +91,9 @@ int Build(const Arguments& arguments, const Load& load) {
     PrintProblems(problems, std::cerr);
     if (!problems.empty()) return kUnusable;
   }
+  Engine engine(context, {arguments.strict, arguments.keepGoing});
+  bool logsAreOpen = false;
+  context.Stop().OnUnstoppable([&] { EndWithoutScript(logs, logsAreOpen, engine); });
   const auto interrupt = session.GetConsole().OnInterrupt([&session, &context] {
     SayStopping(session.GetConsole(), context.Stop().RunningStep());
     context.Stop().RequestStop();
@@ -90,13 +107,11 @@ int Build(const Arguments& arguments, const Load& load) {
   }
 
   logs.Open(project);
+  logsAreOpen = true;
   session.Dialogs().SetBuild(&context);
-  const BuildSummary summary =
-      Engine(context, {arguments.strict, arguments.keepGoing}).Run(project, arguments.subject);
+  const BuildSummary summary = engine.Run(project, arguments.subject);
   session.Dialogs().SetBuild(nullptr);
-  if (logs.ReportFailures()) return kFailed;
-  if (summary.result == ActionResult::Stopped) return kStoppedByUser;
-  return summary.result == ActionResult::Success ? kSuccess : kFailed;
+  return ExitCode(logs, summary);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "coreapi/Vekerrors.h"
 #include "host/log/LogOutput.h"
 #include "host/project/Project.h"
+#include "host/project/Quoted.h"
 #include "platform/Console.h"
 #include "platform/Entries.h"
 #include "platform/Environment.h"
@@ -49,7 +50,7 @@ class LogFile final : private OutputStream {
 
   /// The start of every complaint.
   std::string CannotWrite() const {
-    return "cannot write the " + what_ + (fileName.empty() ? "" : " " + fileName) + ": ";
+    return "cannot write the " + what_ + (fileName.empty() ? "" : " " + OneLine(fileName)) + ": ";
   }
 
   void Open() {

@@ -32,3 +32,6 @@ std::unique_ptr<PlatformOwner> CreatePlatform(DriveLookup drives, RegistryFile r
 /// The first thing in main: has the standard streams take UTF-8 with line breaks as written, and answers the
 /// program's arguments as UTF-8, without its name.
 StringList StartProgram(int argc, char** argv);
+
+/// Ends this program at once, whatever its threads are at, and by force the program that it runs.
+[[noreturn]] void EndProgram(int exitCode);

@@ -230,6 +230,20 @@ TEST_F(Run, CtrlCStopsTheBuild) {
   EXPECT_THAT(result.Of("action-start"), testing::SizeIs(1));
 }
 
+TEST_F(Run, AScriptThatCannotBeInterruptedEndsTheBuild) {
+  const std::string lost = "var a = []; a.length = 4294967295; a.reverse()";
+  const auto result = RunProject(ProjectOf(
+      ActionOf("ACTIONGROUP", "<TimeoutSeconds>1</TimeoutSeconds>",
+               "<Action Type=\"SCRIPTACTION\"><Script Event=\"OnExecute\">" + lost + "</Script></Action>")));
+  EXPECT_EQ(result.exitCode, 1) << result.out << result.err;
+  EXPECT_THAT(result.Short(),
+              ElementsAre("build-start", "start /1", "start /1/1",
+                          "error /1/1 The script goes on although it was asked to end; the build ends "
+                          "without it",
+                          "end /1/1 failure", "error /1 Timed out after 1 seconds", "end /1 failure",
+                          "build-end failure"));
+}
+
 TEST_F(Run, ALogThatNobodyReadsEndsTheBuild) {
   std::string many;
   for (int i = 0; i < 5000; ++i) many += ActionOf("ACTIONGROUP", "");

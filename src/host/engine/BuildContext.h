@@ -126,6 +126,8 @@ class BuildContext final : public IVekActionHost,
   IVekScriptObject* ActionByName(std::string_view name) override;
   const std::vector<std::pair<std::string, Variant>>& Constants() override;
   bool Interrupted() override { return stop_.Stopped(); }
+  void EnterEngine() override { stop_.GoIntoScript(); }
+  void LeaveEngine() override { stop_.ComeBack(); }
 
   // ProgramListener
   void BeforeProgram() override { Events().Settle(); }

@@ -1,5 +1,7 @@
 #include "host/engine/Engine.h"
 
+#include <system_error>
+
 #include "host/engine/ActionTitle.h"
 #include "host/engine/BuildContext.h"
 #include "host/engine/FailingSettings.h"
@@ -48,17 +50,41 @@ bool RunsProject(const TCustomVekAction& action) { return &action.ClassType() ==
 Engine::Engine(BuildContext& context, const EngineOptions& options) : context_(context), options_(options) {}
 
 BuildSummary Engine::Run(Project& project, std::string_view projectName) {
-  Clock& clock = *context_.GetPlatform().clock;
-  const double start = clock.Seconds();
+  start_ = context_.GetPlatform().clock->Seconds();
   summary_ = {};
   context_.SetProject(&project);
   ResetStatus(project.actions);
   context_.Events().BuildStart(projectName);
-  summary_.result = RunActions(project.actions, "");
-  summary_.seconds = clock.Seconds() - start;
-  context_.Events().BuildEnd(summary_);
+  EndBuild(RunActions(project.actions, ""));
   context_.SetProject(nullptr);
   return summary_;
+}
+
+void Engine::EndBuild(ActionResult result) {
+  summary_.result = result;
+  summary_.seconds = context_.GetPlatform().clock->Seconds() - start_;
+  context_.Events().BuildEnd(summary_);
+}
+
+BuildSummary Engine::Abandon() {
+  context_.HoldLog(false);
+  context_.LogPostponed();
+  AbandonActions();
+  EndBuild(FailureOrStop());
+  return summary_;
+}
+
+void Engine::AbandonActions() {
+  if (inner_) {
+    inner_->AbandonActions();
+    summary_.AddCounts(inner_->summary_);
+  } else {
+    context_.ReportError("The script goes on although it was asked to end; the build ends without it");
+  }
+  while (!open_.empty()) {
+    context_.SetCurrentPath(std::string(open_.back().place.path));
+    EndAction(FailureOrStop(), false);
+  }
 }
 
 /// The actions in order; after a failure only those that run always.
@@ -79,8 +105,7 @@ ActionResult Engine::RunActions(std::vector<ActionNode>& actions, const std::str
 }
 
 ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
-  Clock& clock = *context_.GetPlatform().clock;
-  const double start = clock.Seconds();
+  const double start = context_.GetPlatform().clock->Seconds();
   const std::string title = ActionTitle(*node.action, context_.GetVariables());
   const std::string passes = passes_;
   const ActionPlace place{path, node.typeId, title, !node.children.empty() || RunsProject(*node.action),
@@ -89,19 +114,26 @@ ActionResult Engine::RunAction(ActionNode& node, const std::string& path) {
   const StopControl::Step step(context_.Stop(), stepName);
   context_.SetCurrentPath(path);
   context_.Events().ActionStart(place);
-  const int64_t errorsOfParent = context_.TakeErrorCount();
+  open_.push_back({place, start, context_.TakeErrorCount()});
+  forgiving_ += node.action->IgnoreFailure;
+  const ActionResult result = Decide(node, path);
+  forgiving_ -= node.action->IgnoreFailure;
+  EndAction(result, node.action->IgnoreFailure);
+  return result;
+}
+
+void Engine::EndAction(ActionResult result, bool ignoresFailure) {
+  const OpenAction open = open_.back();
+  open_.pop_back();
   ActionOutcome outcome;
   outcome.forgiven = forgiving_ > 0;
-  forgiving_ += node.action->IgnoreFailure;
-  outcome.result = Decide(node, path);
-  forgiving_ -= node.action->IgnoreFailure;
-  outcome.ignored = outcome.result == ActionResult::Failure && node.action->IgnoreFailure;
+  outcome.result = result;
+  outcome.ignored = result == ActionResult::Failure && ignoresFailure;
   outcome.errors = context_.TakeErrorCount();
-  outcome.seconds = clock.Seconds() - start;
+  outcome.seconds = context_.GetPlatform().clock->Seconds() - open.start;
   Count(outcome);
-  context_.Events().ActionEnd(place, outcome);
-  context_.CountErrors(errorsOfParent);
-  return outcome.result;
+  context_.Events().ActionEnd(open.place, outcome);
+  context_.CountErrors(open.errorsOfParent);
 }
 
 void Engine::Count(const ActionOutcome& outcome) {
@@ -118,6 +150,7 @@ ActionResult Engine::Decide(ActionNode& node, const std::string& path) {
   TCustomVekAction& action = *node.action;
   if (!node.chosen) return Skip(action, TVekActionStatus::asSkipped);
   if (!action.Enabled) return Skip(action, TVekActionStatus::asDisabled);
+  if (!CanKeepTime(action)) return ActionResult::Failure;
   const std::optional<bool> condition = EvaluateCondition(action, path);
   if (condition == false) return Skip(action, TVekActionStatus::asConditionNotMet);
   const ActionResult result = condition ? RunAttempts(node, path) : FailureOrStop();
@@ -145,6 +178,17 @@ bool Engine::TimedOut(const StopControl::Running& running) {
   if (!running.TimedOut()) return false;
   context_.LogPostponed();
   return true;
+}
+
+bool Engine::CanKeepTime(const TCustomVekAction& action) {
+  if (action.TimeoutSeconds == 0) return true;
+  try {
+    context_.Stop().KeepTime();
+    return true;
+  } catch (const std::system_error& error) {
+    context_.ReportError(std::string("TimeoutSeconds cannot be kept: ") + error.what());
+    return false;
+  }
 }
 
 ActionResult Engine::RunAttempts(ActionNode& node, const std::string& path) {
@@ -228,7 +272,9 @@ ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& 
   engine.passes_ = passes_;
   engine.passes_ = passes_;
   engine.forgiving_ = forgiving_;
+  inner_ = &engine;
   const ActionResult result = engine.RunActions(nested->GetProject().actions, path);
+  inner_ = nullptr;
   context.SetProject(nullptr);
   summary_.AddCounts(engine.summary_);
   if (result == ActionResult::Stopped) return result;

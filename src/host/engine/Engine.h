@@ -26,7 +26,17 @@ class Engine {
   /// `projectName` is what the log calls the build.
   BuildSummary Run(Project& project, std::string_view projectName);
 
+  /// Ends in the log what is running, in place of a build thread that is not coming back from a script.
+  BuildSummary Abandon();
+
  private:
+  /// An action that has started and not ended.
+  struct OpenAction {
+    ActionPlace place;
+    double start;
+    int64_t errorsOfParent;
+  };
+
   ActionResult RunActions(std::vector<ActionNode>& actions, const std::string& parentPath);
   ActionResult RunAction(ActionNode& node, const std::string& path);
   ActionResult Decide(ActionNode& node, const std::string& path);
@@ -36,8 +46,12 @@ class Engine {
   ActionResult RunNested(TCustomVekRunProject& action, const std::string& path);
   ActionResult RunPasses(ActionNode& node, const std::string& path);
   void ReportReason(const TCustomVekAction& action);
+  void AbandonActions();
+  void EndAction(ActionResult result, bool ignoresFailure);
   void Count(const ActionOutcome& outcome);
   std::optional<bool> EvaluateCondition(TCustomVekAction& action, const std::string& path);
+  bool CanKeepTime(const TCustomVekAction& action);
+  void EndBuild(ActionResult result);
   bool TimedOut(const StopControl::Running& running);
   ActionResult FailureOrStop() const;
 
@@ -46,4 +60,7 @@ class Engine {
   BuildSummary summary_;
   std::string passes_;  // of the loops that run, outermost first
   int forgiving_ = 0;   // how much around the running action goes on when it fails
+  double start_ = 0;
+  std::vector<OpenAction> open_;  // innermost last
+  Engine* inner_ = nullptr;       // of a project that runs as a step
 };

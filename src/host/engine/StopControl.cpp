@@ -4,6 +4,7 @@
 #include <chrono>
 #include <limits>
 #include <ranges>
+#include <system_error>
 #include <utility>
 
 #include "coreapi/Vekactionapi.h"
@@ -14,7 +15,12 @@ namespace {
 constexpr double kNever = std::numeric_limits<double>::infinity();
 constexpr size_t kAllOfThem = std::numeric_limits<size_t>::max();
 
+constexpr double kPatience = 5;          // seconds that a script gets to end
+constexpr double kBetweenTries = 0.125;  // to find one that did not
+
 }  // namespace
+
+StopControl::StopControl(Clock& clock) : clock_(clock) { turn_.lock(); }
 
 StopControl::~StopControl() {
   {
@@ -23,13 +29,19 @@ StopControl::~StopControl() {
   }
   changed_.notify_all();
   if (watchdog_.joinable()) watchdog_.join();
+  turn_.unlock();
 }
 
 void StopControl::RequestStop() {
   if (stopRequested_.exchange(true)) return;
   const std::lock_guard lock(mutex_);
   interrupted_ = true;
+  nextTry_ = clock_.Seconds() + kPatience;
   TerminateRunning(0);
+  try {
+    KeepTime();
+  } catch (const std::system_error&) {  // then only a script that polls can be stopped
+  }
   changed_.notify_all();
 }
 
@@ -53,6 +65,23 @@ void StopControl::OnTimeout(TimeoutHandler handler) {
   onTimeout_ = std::move(handler);
 }
 
+void StopControl::KeepTime() {
+  const std::lock_guard lock(mutex_);
+  if (!watchdog_.joinable()) watchdog_ = std::thread([this] { Watch(); });
+}
+
+void StopControl::GoIntoScript() {
+  wentIn_ = clock_.Seconds();
+  turn_.unlock();
+}
+
+void StopControl::ComeBack() { turn_.lock(); }
+
+void StopControl::OnUnstoppable(std::function<void()> handler) {
+  const std::lock_guard lock(mutex_);
+  onUnstoppable_ = std::move(handler);
+}
+
 void StopControl::OnTerminate(std::function<void()> handler) {
   const std::lock_guard lock(mutex_);
   onTerminate_ = std::move(handler);
@@ -69,9 +98,7 @@ StopControl::Running::Running(StopControl& control, TCustomVekAction& action, st
   const std::lock_guard lock(control_.mutex_);
   const double deadline = timeoutSeconds == 0 ? kNever : control_.clock_.Seconds() + timeoutSeconds;
   control_.running_.push_back({&action, path, deadline});
-  if (timeoutSeconds == 0) return;
-  if (!control_.watchdog_.joinable()) control_.watchdog_ = std::thread([&control] { control.Watch(); });
-  control_.changed_.notify_all();
+  if (timeoutSeconds != 0) control_.changed_.notify_all();
 }
 
 StopControl::Running::~Running() {
@@ -102,21 +129,35 @@ void StopControl::Renew() {
       stopRequested_ || std::ranges::any_of(running_ | std::views::drop(shielded_), &Entry::timedOut);
 }
 
+double StopControl::NextLook() const {
+  double next = interrupted_ && onUnstoppable_ ? nextTry_ : kNever;
+  for (const Entry& entry : running_ | std::views::drop(shielded_)) {
+    if (!entry.timedOut) next = std::min(next, entry.deadline);
+  }
+  return next;
+}
+
 /// The watchdog's thread: sleeps to the next deadline.
 void StopControl::Watch() {
   std::unique_lock lock(mutex_);
   while (!quit_) {
-    double next = kNever;
-    for (const Entry& entry : running_ | std::views::drop(shielded_)) {
-      if (!entry.timedOut) next = std::min(next, entry.deadline);
-    }
+    const double next = NextLook();
     if (next == kNever) {
       changed_.wait(lock);
     } else {
       changed_.wait_for(lock, std::chrono::duration<double>(next - clock_.Seconds()));
     }
     MarkExpired();
+    EndIfUnstoppable();
   }
+}
+
+/// A build thread that is in a script is kept there: its turn is taken.
+void StopControl::EndIfUnstoppable() {
+  if (!interrupted_ || !onUnstoppable_ || nextTry_ > clock_.Seconds()) return;
+  nextTry_ = clock_.Seconds() + kBetweenTries;
+  const std::unique_lock turn(turn_, std::try_to_lock);
+  if (turn && clock_.Seconds() - wentIn_ >= kPatience) onUnstoppable_();
 }
 
 void StopControl::MarkExpired() {
@@ -125,6 +166,7 @@ void StopControl::MarkExpired() {
     if (running_[i].timedOut || running_[i].deadline > now) continue;
     running_[i].timedOut = true;
     interrupted_ = true;
+    nextTry_ = now + kPatience;
     if (onTimeout_) onTimeout_(running_[i].path, running_[i].action->TimeoutSeconds);
     TerminateRunning(i);
     changed_.notify_all();

@@ -17,7 +17,7 @@ class TCustomVekAction;
 /// what runs below it, when its time is up. The running actions are asked to terminate; loops poll Stopped.
 class StopControl {
  public:
-  explicit StopControl(Clock& clock) : clock_(clock) {}
+  explicit StopControl(Clock& clock);
   ~StopControl();
   StopControl(const StopControl&) = delete;
   StopControl& operator=(const StopControl&) = delete;
@@ -83,6 +83,18 @@ class StopControl {
   /// Waits; false when the wait was cut short by a stop.
   bool Wait(double seconds);
 
+  /// Has the time of actions kept from now on; raises std::system_error when there is no thread to be had.
+  void KeepTime();
+
+  // The build thread goes into the script engine, which may stay in one call for as long as a script likes,
+  // and comes back; meanwhile it touches nothing of the build.
+  void GoIntoScript();
+  void ComeBack();
+
+  /// Called, in place of the build thread and never to return, when that one has not come back from a script
+  /// within five seconds of being asked to. [any thread]
+  void OnUnstoppable(std::function<void()> handler);
+
  private:
   struct Entry {
     TCustomVekAction* action;
@@ -91,10 +103,12 @@ class StopControl {
     bool timedOut = false;
   };
 
+  double NextLook() const;
   void Watch();
   void MarkExpired();
   void Renew();
   size_t Guard(size_t count);
+  void EndIfUnstoppable();
   void TerminateRunning(size_t outermost);
 
   Clock& clock_;
@@ -106,9 +120,14 @@ class StopControl {
   size_t shielded_ = 0;  // so many of them do not pass their time-outs on
   std::vector<std::string_view> steps_;
   TimeoutHandler onTimeout_;
-  std::function<void()> onTerminate_;
+  std::function<void()> onTerminate_, onUnstoppable_;
+  double nextTry_ = 0;  // to take the build over, once it has been asked to stop
   std::atomic<bool> stopRequested_ = false;
   std::atomic<bool> interrupted_ = false;
   bool quit_ = false;
   std::thread watchdog_;
+
+  // Who holds it acts for the build: the build thread, except while it is in a script.
+  std::mutex turn_;
+  double wentIn_ = 0;
 };

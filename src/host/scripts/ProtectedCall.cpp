@@ -31,6 +31,19 @@ class StackMark {
   const bool isOutermost_;
 };
 
+class EngineTurn {
+ public:
+  explicit EngineTurn(ScriptEnvironment& environment) : environment_(environment) {
+    environment_.EnterEngine();
+  }
+  ~EngineTurn() { environment_.LeaveEngine(); }
+  EngineTurn(const EngineTurn&) = delete;
+  EngineTurn& operator=(const EngineTurn&) = delete;
+
+ private:
+  ScriptEnvironment& environment_;
+};
+
 struct Work {
   void (*run)(duk_context*, void*);
   void* data;
@@ -94,6 +107,7 @@ extern "C" int VekScriptStackFull() { return stackStart && stackStart - StackPos
 
 void ProtectedCall(ScriptHeap& heap, duk_context* context, void (*run)(duk_context*, void*), void* data) {
   const StackMark mark;
+  const EngineTurn turn(heap.Environment());
   Work work{run, data};
   if (duk_safe_call(context, RunWork, &work, 0, 1) != DUK_EXEC_SUCCESS) RaiseFailure(heap, context);
   duk_set_top(context, 0);

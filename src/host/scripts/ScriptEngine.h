@@ -35,6 +35,11 @@ class ScriptEnvironment {
 
   /// Polled while a script runs; true ends it. [any thread]
   virtual bool Interrupted() = 0;
+
+  // Brackets what the engine does by itself, which may take as long as a script likes; while the script calls
+  // one of the above, it is not in the engine.
+  virtual void EnterEngine() {}
+  virtual void LeaveEngine() {}
 };
 
 /// A JavaScript engine. Scripts reach no file, process or network.

@@ -2,16 +2,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "host/scripts/EngineText.h"
-#include "host/scripts/ScriptEngine.h"
 
 namespace {
-
-/// Stands before every block, so that a block's size is known when it goes.
-struct alignas(std::max_align_t) BlockHeader {
-  size_t size;
-};
 
 void* Allocate(void* heap, duk_size_t size) { return static_cast<ScriptHeap*>(heap)->Resize(nullptr, size); }
 
@@ -33,7 +28,11 @@ ScriptHeap::ScriptHeap(ScriptEnvironment& environment, size_t memoryLimit)
   if (!root_) throw EScriptError(OutOfMemoryText(limit_), 0);
 }
 
-ScriptHeap::~ScriptHeap() { duk_destroy_heap(root_); }
+/// Not through the engine, which follows all that a script has linked, over and over, for minutes at worst,
+/// before it lets go of it.
+ScriptHeap::~ScriptHeap() {
+  for (ScriptBlock* block = blocks_.next; block != &blocks_;) std::free(std::exchange(block, block->next));
+}
 
 ScriptHeap& ScriptHeap::Of(duk_context* context) {
   duk_memory_functions functions;
@@ -64,24 +63,29 @@ void ScriptHeap::ForgetObjects() {
   objects_.clear();
 }
 
-void* ScriptHeap::Resize(void* block, size_t size) noexcept {
-  auto* header = block ? static_cast<BlockHeader*>(block) - 1 : nullptr;
-  const size_t before = header ? header->size : 0;
+void* ScriptHeap::Resize(void* memory, size_t size) noexcept {
+  auto* block = memory ? static_cast<ScriptBlock*>(memory) - 1 : nullptr;
+  const size_t before = block ? block->size : 0;
   if (size == 0) {
+    if (!block) return nullptr;
     used_ -= before;
-    std::free(header);
+    block->previous->next = block->next;
+    block->next->previous = block->previous;
+    std::free(block);
     return nullptr;
   }
   const size_t room = limit_ + reserve_ - std::min(used_ - before, limit_ + reserve_);
-  const bool fits = size <= room && room - size >= sizeof(BlockHeader);
-  const size_t total = size + sizeof(BlockHeader);
-  auto* moved = fits ? static_cast<BlockHeader*>(std::realloc(header, total)) : nullptr;
+  const bool fits = size <= room && room - size >= sizeof(ScriptBlock);
+  const size_t total = size + sizeof(ScriptBlock);
+  auto* moved = fits ? static_cast<ScriptBlock*>(std::realloc(block, total)) : nullptr;
   if (!moved) {
     ranOut_ = true;
     return nullptr;
   }
+  if (!block) *moved = {0, blocks_.previous, &blocks_};
   used_ += total - before;
   moved->size = total;
+  moved->previous->next = moved->next->previous = moved;
   return moved + 1;
 }
 

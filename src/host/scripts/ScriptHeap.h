@@ -9,8 +9,7 @@
 #include <vector>
 
 #include "coreapi/Vekvariant.h"
-
-class ScriptEnvironment;
+#include "host/scripts/ScriptEngine.h"
 
 /// The C++ values of a call between a script and the host. An error in the engine jumps over the frames up to
 /// the next protected call without running destructors, so such values never live in a frame between the two.
@@ -18,6 +17,13 @@ struct HostCall {
   std::string name, text;
   std::vector<Variant> arguments;
   Variant result;
+};
+
+/// Stands before every block that the engine has; together they are a ring, so that they can go at once.
+struct alignas(std::max_align_t) ScriptBlock {
+  size_t size = 0;
+  ScriptBlock* previous = this;
+  ScriptBlock* next = this;
 };
 
 /// One heap of the engine: bounded memory, interruption, and what its scripts may reach of the host.
@@ -53,7 +59,7 @@ class ScriptHeap {
   void ForgetObjects();
 
   // What the engine allocates through.
-  void* Resize(void* block, size_t size) noexcept;
+  void* Resize(void* memory, size_t size) noexcept;
 
  private:
   ScriptEnvironment& environment_;
@@ -65,6 +71,7 @@ class ScriptHeap {
   double firstObject_ = 1;
   std::vector<IVekScriptObject*> objects_;
   HostCall call_;
+  ScriptBlock blocks_;
   duk_context* root_ = nullptr;
 };
 
@@ -74,12 +81,26 @@ std::string OutOfMemoryText(size_t limit);
 /// Pushes the text of an error and throws it to the script.
 [[noreturn]] void ThrowText(duk_context* context, duk_errcode_t code, std::string_view text);
 
+/// Outside of the engine, in the midst of a script.
+class HostTurn {
+ public:
+  explicit HostTurn(ScriptHeap& heap) : environment_(heap.Environment()) { environment_.LeaveEngine(); }
+  ~HostTurn() { environment_.EnterEngine(); }
+  HostTurn(const HostTurn&) = delete;
+  HostTurn& operator=(const HostTurn&) = delete;
+
+ private:
+  ScriptEnvironment& environment_;
+};
+
 /// Runs code of the host, which must not call the engine; its exceptions become errors of the script.
 template <class Work>
 void CallHost(duk_context* context, const Work& work) {
-  std::string& message = ScriptHeap::Of(context).Call().text;
+  ScriptHeap& heap = ScriptHeap::Of(context);
+  std::string& message = heap.Call().text;
   bool failed = true;
   try {
+    const HostTurn turn(heap);
     work();
     failed = false;
   } catch (const std::exception& error) {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "platform/CreatePlatform.h"
+#include "platform/posix/processes/PosixProcessSession.h"
 
 StringList StartProgram(int argc, char** argv) {
   // A standard stream that is closed must not become the first file that is opened. What is written to these
@@ -16,4 +17,9 @@ StringList StartProgram(int argc, char** argv) {
   // Ignored, as some leave it, it would take the exit codes of child processes away.
   std::signal(SIGCHLD, SIG_DFL);
   return argc > 0 ? StringList(argv + 1, argv + argc) : StringList();
+}
+
+void EndProgram(int exitCode) {
+  PosixProcessSession::KillCurrent();
+  _exit(exitCode);
 }

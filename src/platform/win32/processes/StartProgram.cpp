@@ -33,3 +33,10 @@ StringList StartProgram(int /*argc*/, char** /*argv*/) {
   LocalFree(words);
   return arguments;
 }
+
+/// What it runs is in a job, which ends with it.
+void EndProgram(int exitCode) {
+  if (codePageBefore != 0) RestoreCodePage();
+  TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
+  std::_Exit(exitCode);
+}
