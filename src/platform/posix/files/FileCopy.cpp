@@ -27,9 +27,9 @@ bool CopyAttributes(const CopySource& source, int to, const std::string& name) {
   return StoreOpenAttributes(to, name, source.attributes) || errno == EOPNOTSUPP;
 }
 
-void CopyLastWrite(const CopySource& source, int to) {
+bool CopyLastWrite(const CopySource& source, int to) {
   const timespec times[] = {{0, UTIME_OMIT}, source.status.st_mtim};
-  futimens(to, times);
+  return futimens(to, times) == 0 || errno == EOPNOTSUPP;
 }
 
 class Copy {
@@ -77,7 +77,7 @@ class Copy {
     }
     if (stores && !CopyAttributes(source_, file.Fd(), target.name)) return LastFailure();
     if (stores && (mode & kOwnerWrites) == 0 && !Withdraw(file.Fd(), kOwnerWrites)) return LastFailure();
-    CopyLastWrite(source_, file.Fd());
+    if (!CopyLastWrite(source_, file.Fd())) return LastFailure();
     if (!file.KeepAs(target.name)) {
       exists = errno == EEXIST && lseek(source_.fd.Get(), 0, SEEK_SET) == 0;
       return LastFailure();
@@ -102,7 +102,7 @@ class Copy {
     if (!CopyProperties(old.Get(), status, file.Fd())) return LastFailure();
     if (!CopyAttributes(source_, file.Fd(), target.name)) return LastFailure();
     if (IsReadOnly(source_.status) && !Withdraw(file.Fd(), kAllWrite)) return LastFailure();
-    CopyLastWrite(source_, file.Fd());
+    if (!CopyLastWrite(source_, file.Fd())) return LastFailure();
     return file.TakePlaceOf(target.name) ? SysResult() : LastFailure();
   }
 

@@ -136,7 +136,7 @@ class Move {
     if (const SysResult moved = Transfer(from, source.status, file.Fd()).Run(options); !moved) return moved;
     if (!CopyProperties(from, source.status, file.Fd())) return LastFailure();
     const timespec times[] = {source.status.st_atim, source.status.st_mtim};
-    futimens(file.Fd(), times);
+    if (futimens(file.Fd(), times) != 0 && errno != EOPNOTSUPP) return LastFailure();
     if (Has(MoveFlag::WriteThrough) && fsync(file.Fd()) != 0) return LastFailure();
     if (const SysResult same = CheckUnchanged(); !same) return same;
     return (exists_ ? file.TakePlaceOf(target.name) : file.KeepAs(target.name)) ? SysResult() : LastFailure();

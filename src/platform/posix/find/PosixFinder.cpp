@@ -17,7 +17,7 @@ namespace {
 /// The names are read at once, what stands under them is looked up when it is their turn.
 class PosixFindSearch final : public FindSearch {
  public:
-  PosixFindSearch() = default;
+  explicit PosixFindSearch(SysResult result) : result_(result) {}
   PosixFindSearch(RecentEntry& recent, std::shared_ptr<const Folder> folder, FolderListing names,
                   uint32_t mask, FindDetail detail, SysResult listed)
       : recent_(&recent),
@@ -158,7 +158,7 @@ SysResult FindOne(PosixPaths& paths, Place& place, FolderListing& names) {
 
 std::unique_ptr<FindSearch> Nothing(SysResult& result, Win32Error code) {
   result = SysResult::Failure(code);
-  return std::make_unique<PosixFindSearch>();
+  return std::make_unique<PosixFindSearch>(result);
 }
 
 }  // namespace

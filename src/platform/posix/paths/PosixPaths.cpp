@@ -163,7 +163,11 @@ std::shared_ptr<const Folder> PosixPaths::OpenFolder(std::string_view folderText
   if (!fd) reason = errno;
   if (reason == ENOENT) fd = Descend(*native, path, reason);
   struct stat status = {};
-  if (!fd || fstat(fd.Get(), &status) != 0) {
+  if (fd && fstat(fd.Get(), &status) != 0) {
+    reason = errno;
+    fd.Close();
+  }
+  if (!fd) {
     error = reason == ENOENT ? Win32Error::PathNotFound : FromErrno(reason);
     return nullptr;
   }
