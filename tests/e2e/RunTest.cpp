@@ -237,11 +237,10 @@ TEST_F(Run, AScriptThatCannotBeInterruptedEndsTheBuild) {
                "<Action Type=\"SCRIPTACTION\"><Script Event=\"OnExecute\">" + lost + "</Script></Action>")));
   EXPECT_EQ(result.exitCode, 1) << result.out << result.err;
   EXPECT_THAT(result.Short(),
-              ElementsAre("build-start", "start /1", "start /1/1",
+              ElementsAre("build-start", "start /1", "start /1/1", "error /1 Timed out after 1 seconds",
                           "error /1/1 The script goes on although it was asked to end; the build ends "
                           "without it",
-                          "end /1/1 failure", "error /1 Timed out after 1 seconds", "end /1 failure",
-                          "build-end failure"));
+                          "end /1/1 failure", "end /1 failure", "build-end failure"));
 }
 
 TEST_F(Run, ALogThatNobodyReadsEndsTheBuild) {
