@@ -5,6 +5,7 @@
 #include "base/WindowsPath.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileNames.h"
+#include "platform/Presence.h"
 #include "platform/posix/files/DosAttributes.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FileCopy.h"
@@ -63,10 +64,10 @@ SysResult WriteAttributes(const Place& place, const SeenEntry& present, uint32_t
 }  // namespace
 
 bool PosixEntries::FileExists(std::string_view path) {
+  if (EndsInPathDelimiter(path)) return false;
   EntryStatus entry = {};
-  return !EndsInPathDelimiter(path) &&
-         paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
-         !entry.IsFolder();
+  const SysResult looked = paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); });
+  return looked ? !entry.IsFolder() : MayBeThere(looked.code);
 }
 
 bool PosixEntries::EntryExists(std::string_view path) {

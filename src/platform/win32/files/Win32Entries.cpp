@@ -3,6 +3,7 @@
 #include "base/WindowsPath.h"
 #include "platform/Contents.h"
 #include "platform/Folders.h"
+#include "platform/Presence.h"
 #include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/paths/Win32Path.h"
 #include "platform/win32/system/Win32Api.h"
@@ -33,7 +34,8 @@ bool Win32Entries::FileExists(std::string_view path) {
   std::wstring native;
   if (EndsInPathDelimiter(path) || !NativePath(path, native)) return false;
   const DWORD attributes = AttributesOf(native);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  if (attributes == INVALID_FILE_ATTRIBUTES) return MayBeThere(LastError());
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 bool Win32Entries::TargetExists(std::string_view /*source*/, std::string_view target) {
