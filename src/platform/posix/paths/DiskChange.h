@@ -10,7 +10,8 @@
 /// is a system call:
 ///
 ///   names          of the folders that were searched without regard to case. They are believed while the
-///                  folder's own time of change stays, a second at most (NameIndex).
+///                  folder's own time of change stays, a second at most (NameIndex). For a target, whose
+///                  change tells by itself what stands there, that time is not asked for again at once.
 ///   recent entry   the status and attributes of the entry that a search has just found (RecentEntry).
 ///   recent leaf    the folder that was just listed and has no sub-folders (RecentLeaf).
 ///   used folders   those that the last few paths led to, held open (PosixPaths).

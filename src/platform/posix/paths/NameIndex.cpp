@@ -5,6 +5,7 @@
 
 #include "platform/posix/files/TemporaryName.h"
 #include "platform/posix/find/FolderReader.h"
+#include "platform/posix/paths/PosixPaths.h"
 #include "platform/posix/paths/ShownNames.h"
 
 namespace {
@@ -16,6 +17,9 @@ constexpr size_t kFolders = 4;
 // stays a small part of the work.
 constexpr auto kBelieved = std::chrono::seconds(1);
 constexpr int kBelievedTimes = 20;
+
+// Two looks at a folder within less are one.
+constexpr auto kOneLook = std::chrono::microseconds(100);
 
 /// Orders names by how near they are to the wanted one: itself, what is shown so, then what is called so and
 /// what is shown so in other case.
@@ -30,14 +34,19 @@ bool IsNearer(std::string_view a, std::string_view b, std::string_view wanted) {
 
 }  // namespace
 
-std::optional<std::string> NameIndex::Find(int folder, std::string_view name, const Wanted& isWanted) {
-  struct stat status = {};
-  if (fstat(folder, &status) != 0) return {};
+std::optional<std::string> NameIndex::Find(const Folder& folder, std::string_view name, Look look,
+                                           const Wanted& isWanted) {
   const std::lock_guard lock(mutex_);
-  Names* names = Known(status);
-  if (names == nullptr) names = Read(folder, status);
-  if (names == nullptr) return {};
+  Names* names = Known(folder, look);
+  if (names == nullptr) names = Read(folder);
   std::string_view found;
+  if (names == nullptr) {
+    // What cannot be listed has exact names only.
+    struct stat status = {};
+    const std::string exact(name);
+    const bool stands = fstatat(folder.fd.Get(), exact.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return stands ? std::optional(exact) : std::nullopt;
+  }
   names->table.ForEach(name, [&](std::string_view candidate) {
     if (candidate != name && isWanted && !isWanted(candidate)) return;
     if (found.empty() || IsNearer(candidate, found, name)) found = candidate;
@@ -50,47 +59,61 @@ void NameIndex::Forget() {
   folders_.clear();
 }
 
-bool NameIndex::Knows(int folder) {
+void NameIndex::LookAgain() {
   const std::lock_guard lock(mutex_);
-  struct stat status = {};
-  return !folders_.empty() && fstat(folder, &status) == 0 && Known(status) != nullptr;
+  for (Names& names : folders_) names.looked = {};
 }
 
-void NameIndex::Refresh(int folder, std::string_view added, std::string_view removed) {
-  struct stat status = {};
-  if (fstat(folder, &status) != 0) return;
+bool NameIndex::Knows(const Folder& folder) {
   const std::lock_guard lock(mutex_);
-  for (Names& names : folders_) {
-    if (names.device != status.st_dev || names.inode != status.st_ino) continue;
-    names.changed = status.st_ctim;
-    if (!removed.empty()) names.table.Remove(removed);
-    if (!added.empty()) names.table.Add(added);
-  }
+  return Known(folder, Look::Once) != nullptr;
+}
+
+void NameIndex::Refresh(const Folder& folder, std::string_view added, std::string_view removed) {
+  const std::lock_guard lock(mutex_);
+  struct stat status = {};
+  const auto names = Of(folder);
+  if (names == folders_.end() || fstat(folder.fd.Get(), &status) != 0) return;
+  names->changed = status.st_ctim;
+  names->looked = Clock::now();
+  if (!removed.empty()) names->table.Remove(removed);
+  if (!added.empty()) names->table.Add(added);
+}
+
+std::list<NameIndex::Names>::iterator NameIndex::Of(const Folder& folder) {
+  return std::find_if(folders_.begin(), folders_.end(), [&](const Names& names) {
+    return names.device == folder.device && names.inode == folder.inode;
+  });
 }
 
 /// The names of a folder that has not changed since they were read.
-NameIndex::Names* NameIndex::Known(const struct stat& status) {
-  const auto names = std::find_if(folders_.begin(), folders_.end(), [&](const Names& n) {
-    return n.device == status.st_dev && n.inode == status.st_ino;
-  });
+NameIndex::Names* NameIndex::Known(const Folder& folder, Look look) {
+  const auto names = Of(folder);
   if (names == folders_.end()) return nullptr;
-  const bool same = names->changed.tv_sec == status.st_ctim.tv_sec &&
-                    names->changed.tv_nsec == status.st_ctim.tv_nsec && Clock::now() < names->believedUntil;
+  const Clock::time_point now = Clock::now();
+  const bool isOneLook = now - names->looked < kOneLook && now < names->believedUntil;
+  if (look == Look::Once && isOneLook) return &*names;
+  struct stat status = {};
+  const bool same = fstat(folder.fd.Get(), &status) == 0 && names->changed.tv_sec == status.st_ctim.tv_sec &&
+                    names->changed.tv_nsec == status.st_ctim.tv_nsec && now < names->believedUntil;
+  names->looked = now;
   if (same) return &*names;
   folders_.erase(names);
   return nullptr;
 }
 
 /// Null when the folder cannot be read: then only exact names are found.
-NameIndex::Names* NameIndex::Read(int folder, const struct stat& status) {
+NameIndex::Names* NameIndex::Read(const Folder& folder) {
   const Clock::time_point start = Clock::now();
-  FolderReader reader(folder);
-  if (!reader) return nullptr;
+  struct stat status = {};
+  FolderReader reader(folder.fd.Get());
+  if (fstat(folder.fd.Get(), &status) != 0 || !reader) return nullptr;
   if (folders_.size() == kFolders) folders_.pop_back();
-  Names& names = folders_.emplace_front(status.st_dev, status.st_ino, status.st_ctim, start, NameTable());
+  Names& names =
+      folders_.emplace_front(folder.device, folder.inode, status.st_ctim, start, start, NameTable());
   while (const dirent* entry = reader.Next()) {
     if (IsTemporaryName(entry->d_name)) {
-      RemoveAbandoned(folder, entry->d_name);
+      RemoveAbandoned(folder.fd.Get(), entry->d_name);
     } else {
       names.table.Add(entry->d_name);
     }
@@ -99,7 +122,8 @@ NameIndex::Names* NameIndex::Read(int folder, const struct stat& status) {
     folders_.pop_front();
     return nullptr;
   }
-  const Clock::time_point end = Clock::now();
-  names.believedUntil = end + std::max<Clock::duration>(kBelieved, kBelievedTimes * (end - start));
+  names.looked = Clock::now();
+  names.believedUntil =
+      names.looked + std::max<Clock::duration>(kBelieved, kBelievedTimes * (names.looked - start));
   return &names;
 }

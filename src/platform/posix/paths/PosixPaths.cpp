@@ -96,7 +96,7 @@ Place PosixPaths::LocateFolder(std::string_view path) {
 }
 
 bool PosixPaths::OtherCase(Place& place) {
-  auto found = names_.Find(place.Fd(), place.name);
+  auto found = names_.Find(*place.folder, place.name, NameIndex::Look::Again);
   if (!found || *found == place.name) return false;
   place.name = std::move(*found);
   return true;
@@ -106,7 +106,7 @@ bool PosixPaths::SettleTarget(Place& target, const Place* source) {
   const auto isNoTwin = [&](std::string_view name) {
     return source == nullptr || !twins_.IsOfTwin(*source, target, name);
   };
-  auto found = names_.Find(target.Fd(), target.name, isNoTwin);
+  auto found = names_.Find(*target.folder, target.name, NameIndex::Look::Once, isNoTwin);
   target.name = found ? std::move(*found) : DiskName(target.name);
   return found.has_value();
 }
@@ -190,8 +190,11 @@ UniqueFd PosixPaths::Descend(const std::string& native, std::string& path, int& 
     if (name.empty()) continue;
     UniqueFd next = OpenAt(folder.Get(), name);
     if (!next && errno == ENOENT) {
-      name = names_.Find(folder.Get(), name).value_or(name);
-      next = OpenAt(folder.Get(), name);
+      struct stat status = {};
+      fstat(folder.Get(), &status);
+      const Folder here{std::move(folder), path, status.st_dev, status.st_ino};
+      name = names_.Find(here, name, NameIndex::Look::Again).value_or(name);
+      next = OpenAt(here.fd.Get(), name);
     }
     path.append(name).push_back('/');
     folder = std::move(next);
