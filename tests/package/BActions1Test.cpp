@@ -125,8 +125,8 @@ TEST_F(Directories, CreatesWithItsParentsWhenForced) {
 }
 
 TEST_F(Directories, ARelativeFolderIsFoundFromTheRootThatBecomesCurrent) {
-  for (const char* name : {"t", "t\\."}) {
-    disk.Write({"t/x=1"});
+  for (const char* name : {"t", "t\\.", "t/sub/.."}) {
+    disk.Write({"t/x=1", "t/sub/y=1"});
     ASSERT_TRUE(GetPlatform().environment->SetCurrentFolder(folder.Path()));
     EXPECT_TRUE(RunOn(*Make<TDeleteDirectoryAction>(), name)) << name;
     EXPECT_THAT(disk.Read(), IsEmpty());

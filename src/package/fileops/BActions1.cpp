@@ -177,7 +177,8 @@ bool TCustomDeleteDirectoryAction::Execute() {
 }
 
 SysResult TCustomDeleteDirectoryAction::Remove(const std::string& folder) {
-  const std::string target = LeaveFolder(folder);
+  std::string target;
+  if (const SysResult left = LeaveFolder(folder, target); !left) return left;
   ClearAttributes(target);
   if (DeleteTree) {
     if (const SysResult emptied = DelTree(target, AsFolder(GetPlatform(), folder) + "*.*"); !emptied) {
@@ -188,17 +189,24 @@ SysResult TCustomDeleteDirectoryAction::Remove(const std::string& folder) {
   return GetPlatform().folders->Remove(target);
 }
 
-/// Makes the root of its drive the current folder, so that the process does not hold the folder open; answers
-/// the path by which it is still found from there.
-std::string TCustomDeleteDirectoryAction::LeaveFolder(const std::string& folder) const {
+/// Makes the root of its drive the current folder, so that the process does not hold the folder open;
+/// `target` becomes the path by which it is still found from there. A path through what goes
+/// ("folder/sub/..") would lead nowhere once the folder is empty. In full it does not go there, but where a
+/// link stands before the dots it leads elsewhere: then it is refused.
+SysResult TCustomDeleteDirectoryAction::LeaveFolder(const std::string& folder, std::string& target) const {
   Environment& environment = *GetPlatform().environment;
+  Entries& entries = *GetPlatform().entries;
   const bool isRooted = IsPathDelimiter(folder[0]) || NamesDrive(folder);
-  std::string target = isRooted ? folder : AsFolder(GetPlatform(), environment.CurrentFolder()) + folder;
-  const std::string root =
-      NamesDrive(folder) ? folder.substr(0, 2) + '\\' : std::string(RootOf(environment.FullPath(target)));
-  if (NamesDrive(folder)) target = environment.FullPath(folder);
+  target = isRooted ? folder : AsFolder(GetPlatform(), environment.CurrentFolder()) + folder;
+  const std::string full = environment.FullPath(target);
+  const std::string root = NamesDrive(folder) ? folder.substr(0, 2) + '\\' : std::string(RootOf(full));
+  if (entries.Identity(full) == entries.Identity(target)) {
+    target = full;
+  } else if (NamePart(WithoutTrailingDelimiter(target)) == "..") {
+    return SysResult::Failure(Win32Error::InvalidName);
+  }
   environment.SetCurrentFolder(root);
-  return target;
+  return {};
 }
 
 void TCustomDeleteDirectoryAction::ClearAttributes(const std::string& folder) const {

@@ -91,7 +91,7 @@ class TCustomDeleteDirectoryAction : public TFileOrDirectoryAction {
 
  private:
   SysResult Remove(const std::string& folder);
-  std::string LeaveFolder(const std::string& folder) const;
+  SysResult LeaveFolder(const std::string& folder, std::string& target) const;
   void ClearAttributes(const std::string& folder) const;
   SysResult DelTree(const std::string& folder, const std::string& mask);
 };
