@@ -42,6 +42,7 @@ def at(path):
 SAY = '<Action Type="SCRIPTACTION"><Script Event="OnExecute">Vek.Log(Vek.GetVariable("F"))</Script></Action>'
 COPY = {"FileSpec": at("src/*"), "Target": at("to"), "TargetIsDir": "True", "Force": "True", "Recurse": "True"}
 OLD = {"to/a.txt": "old a", "to/b.bin": "old b"}
+MIRROR = {"SourceDir": at("src"), "DestDir": at("to"), "Retries": "0", "RetryWaitSec": "0"}
 VALUE = {"RegKey": "Software\\Vek", "RegValueName": "Name"}
 
 SCENARIOS = [
@@ -74,6 +75,10 @@ SCENARIOS = [
     Scenario("VEKDELREG", {"r.reg": REGISTRY}, VALUE, repeats=False),
     Scenario("FILESETCOPY", TREE | OLD, {"FileSetName": "All", "DestinationFolder": at("to"), "RecreateHierarchy": "True", "OverwriteMode": "owOverwrite"}),
     Scenario("FILESETCOPY", TREE, {"FileSetName": "All", "DestinationFolder": at("to"), "RecreateHierarchy": "True", "Move": "True"}, repeats=False),
+    Scenario("ROBOCOPYICON", TREE | OLD, MIRROR | {"IncludeSubDirs": "True"}),
+    Scenario("ROBOCOPYMIRROR", TREE | OLD | {"to/extra": "x", "to/more/extra": "y"}, MIRROR),
+    Scenario("ROBOCOPYMOVE", TREE | OLD, MIRROR | {"IncludeSubDirs": "True"}, repeats=False),
+    Scenario("HXCOPY", TREE | OLD, {"Source": at("src"), "Destination": at("to"), "XCopyMode": "mdRecursive"}),
     Scenario("READTEXTFILE", {"f": TEXT}, {"FileName": at("f"), "VekVariable": "V", "PutContentsInVar": "True"}, reads=True),
     Scenario("HREADINI", {"f.ini": INI}, {"IniFile": at("f.ini"), "Section": "Main", "ValueName": "Name", "VariableName": "V", "DefaultValue": "none"}, reads=True),
     Scenario("LOADVARFROMINI", {"f.ini": INI.replace("Main", "VekVariables").replace("Name", "V1")}, {"INIFile": at("f.ini"), "Variables": ("V1",), "VariableTypes": ("STRING",)}, reads=True),

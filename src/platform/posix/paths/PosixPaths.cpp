@@ -112,6 +112,8 @@ bool PosixPaths::SettleTarget(Place& target, const Place* source) {
 }
 
 bool PosixPaths::SettleAsWritten(Place& target) {
+  // Who reads the names of a folder removes what was abandoned there; here nobody reads them.
+  SweepOnce(*target.folder);
   struct stat status = {};
   const std::string name = DiskName(target.name);
   const bool isAsWritten =

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 #include "platform/posix/processes/PosixProcessCommand.h"
@@ -59,17 +60,43 @@ void ResetSignals() {
   _exit(kNotStarted);
 }
 
-/// What is on its own is nobody's child here: the system hands it on as its parent ends.
-[[noreturn]] void RunDetached(ChildPlan& plan) {
-  const pid_t child = vfork();
-  if (child == 0) RunProgram(plan);
-  if (child < 0) plan.error = errno;
-  _exit(kNotStarted);
+/// Starts what is on its own as nobody's child here: the system hands it on as its parent ends. That one has
+/// memory of its own, since a program that shares ours must not share it once more.
+[[gnu::noinline]] pid_t StartDetached(ChildPlan& plan) {
+  struct {
+    int error;
+    pid_t process;
+  } outcome = {0, -1};
+  int ends[2] = {};
+  if (pipe2(ends, O_CLOEXEC) != 0) return -1;
+  const UniqueFd from(ends[0]), to(ends[1]);
+  const pid_t parent = fork();
+  if (parent == 0) {
+    const pid_t child = vfork();
+    if (child == 0) RunProgram(plan);
+    outcome = {child < 0 ? errno : plan.error, plan.process};
+    _exit(write(to.Get(), &outcome, sizeof outcome) == sizeof outcome ? 0 : kNotStarted);
+  }
+  if (parent < 0) return parent;
+  waitpid(parent, nullptr, 0);
+  // Nothing to read when the parent did not come so far.
+  fcntl(from.Get(), F_SETFL, O_NONBLOCK);
+  const bool isTold = read(from.Get(), &outcome, sizeof outcome) == sizeof outcome;
+  plan.error = isTold ? outcome.error : EAGAIN;
+  plan.process = outcome.process;
+  return parent;
 }
 
 /// Starts the child and waits until it runs the program. Not posix_spawn, which spends two system calls on
 /// each signal there is.
-[[gnu::noinline]] void StartChild(ChildPlan& plan) {
+[[gnu::noinline]] pid_t StartAttached(ChildPlan& plan) {
+  const pid_t child = vfork();
+  if (child == 0) RunProgram(plan);
+  if (child > 0 && plan.error != 0) waitpid(child, nullptr, 0);
+  return child;
+}
+
+void StartChild(ChildPlan& plan) {
   const bool detached = plan.life == ChildLife::OnItsOwn;
   // What a program has sent away comes to this one as its parents end, and so can be stopped with it.
   prctl(PR_SET_CHILD_SUBREAPER, detached ? 0UL : 1UL);
@@ -77,10 +104,8 @@ void ResetSignals() {
   sigfillset(&all);
   // A handler that ran in the child would work on this process's memory.
   pthread_sigmask(SIG_SETMASK, &all, &before);
-  const pid_t child = vfork();
-  if (child == 0) detached ? RunDetached(plan) : RunProgram(plan);
+  const pid_t child = detached ? StartDetached(plan) : StartAttached(plan);
   if (child < 0) plan.error = errno;
-  if (child > 0 && (detached || plan.error != 0)) waitpid(child, nullptr, 0);
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
