@@ -113,52 +113,73 @@ StringList LinesOf(const TCustomVekAction& action, Getter getter) {
 }
 
 constexpr size_t kLeastLastColumn = 30;
+constexpr size_t kWidestColumn = 24;  // a longer entry moves only what follows it in its row
+constexpr size_t kNoteWidth = 100;    // where no width is asked for
 constexpr std::string_view kHanging = "      ";
 
-/// The last column broken into lines of its own where the width asks for it: below its start, or below the
-/// whole row when little room is left there.
-std::string Wrapped(const std::string& start, const std::string& last, size_t width) {
+/// The text broken at the width: the first line begins with `first`, the others with the hanging indent.
+std::string Hanging(std::string_view first, std::string_view words, size_t width) {
   std::string text;
-  const auto addLines = [&text](const std::string& first, std::string_view indent, const StringList& lines) {
-    for (const std::string& line : lines) {
-      text.append(text.empty() ? first : std::string(indent)).append(line).append("\n");
-    }
-  };
-  if (start.size() + kLeastLastColumn <= width) {
-    addLines(start, std::string(start.size(), ' '), WrapColumns(last, width - start.size()));
-    return text;
+  if (words.empty()) return text;
+  for (const std::string& line : WrapColumns(words, width - kHanging.size())) {
+    text.append(text.empty() ? first : kHanging).append(line).append("\n");
   }
-  const size_t indent = std::min(start.find_first_not_of(' '), start.size());
-  addLines(start.substr(0, indent), kHanging, WrapColumns(Trim(start), width - kHanging.size()));
-  if (!last.empty()) addLines("", kHanging, WrapColumns(last, width - kHanging.size()));
   return text;
 }
 
-/// Columns padded to the widest entry of each.
+/// The last column broken into lines of its own: below its start, or below the whole row when little room is
+/// left there.
+std::string Wrapped(std::string start, std::string_view indent, const std::string& last, size_t width) {
+  std::string text;
+  if (start.size() + kLeastLastColumn <= width) {
+    for (const std::string& line : WrapColumns(last, width - start.size())) {
+      text.append(text.empty() ? start : std::string(start.size(), ' ')).append(line).append("\n");
+    }
+    return text;
+  }
+  start.resize(start.find_last_not_of(' ') + 1);
+  if (start.size() > width) {
+    const auto isPadding = [](char a, char b) { return a == ' ' && b == ' '; };
+    start.erase(std::ranges::unique(start, isPadding).begin(), start.end());
+    text = Hanging(indent, Trim(start), width);
+  } else if (!start.empty()) {
+    text = start + '\n';
+  }
+  return text + Hanging(kHanging, last, width);
+}
+
+/// Columns padded to the widest entry of each. A row of a single entry is a note below the row before it.
 std::string Table(const std::vector<StringList>& rows, std::string_view indent, size_t width = 0) {
+  if (width <= kHanging.size() * 2) width = 0;
   std::vector<size_t> widths;
   for (const StringList& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
-    for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+    for (size_t i = 0; i + 1 < row.size(); ++i) {
+      if (i == 0 || row[i].size() <= kWidestColumn) widths[i] = std::max(widths[i], row[i].size());
+    }
   }
   std::string text;
   for (const StringList& row : rows) {
+    if (row.size() == 1) {
+      text += Hanging(kHanging, row.front(), width == 0 ? kNoteWidth : width);
+      continue;
+    }
     std::string start(indent);
     for (size_t i = 0; i + 1 < row.size(); ++i) {
-      start.append(row[i]).append(widths[i] - row[i].size() + 2, ' ');
+      start.append(row[i]).append(std::max(widths[i], row[i].size()) - row[i].size() + 2, ' ');
     }
     std::string line = start + row.back();
     line.resize(line.find_last_not_of(' ') + 1);
-    const bool fits = width <= kHanging.size() * 2 || line.size() <= width;
-    text += fits ? line + '\n' : Wrapped(start, std::string(Trim(row.back())), width);
+    const bool fits = width == 0 || line.size() <= width;
+    text += fits ? line + '\n' : Wrapped(start, indent, std::string(Trim(row.back())), width);
   }
   return text;
 }
 
 std::string TypeText(const PropertyRow& row) {
+  if (row.enumType) return row.type == PropertyType::Set ? "set" : "choice";
   std::string text(PropertyTypeName(row.type));
   if (row.IsText() && row.role != TextRole::Plain) text.append(", ").append(TextRoleName(row.role));
-  if (row.enumType) text = DescribeExpectedText(row);
   return text;
 }
 
@@ -186,6 +207,7 @@ std::string PropertyTable(const CatalogueEntry& entry, const TCustomVekAction& a
     if (!marks.empty()) meaning.front() += (meaning.front().empty() ? "(" : " (") + marks + ")";
     rows.push_back({std::string(row->name), TypeText(*row), value.empty() ? "-" : value, meaning.front()});
     for (size_t i = 1; i < meaning.size(); ++i) rows.push_back({"", "", "", meaning[i]});
+    if (row->enumType) rows.push_back({DescribeExpectedText(*row)});
   }
   return Table(rows, "  ", width);
 }

@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr std::string_view kComplaints[] = {"ERROR",   "UNABLE",    "FAILED", "DOES NOT EXIST",
-                                            "MISSING", "NOT FOUND", "MUST BE"};
+constexpr std::string_view kComplaints[] = {"ERROR",   "UNABLE",    "FAILED",  "DOES NOT EXIST",
+                                            "MISSING", "NOT FOUND", "MUST BE", "REFUSED"};
 
 }  // namespace
 
