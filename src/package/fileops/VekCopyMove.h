@@ -113,7 +113,8 @@ inline constexpr PropertyRow kCopyMoveProperties[] = {
         "Copying only: moving never goes into sub-folders"),
     Published<&TCustomCopyFilesAction::ClearAttributes>("ClearAttributes"),
     Published<&TCustomCopyFilesAction::FailIfZeroFiles>("FailIfZeroFiles")
-        .Means("Fail when no file was copied or moved"),
+        .Means(
+            "Copying: fail when no file was copied. Moving: fail when files were found and none was moved"),
     Published<&TCustomCopyFilesAction::FilesAffected>("FilesAffected")
         .Means("How many files the last run copied or moved"),
     Published<&TCustomCopyFilesAction::ErrorCount>("ErrorCount")
