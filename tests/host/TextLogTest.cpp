@@ -150,7 +150,7 @@ TEST(TextLog, AFailedBuildClosesWithTheStepsToBlame) {
   EXPECT_TRUE(
       text.ends_with("\nFailed steps:\n"
                      "  /1/1 Delete File(s): *.obj: Denied\n"
-                     "  /1/2 Create out: only  this line\n"
+                     "  /1/2 Create out: this line\n"
                      "Failed: 3 actions, 3 failures, 1.00 s\n"))
       << text;
 }
@@ -174,8 +174,9 @@ TEST(TextLog, TheProgressLineGivesWayToEveryOtherLine) {
     log.Progress("/1/2", "a moment", 5);
     log.At({0.51 / 86400});
     log.Progress("/1/2", "a moment", 10);
-    log.Progress("/1/2", "a moment", 10);
+    log.Progress("/1/2", "a moment", 20);
     log.Message("/1/2", "a");
+    log.At({0.62 / 86400});
     log.Progress("/1/2", "next", 10);
     log.ActionEnd(kCreate, {ActionResult::Success, 0});
   });

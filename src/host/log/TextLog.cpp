@@ -11,7 +11,8 @@
 namespace {
 
 // A step below half a second would only make the progress line flicker.
-constexpr double kShortStep = 0.5 / 86400;
+constexpr double kSecond = 1.0 / 86400, kShortStep = 0.5 * kSecond;
+constexpr double kRepaintPause = 0.1 * kSecond;  // nobody reads faster
 
 /// Writes what happens as it happens: one write for each event that has something to show.
 class TextLog final : public EventSink {
@@ -54,6 +55,9 @@ class TextLog final : public EventSink {
     if (text != step.progressText) ++step.pieces;
     step.progressText = text;
     if (now_.days - step.started.days < kShortStep) return;
+    const double pause = now_.days - painted_.days;
+    if (pause >= 0 && pause < kRepaintPause) return;
+    painted_ = now_;
     const std::string count = step.pieces > 1 ? '[' + std::to_string(step.pieces) + "] " : "";
     output_.Write(progress_.Draw(count + step.progressText, percent));
   }
@@ -117,7 +121,7 @@ class TextLog final : public EventSink {
   ProgressLine progress_;
   FailedSteps failed_;
   std::vector<Running> running_;  // innermost last
-  TDateTime now_;
+  TDateTime now_, painted_;
   bool verbose_;
   std::string pending_;
 };
