@@ -77,7 +77,8 @@ TEST(JunitLog, AFailureCarriesTheLineThatExplainsIt) {
       {[](EventSink& log) { log.Error("/1/1", "Unknown variable \"A\""), log.Message("/1/1", "after"); },
        "Unknown variable \"A\""},
       {[](EventSink& log) {
-         log.Error("/1/1", "Attempt 1 failed"), log.Status("/1/1", {"--> Denied", "0"});
+         log.Error("/1/1", "Attempt 1 of 2 failed; trying again"), log.Status("/1/1", {"--> Denied", "0"});
+         log.Error("/1/1", "Given up"), log.Message("/1/1", "error: of a program");
        },
        "Denied"},
   };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/log/EventSink.h"
+#include "host/log/FailureReason.h"
 
 /// An action whose failure made the build fail.
 struct FailedStep {
@@ -17,7 +18,7 @@ class FailedSteps {
  public:
   void Start(const ActionPlace& place);
 
-  /// What an action logs; the first line that is an error explains its failure best, else the last line.
+  /// What an action logs.
   void Line(std::string_view path, std::string_view text, bool isError);
   void End(const ActionPlace& place, const ActionOutcome& outcome);
 
@@ -25,7 +26,8 @@ class FailedSteps {
 
  private:
   struct Open {
-    std::string path, firstError, lastLine;
+    std::string path;
+    FailureReason reason;
     size_t failedBefore;
   };
 

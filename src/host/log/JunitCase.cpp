@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "base/Text.h"
-#include "host/log/FailureReason.h"
 #include "host/log/XmlText.h"
 
 namespace junit {
@@ -34,17 +32,16 @@ std::string Element(std::string_view name, std::string_view message) {
 }
 
 /// The element that says how the case ended; nothing for success. The output stands in an element of its own.
-std::string ResultElement(const ActionOutcome& outcome, std::string_view output, Counts& counts) {
+std::string ResultElement(const ActionOutcome& outcome, std::string_view reason, Counts& counts) {
   switch (outcome.result) {
-    case ActionResult::Failure: {
-      const std::string reason(FailureReason(SplitLines(output)));
+    case ActionResult::Failure:
       if (!outcome.ignored && !outcome.forgiven) {
         ++counts.failures;
         return Element("failure", reason);
       }
       ++counts.skipped;
-      return Element("skipped", (outcome.ignored ? "failed, ignored: " : "failed, passed over: ") + reason);
-    }
+      return Element("skipped",
+                     (outcome.ignored ? "failed, ignored: " : "failed, passed over: ") + std::string(reason));
     case ActionResult::Skipped:
       ++counts.skipped;
       return Element("skipped", "");
@@ -75,9 +72,10 @@ std::string Tail(std::string_view output) {
 }
 
 std::string Case(std::string_view name, std::string_view className, const ActionOutcome& outcome,
-                 std::string_view output, Counts& counts) {
+                 std::string_view output, std::string_view reason, Counts& counts) {
   ++counts.tests;
-  const std::string body = ResultElement(outcome, output, counts) + SystemOut("      ", output);
+  const std::string body =
+      ResultElement(outcome, reason.empty() ? "failed" : reason, counts) + SystemOut("      ", output);
   return "    <testcase" + Attribute("name", name) + Attribute("classname", className) +
          TimeAttribute(outcome.seconds) + (body.empty() ? "/>\n" : ">\n" + body + "    </testcase>\n");
 }

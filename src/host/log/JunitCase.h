@@ -21,9 +21,9 @@ std::string Head(std::string_view project, TDateTime started, const Counts& coun
 /// What closes the report.
 std::string Tail(std::string_view output);
 
-/// A test case, which is counted. A failure that the build goes on with is skipped to those who read the
-/// report.
+/// A test case, which is counted; `reason` is of its failure. A failure that the build goes on with is
+/// skipped to those who read the report.
 std::string Case(std::string_view name, std::string_view className, const ActionOutcome& outcome,
-                 std::string_view output, Counts& counts);
+                 std::string_view output, std::string_view reason, Counts& counts);
 
 }  // namespace junit

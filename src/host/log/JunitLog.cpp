@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/log/FailureReason.h"
 #include "host/log/JunitCase.h"
 #include "host/log/LogOutput.h"
 #include "host/log/Logs.h"
@@ -13,6 +14,7 @@ namespace {
 /// An action that has started and not ended.
 struct OpenAction {
   std::string path, title, output = {};
+  FailureReason reason = {};
   bool reportedBelow = false;  // a test case of one of its children shows that it did not end well
 };
 
@@ -35,6 +37,7 @@ class JunitLog final : public EventSink {
   void Message(std::string_view path, std::string_view text) override {
     OpenAction* action = Find(path);
     (action != nullptr ? action->output : suiteOutput_).append(text).append("\n");
+    if (action != nullptr) action->reason.Add(text, false);
   }
 
   void Status(std::string_view path, const StringList& lines) override {
@@ -46,8 +49,10 @@ class JunitLog final : public EventSink {
 
   void Error(std::string_view path, std::string_view text) override {
     // What befalls a group shows with what runs in it.
-    if (Find(path) != nullptr) return Message(open_.back().path, std::string("error: ").append(text));
-    AddBuildCase(ActionResult::Failure, text);
+    OpenAction* found = Find(path);
+    if (found == nullptr) return AddBuildCase(ActionResult::Failure, text);
+    open_.back().output.append("error: ").append(text).append("\n");
+    for (; found <= &open_.back(); ++found) found->reason.Add(text, true);
   }
 
   void ActionEnd(const ActionPlace& place, const ActionOutcome& outcome) override {
@@ -58,7 +63,8 @@ class JunitLog final : public EventSink {
     if (place.hasChildren && (!endedBadly || action.reportedBelow)) {
       suiteOutput_ += action.output;
     } else {
-      cases_ += junit::Case(UniqueName(place), ClassName(), outcome, action.output, counts_);
+      cases_ +=
+          junit::Case(UniqueName(place), ClassName(), outcome, action.output, action.reason.Text(), counts_);
       Save();
     }
     if (!open_.empty()) open_.back().reportedBelow |= endedBadly || action.reportedBelow;
@@ -89,7 +95,7 @@ class JunitLog final : public EventSink {
 
   /// What went wrong outside the actions shows as a test case, so that the report is not all green.
   void AddBuildCase(ActionResult result, std::string_view text) {
-    cases_ += junit::Case("Build", project_, {.result = result}, text, counts_);
+    cases_ += junit::Case("Build", project_, {.result = result}, text, text, counts_);
   }
 
   /// Readers take cases of one name for one case.
