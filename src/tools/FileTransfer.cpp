@@ -44,7 +44,7 @@ bool FileTransfer::IsProtected(const std::string& source, uint32_t old) const {
 
 SysResult FileTransfer::Bring(const std::string& source, const std::string& target,
                               const FileStep& step) const {
-  if (!rules_.movesFiles) return Copy(source, target);
+  if (!rules_.movesFiles || step.stays) return Copy(source, target);
   if ((step.file.attributes & FileAttribute::ReparsePoint) == 0) {
     const uint32_t replaces = step.exists ? MoveFlag::ReplaceExisting : 0;
     const SysResult moved = platform_.entries->Move(source, target, MoveFlag::CopyAllowed | replaces);
@@ -94,7 +94,7 @@ SysResult FileTransfer::SetProperties(const std::string& source, const std::stri
     const SysResult set = platform_.entries->SetAttributes(target, wanted);
     if (!set) return set;
   }
-  const bool clears = rules_.clearsArchive && !rules_.movesFiles;
+  const bool clears = rules_.clearsArchive && (!rules_.movesFiles || step.stays);
   if (!clears || (copied & FileAttribute::Archive) == 0) return {};
   return platform_.entries->SetAttributes(source, copied & ~FileAttribute::Archive);
 }

@@ -8,6 +8,8 @@ namespace {
 
 bool IsFolderEntry(const FoundEntry& entry) { return (entry.attributes & FileAttribute::Directory) != 0; }
 
+bool IsLinkEntry(const FoundEntry& entry) { return (entry.attributes & FileAttribute::ReparsePoint) != 0; }
+
 /// The destination's entries by name: as it stands, or else in other letters where no other entry of the
 /// source has that name as it stands.
 class Counterparts {
@@ -82,9 +84,9 @@ FolderPlan Planner::Plan(const FolderPair& folders, bool goesDeeper) const {
           selection_.LeavesFolder(source) || selection_.IsExcludedFolder(folders.source, source.name);
       if (!entersFolders_ || !goesDeeper || isLeft) continue;
       const bool isMismatch = counterpart != nullptr && !IsFolderEntry(*counterpart);
-      const bool isLink = (source.attributes & FileAttribute::ReparsePoint) != 0;
-      plan.folders.push_back(
-          {std::move(source.name), std::move(target), isLink, counterpart != nullptr, isMismatch});
+      const bool meetsLink = counterpart != nullptr && IsLinkEntry(*counterpart);
+      plan.folders.push_back({std::move(source.name), std::move(target), IsLinkEntry(source),
+                              counterpart != nullptr, isMismatch, meetsLink});
     } else if (selection_.IsNamed(source.name)) {
       const FileClass fileClass = selection_.Classify(folders.source, source, counterpart);
       plan.files.push_back({std::move(source), fileClass, std::move(target), counterpart != nullptr});

@@ -13,14 +13,16 @@ struct FileStep {
   FileClass fileClass;
   std::string target;  // the destination's own spelling of the name
   bool exists;         // at the destination
+  bool stays = false;  // in the source, also when it is moved
 };
 
 /// A sub-folder of the source that is gone into, or is a file at the destination.
 struct FolderStep {
   std::string name, target;
-  bool isLink;
+  bool isLink;  // in the source
   bool exists;
   bool isMismatch;
+  bool meetsLink;  // at the destination
 };
 
 /// What only the destination has.

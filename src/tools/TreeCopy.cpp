@@ -113,6 +113,7 @@ bool TreeCopy::EnterPlan(FolderPlan& plan) {
     if (Ends()) break;
     const bool copies = selection_.Copies(step.fileClass);
     if (copies && !MakeTarget()) return false;
+    step.stays = levels_.back().staysAtSource;
     if (copies && !rules_.listsOnly) {
       Bring(paths, std::move(step));
     } else {
@@ -136,7 +137,10 @@ void TreeCopy::EnterNext() {
     });
     return;
   }
-  Level below{std::move(paths), step.isLink, step.exists, !step.exists};
+  const bool replacesLink = step.meetsLink && rules_.purges && selection_.Copies(FileClass::Extra);
+  const bool exists = step.exists && !replacesLink;
+  const bool stays = level.staysAtSource || step.isLink;
+  Level below{std::move(paths), step.isLink, exists, !exists, replacesLink, stays};
   if (!LeadsBack(below)) Enter(std::move(below));
 }
 
@@ -155,7 +159,7 @@ void TreeCopy::Leave() {
   const Level& level = levels_.back();
   const bool isMade = level.isNew && level.exists;
   const bool copiesAttributes = isMade && rules_.copiesAttributes && !rules_.listsOnly;
-  const bool removes = rules_.movesFolders && !rules_.listsOnly && !Ends();
+  const bool removes = rules_.movesFolders && !rules_.listsOnly && !level.staysAtSource && !Ends();
   sequence_.Add({}, [this, paths = level.paths, isMade, copiesAttributes, removes] {
     ++(isMade ? totals_.folders.copied : totals_.folders.skipped);
     if (copiesAttributes) CopyAttributes(*paths);
@@ -187,6 +191,12 @@ SysResult TreeCopy::MakeFolders() {
       continue;
     }
     const std::string& path = level.paths->target;
+    // What the link leads to is not the destination's to purge.
+    if (level.replacesLink) {
+      const SysResult removed = platform_.entries->Delete(WithoutTrailingDelimiter(path));
+      if (!removed && removed.code != Win32Error::FileNotFound) return removed;
+      level.replacesLink = false;
+    }
     const SysResult made = &level == &levels_.front() ? platform_.folders->CreateWithParents(path)
                                                       : platform_.folders->CreateAsWritten(path);
     if (!made && !(made.code == Win32Error::AlreadyExists && platform_.folders->Exists(path))) return made;

@@ -34,6 +34,8 @@ class TreeCopy {
     bool isLink = false;
     bool exists = true;  // at the destination
     bool isNew = false;
+    bool replacesLink = false;   // a purge makes a folder where the destination has a link to one
+    bool staysAtSource = false;  // reached through a link, which is not moved
     std::vector<FolderStep> folders = {};
     size_t next = 0;
   };

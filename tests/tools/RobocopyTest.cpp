@@ -116,6 +116,20 @@ TEST_F(RobocopyTest, AMirrorTakesAwayWhatIsNotSelectedOtherwise) {
   EXPECT_EQ(Robocopy("/MIR /MT:4").exitCode, 0);
 }
 
+TEST_F(RobocopyTest, WhatALinkToAFolderLeadsToStays) {
+  for (const auto& [linked, switches] : {std::pair("b/sub", "/MIR"),
+                                         {"b/sub", "/MIR /MT:2"},
+                                         {"a/sub/l", "/E /MOVE"},
+                                         {"a/sub/l", "/S /MOV"}}) {
+    disk.Write({"a/sub/x=1", "b/", "outside/o=1", "outside/deep/p=2"});
+    MakeLink(folder.Path("outside"), folder.Path(linked));
+    EXPECT_EQ(Robocopy(switches).exitCode, 1) << switches;
+    EXPECT_EQ(disk.Read("outside/"), (StringList{"outside/deep/p=2", "outside/o=1"})) << switches;
+    EXPECT_EQ(folder.Read("b/sub/x"), "1") << switches;
+    ASSERT_TRUE(platform.folders->Empty(folder.Path(), {.shownAs = "/"}));
+  }
+}
+
 TEST_F(RobocopyTest, WhatMustNotBePurgedIsRefused) {
   disk.Write({"home/user/f=1", "a/x=1", "outer/a/x=1", "outer/y=1"});
   setup.environment = {"HOME=" + folder.Path("home/user")};
