@@ -96,7 +96,8 @@ BuildLogs::BuildLogs(Session& session, const Arguments& arguments)
     : session_(session),
       verbosity_(arguments.quiet     ? Verbosity::Quiet
                  : arguments.verbose ? Verbosity::Verbose
-                                     : Verbosity::Normal) {
+                                     : Verbosity::Normal),
+      variableFiles_(arguments.variableFiles) {
   logs_.push_back(Create(arguments.logFormat, arguments.logFile, false));
   std::vector<EventSink*> reports;
   for (const auto& [format, fileName] : arguments.reports) {
@@ -132,7 +133,7 @@ void BuildLogs::Open(const Project& project) {
   if (queue_) queue_->Start();
 }
 
-/// No file may be the project or another's file, by whatever name.
+/// No file may be one that the build reads or another's file, by whatever name.
 void BuildLogs::CheckFiles(const std::string& projectFile) const {
   const Platform& platform = session_.GetPlatform();
   const auto isSame = [&platform](const std::string& one, const std::string& other) {
@@ -146,6 +147,9 @@ void BuildLogs::CheckFiles(const std::string& projectFile) const {
     if (file.empty()) continue;
     if (!projectFile.empty() && isSame(file, projectFile)) {
       throw EVekError((*log)->CannotWrite() + "it is the project");
+    }
+    for (const std::string& variables : variableFiles_) {
+      if (isSame(file, variables)) throw EVekError((*log)->CannotWrite() + "variables are read from it");
     }
     for (auto other = logs_.begin(); other != log; ++other) {
       const std::string& otherFile = (*other)->fileName;

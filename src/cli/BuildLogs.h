@@ -27,7 +27,7 @@ class BuildLogs {
   /// `handler` is called when one of them cannot be written any more. [any thread]
   void OnFailure(std::function<void()> handler) { onFailure_ = std::move(handler); }
 
-  /// Raises EVekError when a file cannot be written, or is the project or another log's.
+  /// Raises EVekError when a file cannot be written, or is what the build reads or another log's.
   void Open(const Project& project);
 
   /// Finishes them and says on standard error what kept them from being written; false when nothing did.
@@ -39,6 +39,7 @@ class BuildLogs {
 
   Session& session_;
   const Verbosity verbosity_;
+  const StringList variableFiles_;
   std::function<void()> onFailure_ = [] {};
   std::vector<std::unique_ptr<LogFile>> logs_;  // the log, then the reports
   std::unique_ptr<EventQueue> queue_;           // for the reports; null for none

@@ -29,7 +29,7 @@ class Source final : public ExpressionSource {
  private:
   const std::map<std::string, std::string, LessNoCase> variables_ = {
       {"A", "one"},    {"b.c-d_e(2)", "two"}, {"Größe", "three"}, {"LOOP", "%A%$(6*7)%%"},
-      {"100", "cent"}, {"EMPTY", ""},         {"b", "lower"}};
+      {"100", "cent"}, {"EMPTY", ""},         {"BLANK", " "},     {"b", "lower"}};
 };
 
 std::string Expand(std::string_view text) {
@@ -56,7 +56,7 @@ TEST(Expressions, CountsReferences) {
 
 TEST(Expressions, APathDoesNotBeginAtTheRootBecauseAVariableIsEmpty) {
   Source source;
-  for (const char* path : {"%EMPTY%\\*.tmp", " %EMPTY%/x", "$(null)/x"}) {
+  for (const char* path : {"%EMPTY%\\*.tmp", " %EMPTY%/x", "$(null)/x", "%BLANK%/x"}) {
     EXPECT_THROW(ExpandPath(path, source), EVekExpressionError) << path;
     EXPECT_NO_THROW(ExpandText(path, source)) << path;
   }

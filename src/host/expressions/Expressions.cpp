@@ -9,6 +9,7 @@
 #include "coreapi/Vekerrors.h"
 #include "host/expressions/ExpressionEnd.h"
 #include "host/expressions/VariableName.h"
+#include "host/expressions/Variables.h"
 #include "host/project/Quoted.h"
 
 namespace {
@@ -45,11 +46,16 @@ class Expansion {
 
   void TakeReference(std::string_view value, size_t length) {
     const size_t end = position_ + length;
-    const bool leadsToRoot = isPath_ && value.empty() && Trim(result_).empty() && end < text_.size() &&
+    const bool leadsToRoot = isPath_ && Trim(value).empty() && Trim(result_).empty() && end < text_.size() &&
                              IsPathDelimiter(text_[end]);
     if (leadsToRoot) {
       throw EReferenceError(
           Quoted(text_.substr(position_, length)) + " is empty: the path would begin at the root", "");
+    }
+    if (result_.size() + value.size() > kMostText) {
+      throw EReferenceError("with " + Quoted(text_.substr(position_, length)) +
+                                " the text would be larger than " + std::string(kMostTextShown),
+                            "");
     }
     ++references_;
     TakeLiteral(value, length);

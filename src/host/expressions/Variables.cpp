@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "coreapi/Vekerrors.h"
+#include "host/project/Quoted.h"
+
 const Variant* Variables::Find(std::string_view name) const {
   const auto found = values_.find(name);
   return found == values_.end() ? nullptr : &found->second;
@@ -18,6 +21,11 @@ void Variables::Export(std::string_view name, Exporter exporter) {
 }
 
 void Variables::Set(std::string_view name, Variant value) {
+  const auto* text = std::get_if<std::string>(&value);
+  if (text && text->size() > kMostText) {
+    throw EVekError("variable " + Quoted(name) + ": a text of " + std::to_string(text->size()) +
+                    " bytes is larger than " + std::string(kMostTextShown));
+  }
   if (secrets_.IsSecret(name)) secrets_.AddValue(value);
   const auto exporter = exporters_.find(name);
   if (exporter != exporters_.end()) exporter->second(VariantToText(value));

@@ -9,6 +9,11 @@
 #include "coreapi/Vekvariant.h"
 #include "host/secrets/Secrets.h"
 
+/// The most bytes of a variable's text, of an expanded text and of a project file: what doubles itself would
+/// else take all the memory that there is.
+inline constexpr size_t kMostText = size_t{256} << 20;
+inline constexpr std::string_view kMostTextShown = "256 MiB";
+
 /// The project's variables. Names compare without regard to case; the first spelling stays. Values of secret
 /// ones are remembered as such.
 class Variables {
@@ -19,7 +24,8 @@ class Variables {
   /// The value, or null when no variable has that name.
   const Variant* Find(std::string_view name) const;
 
-  /// Gives a variable the value and the value's type, and defines it where it is new.
+  /// Gives a variable the value and the value's type, and defines it where it is new. A text that is too
+  /// large is an EVekError.
   void Set(std::string_view name, Variant value);
 
   /// Marks a variable, defined or not, as secret.

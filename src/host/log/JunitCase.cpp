@@ -9,6 +9,7 @@ namespace junit {
 namespace {
 
 constexpr size_t kNumbersWidth = 120;  // of all counts and the time
+constexpr size_t kWholeSeconds = 19;   // of a date and time in ISO 8601
 
 std::string Attribute(std::string_view name, std::string_view value) {
   return std::string(" ").append(name).append("=\"").append(EscapeXmlAttribute(value)).append("\"");
@@ -64,7 +65,8 @@ std::string Head(std::string_view project, TDateTime started, const Counts& coun
                         Attribute("skipped", std::to_string(counts.skipped)) + TimeAttribute(seconds);
   if (width == HeadWidth::Fixed) numbers.resize(std::max(numbers.size(), kNumbersWidth), ' ');
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n  <testsuite" +
-         Attribute("name", project) + Attribute("timestamp", ToIso8601(started)) + numbers + ">\n";
+         Attribute("name", project) + Attribute("timestamp", ToIso8601Utc(started).substr(0, kWholeSeconds)) +
+         numbers + ">\n";
 }
 
 std::string Tail(std::string_view output) {

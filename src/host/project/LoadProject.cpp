@@ -1,3 +1,5 @@
+#include "coreapi/Vekerrors.h"
+#include "host/expressions/Variables.h"
 #include "host/project/ProjectFile.h"
 #include "platform/Contents.h"
 #include "platform/Environment.h"
@@ -10,6 +12,7 @@ std::string ReadTextOf(const Platform& platform, const std::string& path) {
   const SysResult read = platform.folders->Exists(path) ? SysResult::Failure(Win32Error::Directory)
                                                         : platform.contents->ReadStream(path, contents);
   if (!read) throw EVekError(path + ": " + platform.errorTexts->Text(read.code));
+  if (contents.size() > kMostText) throw EVekError(path + ": larger than " + std::string(kMostTextShown));
   return contents;
 }
 

@@ -14,9 +14,12 @@ namespace {
 SysResult ReadToEnd(int fd, size_t expected, std::string& contents) {
   // One byte more than expected tells the end of an unchanged file with the first read.
   constexpr size_t kLeast = 4096;
+  // What tells no size may have no end.
+  constexpr size_t kMostUntold = size_t{256} << 20;
   contents.clear();
   size_t filled = 0;
   for (size_t room = expected == 0 ? kLeast : expected + 1;; room = contents.size() * 2) {
+    if (expected == 0 && room > kMostUntold) return SysResult::Failure(Win32Error::NotEnoughMemory);
     contents.resize(room);
     while (filled < room) {
       const ssize_t count = ReadSome(fd, contents.data() + filled, room - filled);
