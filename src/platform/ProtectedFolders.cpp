@@ -53,7 +53,8 @@ bool IsProtectedTree(const Platform& platform, std::string_view folder, std::str
   Environment& environment = *platform.environment;
   const StringList reserved = environment.ReservedFolders();
   if (IsSpeltAsRoot(environment.FullPath(folder))) return true;
-  if (IsLink(entries, folder)) {
+  const bool meansTarget = !folder.empty() && IsPathDelimiter(folder.back());
+  if (!meansTarget && IsLink(entries, folder)) {
     const std::string path = environment.FullPath(folder);
     return std::ranges::any_of(reserved, [&](const std::string& own) { return SameText(own, path); });
   }

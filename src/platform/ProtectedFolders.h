@@ -9,7 +9,8 @@ struct Platform;
 
 /// Whether a whole folder may not be removed or moved away: a root of the file system or of a drive, a folder
 /// of the system's own directly below it, and one that is or holds the user's home folder or the folder of
-/// `projectFile` (empty for none). Of a link only its own name counts, for what it leads to stays.
+/// `projectFile` (empty for none). Of a link only its own name counts, for what it leads to stays;
+/// with a delimiter at its end the path means what the link leads to.
 bool IsProtectedTree(const Platform& platform, std::string_view folder, std::string_view projectFile);
 
 /// Whether the entries that match `spec` may not be removed or moved away: wildcards directly in a root, and

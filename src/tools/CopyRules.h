@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "base/Text.h"
+
 /// How a tree is copied.
 struct CopyRules {
   bool entersFolders = false;
@@ -29,4 +31,5 @@ struct CopyRules {
   double gapSeconds = 0;  // after each 64 KiB
   unsigned threads = 0;
   bool allowsProtected = false;
+  StringList protectedFiles;  // the folders that hold them are protected, too
 };

@@ -52,7 +52,8 @@ bool TreeCopy::CheckRoots(const FolderPaths& roots) {
     return false;
   };
   const auto isProtected = [&](const std::string& folder) {
-    return !rules_.allowsProtected && IsProtectedTree(platform_, folder, {});
+    const auto isIt = [&](const std::string& file) { return IsProtectedTree(platform_, folder, file); };
+    return !rules_.allowsProtected && (isIt({}) || std::ranges::any_of(rules_.protectedFiles, isIt));
   };
   if (!platform_.folders->Exists(roots.source)) {
     const std::string path(WithoutTrailingDelimiter(roots.source));
@@ -62,7 +63,8 @@ bool TreeCopy::CheckRoots(const FolderPaths& roots) {
     return false;
   }
   if (rules_.purges && isProtected(roots.target)) return refuse(roots.target);
-  if (rules_.movesFolders && isProtected(roots.source)) return refuse(roots.source);
+  const bool movesTree = rules_.movesFolders || (rules_.movesFiles && rules_.entersFolders);
+  if (movesTree && isProtected(roots.source)) return refuse(roots.source);
   const bool isSame = platform_.entries->Identity(roots.source) == platform_.entries->Identity(roots.target);
   if (rules_.purges && !isSame && HoldsFolder(platform_, roots.target, roots.source)) {
     report_.OnRefused("Refused : " + roots.source +

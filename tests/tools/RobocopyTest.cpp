@@ -141,7 +141,14 @@ TEST_F(RobocopyTest, WhatMustNotBePurgedIsRefused) {
   EXPECT_EQ(refused.out,
             "Refused : " + folder.Path("home") + " is protected (--no-preserve-root allows it)\n");
   EXPECT_EQ(mirror("outer/a", "outer").exitCode, 16);
-  EXPECT_EQ(Run("robocopy", {"home", "b", "/E", "/MOVE"}).exitCode, 16);
+  MakeLink(folder.Path("home"), folder.Path("way"));
+  setup.environment.push_back("VEKRUN_PROJECTS=" + folder.Path("a/x") + '\n');
+  const std::vector<StringList> others = {{"home", "b", "/E", "/MOVE"},
+                                          {"home", "b", "/S", "/MOV"},
+                                          {"a", "way", "/PURGE"},
+                                          {"outer", "a", "/MIR"}};
+  for (const StringList& c : others) EXPECT_EQ(Run("robocopy", c).exitCode, 16) << JoinLines(c, " ");
+  ASSERT_TRUE(platform.entries->Delete(folder.Path("way")));
   EXPECT_EQ(disk.Read(), (StringList{"a/x=1", "home/user/f=1", "outer/a/x=1", "outer/y=1"}));
   EXPECT_EQ(Run("robocopy", {"a", "home", "/MIR", "--no-preserve-root"}).exitCode, 3);
   EXPECT_EQ(folder.Names("home"), (StringList{"x"}));

@@ -11,6 +11,7 @@
 #include "host/project/Project.h"
 #include "host/project/Quoted.h"
 #include "platform/Clock.h"
+#include "platform/CopyToolVariables.h"
 #include "platform/Environment.h"
 #include "platform/ErrorTexts.h"
 #include "platform/ProtectedFolders.h"
@@ -87,6 +88,11 @@ const std::string& BuildContext::RunningFile() const {
 void BuildContext::SetProject(Project* project) {
   project_ = project;
   fileSets_.Declare(project ? project->fileSets : std::vector<FileSetDeclaration>());
+  std::string running;
+  for (const BuildContext* build = this; build; build = build->Outer()) {
+    if (!build->RunningFile().empty()) running += build->RunningFile() + '\n';
+  }
+  platform_.environment->Export(kProjectsVariable, running);
 }
 
 EventSink& BuildContext::Events() {

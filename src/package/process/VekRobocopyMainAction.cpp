@@ -1,6 +1,10 @@
 #include "process/VekRobocopyMainAction.h"
 
+#include "base/WindowsPath.h"
 #include "coreapi/Vekutils.h"
+#include "platform/Entries.h"
+#include "platform/FileAttributes.h"
+#include "platform/Platform.h"
 #include "process/VekSwitches.h"
 
 namespace {
@@ -78,6 +82,14 @@ void AddForEach(ICommandLineBuilder& builder, std::string_view text, SetOf<Membe
   }
 }
 
+/// What a purge and a move go through, so that of a link the folder counts that it leads to.
+std::string TreeBehind(Entries& entries, const std::string& folder) {
+  uint32_t attributes = 0;
+  const bool isLink =
+      entries.GetAttributes(folder, attributes) && (attributes & FileAttribute::ReparsePoint) != 0;
+  return isLink ? WithTrailingDelimiter(folder, '/') : folder;
+}
+
 }  // namespace
 
 const ActionClass TVekRobocopyMainAction::kClass{.inherited = &TVekRobocopyAction::kClass,
@@ -153,7 +165,7 @@ const ActionClass TCustomRobocopyMirrorAction::kClass{.inherited = &TVekRobocopy
 bool TCustomRobocopyMirrorAction::GetCommandLine(ICommandLineBuilder& builder) {
   if (!TVekRobocopyMainAction::GetCommandLine(builder)) return false;
   AddSwitch(builder, "/MIR");
-  return OnlyListFiles || MayRemoveTree(Destination());
+  return OnlyListFiles || MayRemoveTree(TreeBehind(*GetPlatform().entries, Destination()));
 }
 
 const ActionClass TCustomRobocopyMoveAction::kClass{.inherited = &TVekRobocopyMainAction::kClass,
@@ -164,5 +176,6 @@ const ActionClass TCustomRobocopyMoveAction::kClass{.inherited = &TVekRobocopyMa
 bool TCustomRobocopyMoveAction::GetCommandLine(ICommandLineBuilder& builder) {
   if (!TVekRobocopyMainAction::GetCommandLine(builder)) return false;
   AddSwitch(builder, PreserveSourceDirTree ? "/MOV" : "/MOVE");
-  return PreserveSourceDirTree || OnlyListFiles || MayRemoveTree(Source());
+  const bool leavesTree = PreserveSourceDirTree && !IncludeSubDirs;
+  return leavesTree || OnlyListFiles || MayRemoveTree(TreeBehind(*GetPlatform().entries, Source()));
 }

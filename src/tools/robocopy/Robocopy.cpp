@@ -57,6 +57,7 @@ class Robocopy {
     SetAgeLimits();
     const auto allowed = platform_.environment->Variable(kNoPreserveRootVariable);
     settings_.allowsProtected = settings_.allowsProtected || allowed.has_value();
+    settings_.protectedFiles = SplitLines(platform_.environment->Variable(kProjectsVariable).value_or(""));
     return OpenLog() ? Copy() : ExitBit::Fatal;
   }
 
