@@ -19,6 +19,12 @@ struct CopyRules {
   bool copiesData = true;
   bool copiesAttributes = true;
   uint32_t addedAttributes = 0, removedAttributes = 0;
+
+  /// Whether anything is done to a file that is meant; `exists` at the destination.
+  bool ChangesFile(bool exists) const {
+    const bool setsAttributes = copiesAttributes || (addedAttributes | removedAttributes) != 0;
+    return copiesData || (exists && setsAttributes);
+  }
   bool clearsArchive = false;  // at the source, of what was copied
   bool overwritesReadOnly = true;
   bool verifiesSize = false;

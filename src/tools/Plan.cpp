@@ -99,9 +99,8 @@ FolderPlan Planner::Plan(const FolderPair& folders, bool goesDeeper) const {
     FoundEntry& target = targets[i];
     const bool isFolder = IsFolderEntry(target);
     if (isFolder && (!entersFolders_ || !goesDeeper)) continue;
-    const bool isSelected =
-        isFolder ? !selection_.IsExcludedFolder(folders.target, target.name)
-                 : selection_.IsNamed(target.name) && !selection_.IsExcludedFile(folders.target, target.name);
+    const bool isSelected = isFolder ? !selection_.IsExcludedFolder(folders.target, target.name)
+                                     : !selection_.IsKept(folders.target, target.name);
     plan.extras.push_back({std::move(target), isSelected});
   }
   return plan;

@@ -67,7 +67,7 @@ SysResult Purge::RemoveSelected(const std::string& path) const {
     const FoundEntry& entry = level.entries[level.next++];
     if (IsFolder(entry.attributes) && !IsLink(entry.attributes)) {
       if (!selection_.IsExcludedFolder(level.path, entry.name)) enter(level.path + entry.name + '/');
-    } else if (selection_.IsNamed(entry.name) && !selection_.IsExcludedFile(level.path, entry.name)) {
+    } else if (!selection_.IsKept(level.path, entry.name)) {
       const SysResult removed = RemoveFile(level.path + entry.name, entry.attributes);
       if (result) result = removed;
     }

@@ -63,7 +63,8 @@ bool Selection::AsksForAttributes() const {
 }
 
 bool Selection::MeansEveryName() const {
-  return names_.empty() && files_.empty() && folders_.empty() && rules_.excludedTexts.empty();
+  return names_.empty() && rules_.keptFiles.empty() && files_.empty() && folders_.empty() &&
+         rules_.excludedTexts.empty();
 }
 
 bool Selection::IsExcludedFile(std::string_view folder, std::string_view name) const {
@@ -73,6 +74,11 @@ bool Selection::IsExcludedFile(std::string_view folder, std::string_view name) c
 bool Selection::IsExcludedFolder(std::string_view folder, std::string_view name) const {
   // A text such as "\obj\" names the folder, which a full path shows by the delimiter at its end.
   return Matches(folders_, folder, name) || HasExcludedText(folder, std::string(name) + folder.back());
+}
+
+bool Selection::IsKept(std::string_view folder, std::string_view name) const {
+  const auto isIt = [&](const std::string& kept) { return kept == std::string(folder).append(name); };
+  return !IsNamed(name) || IsExcludedFile(folder, name) || std::ranges::any_of(rules_.keptFiles, isIt);
 }
 
 bool Selection::LeavesFolder(const FoundEntry& folder) const {

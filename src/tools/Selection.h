@@ -49,6 +49,7 @@ class FileClassSet {
 struct SelectionRules {
   StringList names;                           // masks; none stands for every name
   StringList excludedFiles, excludedFolders;  // masks; one with a path is compared with full paths
+  StringList keptFiles;                       // full paths at the destination; no purge takes them away
   StringList excludedTexts;                   // whoever has one of them in its full path is left out
   std::optional<uint32_t> withAttributes;     // one of these at least
   uint32_t requiredAttributes = 0;            // all of these
@@ -84,6 +85,9 @@ class Selection {
   /// Whether it is left out by name; folders are full paths with a trailing delimiter.
   bool IsExcludedFile(std::string_view folder, std::string_view name) const;
   bool IsExcludedFolder(std::string_view folder, std::string_view name) const;
+
+  /// Whether a purge leaves a file alone.
+  bool IsKept(std::string_view folder, std::string_view name) const;
 
   /// Whether a sub-folder of the source is left alone for what it is.
   bool LeavesFolder(const FoundEntry& folder) const;

@@ -113,13 +113,13 @@ bool TreeCopy::EnterPlan(FolderPlan& plan) {
   }
   for (FileStep& step : plan.files) {
     if (Ends()) break;
-    const bool copies = selection_.Copies(step.fileClass);
+    const bool copies = selection_.Copies(step.fileClass) && rules_.ChangesFile(step.exists);
     if (copies && !MakeTarget()) return false;
     step.stays = levels_.back().staysAtSource;
     if (copies && !rules_.listsOnly) {
       Bring(paths, std::move(step));
     } else {
-      Skip(paths, std::move(step));
+      Skip(paths, std::move(step), copies);
     }
   }
   return true;
@@ -237,9 +237,8 @@ bool TreeCopy::Retry(const std::function<SysResult()>& attempt, SysResult result
   return true;
 }
 
-void TreeCopy::Skip(const Paths& paths, FileStep step) {
-  sequence_.Add({}, [this, paths, step = std::move(step)] {
-    const bool copies = selection_.Copies(step.fileClass);
+void TreeCopy::Skip(const Paths& paths, FileStep step, bool copies) {
+  sequence_.Add({}, [this, paths, copies, step = std::move(step)] {
     report_.OnFile(paths->source, paths->target, step, copies);
     Count(step, step.fileClass == FileClass::Mismatch ? &Tally::mismatched
                 : copies                              ? &Tally::copied
@@ -262,7 +261,11 @@ void TreeCopy::Bring(const Paths& paths, FileStep step) {
                   report_.OnFile(paths->source, paths->target, job->step, true);
                   const std::string path = paths->source + job->step.file.name;
                   const std::string_view what = rules_.movesFiles ? "Moving File" : "Copying File";
-                  const bool copied = Retry(attempt, job->result, what, path);
+                  const bool isLink = (job->step.file.attributes & FileAttribute::ReparsePoint) != 0;
+                  // Waiting does not help a link that leads nowhere.
+                  const bool isHopeless = isLink && job->result.code == Win32Error::FileNotFound;
+                  if (isHopeless) Fail(job->result.code, what, path);
+                  const bool copied = !isHopeless && Retry(attempt, job->result, what, path);
                   Count(job->step, copied ? &Tally::copied : &Tally::failed);
                   if (!copied && rules_.stopsAtError) totals_.isFatal = true;
                 });

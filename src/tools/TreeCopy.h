@@ -52,7 +52,7 @@ class TreeCopy {
   SysResult MakeFolders();
   bool Retry(const std::function<SysResult()>& attempt, SysResult result, std::string_view what,
              const std::string& path);
-  void Skip(const Paths& paths, FileStep step);
+  void Skip(const Paths& paths, FileStep step, bool copies);
   void Bring(const Paths& paths, FileStep step);
   void Count(const FileStep& step, uint64_t Tally::*what);
   void AddExtra(const Paths& paths, ExtraStep extra);

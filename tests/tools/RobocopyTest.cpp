@@ -130,6 +130,14 @@ TEST_F(RobocopyTest, WhatALinkToAFolderLeadsToStays) {
   }
 }
 
+TEST_F(RobocopyTest, AMirrorKeepsItsOwnFiles) {
+  disk.Write({"a/", "b/logs/old=1", "b/job.rcj=/MIR"});
+  MakeLink(folder.Path("b"), folder.Path("way"));
+  EXPECT_EQ(Run("robocopy", {"a", "way", "/JOB:b/job", "/LOG:b/logs/run.log"}).exitCode, 2);
+  EXPECT_EQ(folder.Names("b"), (StringList{"job.rcj", "logs"}));
+  EXPECT_EQ(folder.Names("b/logs"), (StringList{"run.log"}));
+}
+
 TEST_F(RobocopyTest, WhatMustNotBePurgedIsRefused) {
   disk.Write({"home/user/f=1", "a/x=1", "outer/a/x=1", "outer/y=1"});
   setup.environment = {"HOME=" + folder.Path("home/user")};

@@ -152,10 +152,28 @@ class Robocopy {
     };
     settings_.source = full(settings_.source);
     settings_.target = full(settings_.target);
+    StringList own = settings_.jobs;
+    for (std::string& job : own) job = JobPath(job, true);
+    if (!settings_.logFile.empty()) own.push_back(settings_.logFile);
+    if (!settings_.savedJob.empty()) own.push_back(JobPath(settings_.savedJob, false));
+    for (const std::string& file : own) Keep(environment.FullPath(file));
     for (StringList* list : {&settings_.excludedFiles, &settings_.excludedFolders}) {
       for (std::string& entry : *list) {
         if (!FolderPart(entry).empty()) entry = environment.FullPath(entry);
       }
+    }
+  }
+
+  /// A run's own files are not purged, by whatever name the destination is reached.
+  void Keep(const std::string& file) {
+    if (!settings_.purges) return;
+    const auto target = platform_.entries->Identity(settings_.target);
+    std::string_view above = FolderPart(file);
+    while (target && !above.empty()) {
+      if (platform_.entries->Identity(above) == target) {
+        settings_.keptFiles.push_back(settings_.target + file.substr(above.size()));
+      }
+      above = FolderPart(WithoutTrailingDelimiter(above));
     }
   }
 
