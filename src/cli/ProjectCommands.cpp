@@ -31,19 +31,35 @@ struct Lookout {
   BuildContext context;
 };
 
+/// A file that cannot be read is a problem like others for whoever reads them as JSON.
+Problem ProblemOf(const EVekError& error, const std::string& fileName) {
+  std::string_view message = error.what();
+  const std::string place = fileName + ": ";
+  if (message.starts_with(place)) message.remove_prefix(place.size());
+  return {fileName, 0, "", "", "", std::string(message)};
+}
+
 }  // namespace
 
 int ValidateProject(const Arguments& arguments) {
   Lookout lookout(arguments);
   const auto definitions = GivenVariables(lookout.session, arguments);
   std::vector<EProjectFault> faults;
-  const Project project = lookout.Load(arguments.subject, &faults);
   std::vector<Problem> problems;
+  Project project;
+  try {
+    project = lookout.Load(arguments.subject, &faults);
+  } catch (const EVekError& error) {
+    if (!arguments.json) throw;
+    PrintProblemsAsJson({ProblemOf(error, arguments.subject)}, std::cout);
+    return kUnusable;
+  }
   if (faults.empty()) {
     PrintNearMisses(project, definitions);
     problems = CheckProject(project, arguments.subject, lookout.context, definitions);
   } else {
-    std::ranges::transform(faults, std::back_inserter(problems), ProblemOf);
+    std::ranges::transform(faults, std::back_inserter(problems),
+                           [](const EProjectFault& fault) { return ProblemOf(fault); });
   }
   if (arguments.json) {
     PrintProblemsAsJson(problems, std::cout);
