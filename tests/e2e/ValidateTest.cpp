@@ -55,6 +55,10 @@ TEST_F(Validate, LooksInsideEveryText) {
                                     "</ListOfItems>"),
        ""},
       {when("VERSION == \"VERISON\" &amp;&amp; VERSION.length &gt; 1"), ""},
+      {when("typeof NO == 'undefined' || NO"), ""},
+      {when("/* Vek.ActionByName('no') */ Vek.ActionByName('serch').Name == '//'") +
+           ActionOf("ACTIONGROUP", "<Name>Search</Name>"),
+       "Condition: the project has no step \"serch\"; did you mean \"Search\"?"},
       {when("VERISON == 1"), "Condition: unknown variable \"VERISON\"; did you mean \"VERSION\"?"},
       {when("VERSION =="), "Condition: SyntaxError: parse error (line 1, end of input)"},
       {ActionOf("FILESETCOPY", "<FileSetName>Sorces</FileSetName><DestinationFolder>x</DestinationFolder>"),
@@ -105,6 +109,9 @@ TEST_F(Validate, TellsAllFaultsOfAFile) {
                           "5 /1/1 property DeleteHidden: \"maybe\" is not True or False",
                           "6 /1/1 : script event \"No\": the action has no script events"));
   EXPECT_EQ(Problems("<VekProject", {}, 2).size(), 1u);
+  const ProgramResult missing = RunVekrun({"validate", folder.Path("missing"), "--json"});
+  EXPECT_EQ(nlohmann::json::parse(missing.out).at(0).at("file"), folder.Path("missing"));
+  EXPECT_EQ(missing.exitCode, 2);
 }
 
 }  // namespace

@@ -35,10 +35,37 @@ class Finding {
   const Problem place_;
 };
 
+/// What texts can refer to.
+struct KnownNames {
+  /// Tells the steps that a script asks for and does not get.
+  void CheckActions(std::string_view script, const Finding& finding, const std::string& place = "") const {
+    for (const std::string& name : ActionsNamedIn(script)) {
+      if (FindActionByName(project.actions, name)) continue;
+      finding.Add(place + "the project has no step " + Quoted(name) + NearestAction(name));
+    }
+  }
+
+  std::string NearestAction(std::string_view name) const {
+    std::vector<std::string_view> names;
+    AddActionNames(project.actions, names);
+    return Suggestion(name, names);
+  }
+
+  static void AddActionNames(const std::vector<ActionNode>& actions, std::vector<std::string_view>& names) {
+    for (const ActionNode& node : actions) {
+      if (!node.action->Name.empty()) names.push_back(node.action->Name);
+      AddActionNames(node.children, names);
+    }
+  }
+
+  const Project& project;
+  const KnownVariables variables;
+};
+
 /// Stands in for a build when a text is expanded to see what is wrong with it: values are of no account.
 class ReferenceCheck final : public ExpressionSource {
  public:
-  ReferenceCheck(BuildContext& context, const KnownVariables& known, const Finding& finding)
+  ReferenceCheck(BuildContext& context, const KnownNames& known, const Finding& finding)
       : context_(context), known_(known), finding_(finding) {}
 
   void Check(std::string_view text) {
@@ -50,8 +77,8 @@ class ReferenceCheck final : public ExpressionSource {
   }
 
   std::optional<std::string> VariableText(std::string_view name) override {
-    if (!known_.MayExist(name) && !context_.GetPlatform().environment->Variable(name)) {
-      finding_.Add("unknown variable " + Quoted(name) + known_.Nearest(name));
+    if (!known_.variables.MayExist(name) && !context_.GetPlatform().environment->Variable(name)) {
+      finding_.Add("unknown variable " + Quoted(name) + known_.variables.Nearest(name));
     }
     return "";
   }
@@ -67,15 +94,16 @@ class ReferenceCheck final : public ExpressionSource {
     } catch (const EScriptError& error) {
       return finding_.Add(place + error.what());
     }
+    known_.CheckActions(source, finding_, place);
     for (const std::string& name : NamesReadBy(source)) {
-      if (known_.MayExist(name) || context_.IsScriptName(name)) continue;
-      finding_.Add(place + "unknown variable " + Quoted(name) + known_.Nearest(name));
+      if (known_.variables.MayExist(name) || context_.IsScriptName(name)) continue;
+      finding_.Add(place + "unknown variable " + Quoted(name) + known_.variables.Nearest(name));
     }
   }
 
  private:
   BuildContext& context_;
-  const KnownVariables& known_;
+  const KnownNames& known_;
   const Finding& finding_;
 };
 
@@ -113,7 +141,7 @@ class Check {
  public:
   Check(const Project& project, const std::string& fileName, BuildContext& context,
         std::span<const VariableDefinition> definitions)
-      : project_(project), fileName_(fileName), context_(context), known_(project, definitions) {}
+      : project_(project), fileName_(fileName), context_(context), known_{project, {project, definitions}} {}
 
   std::vector<Problem> Run() {
     for (const VariableDeclaration& variable : project_.variables) {
@@ -219,11 +247,13 @@ class Check {
     for (const std::string& event : node.action->ScriptEvents()) {
       const IVekActionScript& script = *node.action->GetScriptByName(event);
       if (script.IsBlank()) continue;
+      const Finding finding = At({{}, node.LineOf(event), path, node.typeId, "script " + event, ""});
       try {
         context_.CompileScript(script.Text());
+        known_.CheckActions(script.Text(), finding);
       } catch (const EScriptError& error) {
         const std::string line = error.Line() > 0 ? "line " + std::to_string(error.Line()) + ": " : "";
-        At({{}, node.LineOf(event), path, node.typeId, "script " + event, ""}).Add(line + error.what());
+        finding.Add(line + error.what());
       }
     }
   }
@@ -239,7 +269,7 @@ class Check {
   const Project& project_;
   const std::string& fileName_;
   BuildContext& context_;
-  const KnownVariables known_;
+  const KnownNames known_;
   std::vector<Problem> problems_;
 };
 
