@@ -141,16 +141,18 @@ TEST(TextLog, AFailedBuildClosesWithTheStepsToBlame) {
                              log.ActionStart(kDelete);
                              log.Status("/1/1", {"Deleting", " --> Denied", " --> again", "0 Files"});
                              end(kDelete, false);
-                             log.ActionStart(kCreate);
+                             ActionPlace create = kCreate;
+                             create.passes = "2.1";
+                             log.ActionStart(create);
                              log.Message("/1/2", "only\n this line ");
-                             end(kCreate, false);
+                             end(create, false);
                              end(kGroup, false);
                              log.BuildEnd({ActionResult::Failure, 1, 3, 3});
                            }).Text();
   EXPECT_TRUE(
       text.ends_with("\nFailed steps:\n"
                      "  /1/1 Delete File(s): *.obj: Denied\n"
-                     "  /1/2 Create out: this line\n"
+                     "  /1/2 Create out (pass 2.1): this line\n"
                      "Failed: 3 actions, 3 failures, 1.00 s\n"))
       << text;
 }

@@ -25,6 +25,9 @@ struct ActionPlace {
   std::string_view passes = {};  // of the loops that it stands in, outermost first: "3", "3.1"
 };
 
+/// The title, with the pass where the action stands in a loop: "Copy (pass 2.1)".
+std::string TitleInPass(const ActionPlace& place);
+
 /// How an execution of an action ended.
 struct ActionOutcome {
   ActionResult result = ActionResult::Success;

@@ -21,5 +21,5 @@ void FailedSteps::End(const ActionPlace& place, const ActionOutcome& outcome) {
   open_.pop_back();
   if (outcome.result != ActionResult::Failure || outcome.ignored) return failed_.resize(action.failedBefore);
   if (failed_.size() > action.failedBefore) return;
-  failed_.push_back({std::string(place.path), std::string(place.title), action.reason.Text()});
+  failed_.push_back({std::string(place.path), TitleInPass(place), action.reason.Text()});
 }

@@ -100,8 +100,7 @@ class JunitLog final : public EventSink {
 
   /// Readers take cases of one name for one case.
   std::string UniqueName(const ActionPlace& place) {
-    std::string name(place.title);
-    if (!place.passes.empty()) name.append(" (pass ").append(place.passes).append(")");
+    std::string name = TitleInPass(place);
     if (TakeName(name)) return name;
     name.append(" [").append(place.path).append("]");
     if (TakeName(name)) return name;
