@@ -107,6 +107,8 @@ TEST_F(ScriptEngineTest, ErrorsCarryMessageAndLine) {
       {"\ndecodeURIComponent('%')", "line 2: URIError: "},
       {"\nVek.GetVariable('FOO')", "line 2: Error: unknown variable \"FOO\""},
       {"Vek.SetVariable('LOCKED', 1)", "line 1: Error: LOCKED cannot be set"},
+      {"Vek.SetVariable('a%b', 1)", "line 1: Error: \"a%b\" is no variable name"},
+      {"Vek.SetVariable('x y', 1)", "line 1: Error: \"x y\" is no variable name"},
       {"Vek.SetVariable('V', Vek.ActionByName('Act'))",
        "line 1: TypeError: a variable cannot hold an object"},
   };

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "host/expressions/VariableName.h"
+#include "host/project/Quoted.h"
 #include "host/scripts/Border.h"
 #include "host/scripts/ScriptEngine.h"
 #include "host/scripts/ScriptHeap.h"
@@ -43,6 +45,11 @@ duk_ret_t SetVariable(duk_context* context) {
   MakePortable(context, 1);
   if (duk_is_pointer(context, 1)) ThrowText(context, DUK_ERR_TYPE_ERROR, "a variable cannot hold an object");
   TakeName(context, 0);
+  if (!IsVariableName(heap.Call().name)) {
+    std::string& name = heap.Call().name;
+    name = Quoted(name) + " is no variable name (letters, digits, _ . - ( ))";
+    ThrowText(context, DUK_ERR_ERROR, name);
+  }
   CallHost(context, [&] { heap.Environment().SetVariable(heap.Call().name, TakeValue(context, 1)); });
   return 0;
 }
