@@ -289,7 +289,7 @@ void Engine::ReportReason(const TCustomVekAction& action) {
   if (IsComplaint(words) || context_.Stop().Stopped()) return context_.CountError();
   const std::string settings = SettingsThatFail(action);
   if (!settings.empty()) {
-    context_.ReportError("The step failed because of its setting " + settings);
+    context_.ReportError("The step failed because of " + settings);
   } else if (words.empty()) {
     context_.ReportError("The step failed and said nothing of why");
   } else {

@@ -21,8 +21,9 @@ std::string SettingsThatFail(const TCustomVekAction& action) {
   StringList names;
   for (const PropertyRow* row : action.PropertyRows()) {
     const bool isTruth = row->type == PropertyType::WordBool || row->type == PropertyType::Boolean;
-    if (!row->published || !isTruth || !row->name.starts_with("Fail")) continue;
+    if (!row->published || !row->stored || !isTruth || !row->name.starts_with("Fail")) continue;
     if (std::get<bool>(row->get(action))) names.emplace_back(row->name);
   }
-  return JoinLines(names, " or ");
+  if (names.empty()) return {};
+  return (names.size() == 1 ? "its setting " : "one of its settings ") + JoinLines(names, ", ");
 }
