@@ -7,6 +7,7 @@
 #include "platform/Environment.h"
 #include "platform/FileAttributes.h"
 #include "platform/Folders.h"
+#include "platform/Presence.h"
 #include "platform/ProtectedFolders.h"
 
 TreeCopy::TreeCopy(const Platform& platform, const Selection& selection, const CopyRules& rules,
@@ -28,7 +29,7 @@ Totals TreeCopy::Run(const std::string& source, const std::string& target) {
     totals_.isFatal = true;
     return totals_;
   }
-  const bool exists = platform_.folders->Exists(target);
+  const bool exists = MayExist(target);
   Enter({std::make_shared<FolderPaths>(roots), false, exists, !exists});
   while (!levels_.empty()) {
     Level& level = levels_.back();
@@ -41,6 +42,13 @@ Totals TreeCopy::Run(const std::string& source, const std::string& target) {
   sequence_.Drain();
   totals_.copySeconds = platform_.clock->Seconds() - start;
   return totals_;
+}
+
+/// A target that cannot be looked at counts as there: what it is listed for tells the reason.
+bool TreeCopy::MayExist(const std::string& target) const {
+  uint32_t attributes = 0;
+  return platform_.folders->Exists(target) ||
+         MayBeThere(platform_.entries->GetAttributes(target, attributes).code);
 }
 
 /// Whether the run may begin; says why not.

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "base/WindowsPath.h"
-#include "platform/Presence.h"
 #include "platform/posix/files/EntryStatus.h"
 #include "platform/posix/files/FolderEmptying.h"
 #include "platform/posix/files/TemporaryName.h"
@@ -28,8 +27,8 @@ bool Unlink(const Place& place, int flags) {
 
 bool PosixFolders::Exists(std::string_view path) {
   EntryStatus entry = {};
-  const SysResult looked = paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); });
-  return looked ? entry.IsFolder() : MayBeThere(looked.code);
+  return paths_.OnEntry(path, [&](const Place& place) { return StatusAt(place, entry); }).ok &&
+         entry.IsFolder();
 }
 
 SysResult PosixFolders::Create(std::string_view path) { return CreateFor({}, path); }
