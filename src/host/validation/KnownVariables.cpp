@@ -1,5 +1,7 @@
 #include "host/validation/KnownVariables.h"
 
+#include <algorithm>
+
 #include "host/expressions/VariableName.h"
 #include "host/project/Project.h"
 #include "host/project/Quoted.h"
@@ -19,13 +21,25 @@ std::string KnownVariables::Nearest(std::string_view name) const {
   return Suggestion(name, std::vector<std::string_view>(names_.begin(), names_.end()));
 }
 
-/// A name that holds references is known only as the build runs.
+bool KnownVariables::MayExist(std::string_view name) const {
+  const auto beginsIt = [name](const std::string& beginning) {
+    return SameText(name.substr(0, beginning.size()), beginning);
+  };
+  return anyName_ || names_.contains(name) || std::ranges::any_of(beginnings_, beginsIt);
+}
+
+/// A name that holds references is known only as the build runs, but for what stands before them.
 void KnownVariables::Add(std::string_view name) {
   const std::string_view trimmed = Trim(name);
   if (IsVariableName(trimmed)) {
     names_.emplace(trimmed);
-  } else if (trimmed.find_first_of("%$") != std::string_view::npos) {
-    anyName_ = true;
+  } else if (const size_t special = trimmed.find_first_of("%$"); special != std::string_view::npos) {
+    const std::string_view beginning = trimmed.substr(0, special);
+    if (IsVariableName(beginning)) {
+      beginnings_.emplace_back(beginning);
+    } else {
+      anyName_ = true;
+    }
   }
 }
 

@@ -18,7 +18,7 @@ class KnownVariables {
   KnownVariables(const Project& project, std::span<const VariableDefinition> definitions);
 
   /// Whether a variable of that name may exist. Where names are made up while the build runs, any may.
-  bool MayExist(std::string_view name) const { return anyName_ || names_.contains(name); }
+  bool MayExist(std::string_view name) const;
 
   /// "; did you mean ...?" or nothing.
   std::string Nearest(std::string_view name) const;
@@ -29,5 +29,6 @@ class KnownVariables {
   void AddSetIn(std::string_view script);
 
   std::set<std::string, LessNoCase> names_;
+  StringList beginnings_;  // of names whose rest is made up while the build runs
   bool anyName_ = false;
 };
