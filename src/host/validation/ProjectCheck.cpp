@@ -10,6 +10,7 @@
 #include "host/validation/ExpressionNames.h"
 #include "host/validation/KnownVariables.h"
 #include "host/validation/NeededProperties.h"
+#include "host/validation/NestedProjectCheck.h"
 #include "host/validation/Texts.h"
 #include "platform/Environment.h"
 #include "platform/Platform.h"
@@ -178,6 +179,10 @@ class Check {
       const std::string path = parentPath + '/' + std::to_string(i + 1);
       CheckSettings(node, path);
       CheckNeeded(node, path);
+      CheckNestedProject(node, context_.GetPlatform(), [&](std::string_view property, std::string message) {
+        At({{}, node.LineOf(property), path, node.typeId, TitleOf(*node.action, property), ""})
+            .Add(std::move(message));
+      });
       CheckProperties(node, path);
       CheckScripts(node, path);
       CheckActions(node.children, path);
