@@ -55,6 +55,14 @@ TEST_F(Validate, LooksInsideEveryText) {
                                     "</ListOfItems>"),
        ""},
       {when("VERSION == \"VERISON\" &amp;&amp; VERSION.length &gt; 1"), ""},
+      {command("%EX% %NO%") + ActionOf("LISTITERATOR",
+                                       "<LoopVariable>E%VERSION%</LoopVariable><ListOfItems><Line>a</Line>"
+                                       "</ListOfItems>"),
+       "Command: unknown variable \"NO\""},
+      {ActionOf("RUNPROJECT", "<ProjectFile>no.vekproj</ProjectFile>"),
+       "Project File: there is no file \"no.vekproj\""},
+      {ActionOf("RUNPROJECT", "<ProjectFile>%VERSION%</ProjectFile><Variables><Line>=x</Line></Variables>"),
+       "Variables: \"=x\" is not of the form NAME=VALUE"},
       {when("typeof NO == 'undefined' || NO"), ""},
       {when("/* Vek.ActionByName('no') */ Vek.ActionByName('serch').Name == '//'") +
            ActionOf("ACTIONGROUP", "<Name>Search</Name>"),
@@ -83,14 +91,18 @@ TEST_F(Validate, TellsAllProblemsWithTheirPlaces) {
   const std::string project =
       ProjectOf("<Action Type=\"SCRIPTACTION\">\n<Script Event=\"OnExecute\">\nif (</Script></Action>\n" +
                     ActionOf("HDELETE_FILE", "\n<FileSpec>%DIR%/x</FileSpec>\n<Condition>)</Condition>"),
-                "<Variable Name=\"A\">%B%</Variable>");
-  EXPECT_THAT(Problems(project),
-              ElementsAre("3  variable A: unknown variable \"B\"",
-                          "6 /1 script OnExecute: line 2: SyntaxError: parse error (line 2, end of input)",
-                          "10 /2 Condition: SyntaxError: empty expression not allowed (line 1, end of input)",
-                          "9 /2 File Specification: unknown variable \"DIR\""));
+                "<Variable Name=\"A\">%B%</Variable><Variable Name=\"C\">%A%%D%</Variable>"
+                "<Variable Name=\"D\"/>");
+  EXPECT_THAT(
+      Problems(project),
+      ElementsAre("3  variable A: unknown variable \"B\"",
+                  "3  variable C: variable \"D\" has no value yet: declared values are expanded in order of "
+                  "declaration",
+                  "6 /1 script OnExecute: line 2: SyntaxError: parse error (line 2, end of input)",
+                  "10 /2 Condition: SyntaxError: empty expression not allowed (line 1, end of input)",
+                  "9 /2 File Specification: unknown variable \"DIR\""));
   folder.Write("v.env", "B=1\n");
-  EXPECT_EQ(Problems(project, {"-D", "DIR=x", "--vars", folder.Path("v.env")}).size(), 2u);
+  EXPECT_EQ(Problems(project, {"-D", "DIR=x", "-D", "D=x", "--vars", folder.Path("v.env")}).size(), 2u);
   EXPECT_THAT(RunVekrun({"validate", folder.Path("p.vekproj")}).out,
               testing::StartsWith(folder.Path("p.vekproj") + ":3: variable A: unknown variable \"B\"\n"));
 }

@@ -1,6 +1,7 @@
 #include "host/validation/ProjectCheck.h"
 
 #include <algorithm>
+#include <set>
 
 #include "host/engine/BuildContext.h"
 #include "host/expressions/Expressions.h"
@@ -59,8 +60,18 @@ struct KnownNames {
     }
   }
 
+  void CheckVariable(std::string_view name, const Finding& finding, const std::string& place = "") const {
+    if (withoutValue.contains(name)) {
+      finding.Add(place + "variable " + Quoted(name) +
+                  " has no value yet: declared values are expanded in order of declaration");
+    } else if (!variables.MayExist(name)) {
+      finding.Add(place + "unknown variable " + Quoted(name) + variables.Nearest(name));
+    }
+  }
+
   const Project& project;
   const KnownVariables variables;
+  std::set<std::string_view, LessNoCase> withoutValue = {};  // while declared values are looked at
 };
 
 /// Stands in for a build when a text is expanded to see what is wrong with it: values are of no account.
@@ -78,9 +89,7 @@ class ReferenceCheck final : public ExpressionSource {
   }
 
   std::optional<std::string> VariableText(std::string_view name) override {
-    if (!known_.variables.MayExist(name) && !context_.GetPlatform().environment->Variable(name)) {
-      finding_.Add("unknown variable " + Quoted(name) + known_.variables.Nearest(name));
-    }
+    if (!context_.GetPlatform().environment->Variable(name)) known_.CheckVariable(name, finding_);
     return "";
   }
 
@@ -97,8 +106,7 @@ class ReferenceCheck final : public ExpressionSource {
     }
     known_.CheckActions(source, finding_, place);
     for (const std::string& name : NamesReadBy(source)) {
-      if (known_.variables.MayExist(name) || context_.IsScriptName(name)) continue;
-      finding_.Add(place + "unknown variable " + Quoted(name) + known_.variables.Nearest(name));
+      if (!context_.IsScriptName(name)) known_.CheckVariable(name, finding_, place);
     }
   }
 
@@ -142,18 +150,33 @@ class Check {
  public:
   Check(const Project& project, const std::string& fileName, BuildContext& context,
         std::span<const VariableDefinition> definitions)
-      : project_(project), fileName_(fileName), context_(context), known_{project, {project, definitions}} {}
+      : project_(project),
+        fileName_(fileName),
+        context_(context),
+        definitions_(definitions),
+        known_{project, {project, definitions}} {}
 
   std::vector<Problem> Run() {
-    for (const VariableDeclaration& variable : project_.variables) {
-      CheckText({{}, variable.line, "", "", "variable " + variable.name, ""}, variable.text);
-    }
+    CheckDeclarations();
     for (const FileSetDeclaration& fileSet : project_.fileSets) CheckFileSet(fileSet);
     CheckActions(project_.actions, "");
     return std::move(problems_);
   }
 
  private:
+  void CheckDeclarations() {
+    for (const VariableDeclaration& variable : project_.variables) known_.withoutValue.insert(variable.name);
+    for (std::string_view name : kPredefinedVariables) known_.withoutValue.erase(name);
+    for (const VariableDefinition& given : definitions_) known_.withoutValue.erase(given.name);
+    for (const VariableDeclaration& variable : project_.variables) {
+      const auto isIt = [&](const VariableDefinition& given) { return SameText(given.name, variable.name); };
+      if (std::ranges::none_of(definitions_, isIt)) {
+        CheckText({{}, variable.line, "", "", "variable " + variable.name, ""}, variable.text);
+      }
+      known_.withoutValue.erase(variable.name);
+    }
+  }
+
   Finding At(Problem place) {
     place.file = fileName_;
     return Finding(problems_, std::move(place));
@@ -274,7 +297,8 @@ class Check {
   const Project& project_;
   const std::string& fileName_;
   BuildContext& context_;
-  const KnownNames known_;
+  const std::span<const VariableDefinition> definitions_;
+  KnownNames known_;
   std::vector<Problem> problems_;
 };
 
