@@ -120,7 +120,12 @@ EventSink& BuildContext::Events() {
 }
 
 bool BuildContext::EvaluateCondition(std::string_view expression) {
-  return Trim(expression).empty() || IsTrue(Scripts().Evaluate(expression));
+  try {
+    return Trim(expression).empty() || IsTrue(EvaluateScript(expression));
+  } catch (const EVekExpressionError& error) {
+    const std::string place = PlaceOf(expression);
+    throw EVekExpressionError(place.empty() ? error.what() : error.what() + (" (" + place + ')'));
+  }
 }
 
 void BuildContext::CompileExpression(std::string_view source) {
@@ -146,19 +151,32 @@ const ActionNode* BuildContext::CurrentNode() const {
   return node;
 }
 
+/// "; did you mean ...?" or nothing.
+std::string BuildContext::NearVariable(std::string_view name) const {
+  std::vector<std::string_view> names;
+  for (const auto& [known, value] : variables_.All()) names.push_back(known);
+  return Suggestion(name, names);
+}
+
+/// Where the text that is being expanded stands: "/p.vekproj:5, property Command". Empty where no file has
+/// it.
+std::string BuildContext::PlaceOf(std::string_view text) const {
+  if (RunningFile().empty()) return {};
+  const auto place = [this](int line, const std::string& item) {
+    return RunningFile() + ':' + std::to_string(line) + ", " + item;
+  };
+  if (const auto* set = fileSets_.BeingRead()) return place(set->line, "file set " + Quoted(set->name));
+  const ActionNode* node = CurrentNode();
+  const ItemLine* item = node ? FindItem(*node, text) : nullptr;
+  return item ? place(item->line, "property " + item->name) : std::string();
+}
+
 /// The error with what helps to mend it: a near name, where the text stands, how it is written literally.
 std::string BuildContext::Explained(const EReferenceError& error, std::string_view text) const {
   std::string message = error.what();
-  if (!error.Variable().empty()) {
-    std::vector<std::string_view> names;
-    for (const auto& [name, value] : variables_.All()) names.push_back(name);
-    message += Suggestion(error.Variable(), names);
-  }
+  if (!error.Variable().empty()) message += NearVariable(error.Variable());
   StringList notes;
-  const ActionNode* node = RunningFile().empty() ? nullptr : CurrentNode();
-  if (const ItemLine* item = node ? FindItem(*node, text) : nullptr) {
-    notes.push_back(RunningFile() + ':' + std::to_string(item->line) + ", property " + item->name);
-  }
+  if (std::string place = PlaceOf(text); !place.empty()) notes.push_back(std::move(place));
   if (!error.Escape().empty()) notes.emplace_back(error.Escape());
   return notes.empty() ? message : message + " (" + JoinLines(notes, "; ") + ')';
 }
@@ -193,7 +211,8 @@ Variant BuildContext::EvaluateScript(std::string_view source) {
   try {
     return Scripts().Evaluate(source);
   } catch (const EScriptError& error) {
-    throw EVekExpressionError(error.what());
+    const std::string& unknown = error.UnknownName();
+    throw EVekExpressionError(unknown.empty() ? error.what() : error.what() + NearVariable(unknown));
   }
 }
 

@@ -148,6 +148,8 @@ class BuildContext final : public IVekActionHost,
   const ActionNode* CurrentNode() const;
   template <class Expand>
   std::string Expanded(std::string_view text, Expand expand);
+  std::string NearVariable(std::string_view name) const;
+  std::string PlaceOf(std::string_view text) const;
   std::string Explained(const EReferenceError& error, std::string_view text) const;
 
   void ReportPrograms();

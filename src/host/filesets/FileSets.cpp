@@ -1,6 +1,7 @@
 #include "host/filesets/FileSets.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Text.h"
 #include "coreapi/Vekactionhost.h"
@@ -116,12 +117,17 @@ class Evaluation {
 
 class ProjectFileSet final : public IVekFileSet {
  public:
-  ProjectFileSet(IVekActionHost& host, FileSetDeclaration declaration)
-      : host_(host), declaration_(std::move(declaration)) {}
+  ProjectFileSet(IVekActionHost& host, FileSetDeclaration declaration, const FileSetDeclaration*& beingRead)
+      : host_(host), declaration_(std::move(declaration)), beingRead_(beingRead) {}
 
   const std::string& Name() const { return declaration_.name; }
 
   void Refresh() override {
+    struct Scope {
+      const FileSetDeclaration*& current;
+      const FileSetDeclaration* before;
+      ~Scope() { current = before; }
+    } scope{beingRead_, std::exchange(beingRead_, &declaration_)};
     const Platform& platform = host_.GetPlatform();
     const std::string baseFolder = AsFolder(platform, host_.ExpandPath(declaration_.baseDirectory));
     files_ = Evaluation(host_, declaration_).FilesBelow(SearchedFolder(platform, baseFolder));
@@ -149,6 +155,7 @@ class ProjectFileSet final : public IVekFileSet {
 
   IVekActionHost& host_;
   FileSetDeclaration declaration_;
+  const FileSetDeclaration*& beingRead_;
   StringList files_;
   bool evaluated_ = false;
 };
@@ -159,7 +166,7 @@ FileSets::~FileSets() = default;
 void FileSets::Declare(const std::vector<FileSetDeclaration>& declarations) {
   sets_.clear();
   for (const FileSetDeclaration& declaration : declarations) {
-    sets_.push_back(std::make_unique<ProjectFileSet>(host_, declaration));
+    sets_.push_back(std::make_unique<ProjectFileSet>(host_, declaration, beingRead_));
   }
 }
 

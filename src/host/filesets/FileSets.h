@@ -21,7 +21,11 @@ class FileSets final : public IVekProjectObjectAPI {
 
   IVekProjectObject* FindObject(std::string_view name, std::string_view objectType) override;
 
+  /// The file set that is being evaluated; null for none.
+  const FileSetDeclaration* BeingRead() const { return beingRead_; }
+
  private:
   IVekActionHost& host_;
+  const FileSetDeclaration* beingRead_ = nullptr;
   std::vector<std::unique_ptr<ProjectFileSet>> sets_;
 };

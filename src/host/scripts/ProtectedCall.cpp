@@ -74,6 +74,14 @@ duk_ret_t Describe(duk_context* context, void* data) {
   return 0;
 }
 
+/// The name that the engine's message says is undefined; empty for other messages.
+std::string UnknownName(std::string_view message) {
+  constexpr std::string_view kBefore = "ReferenceError: identifier '", kAfter = "' undefined";
+  if (!message.starts_with(kBefore) || !message.ends_with(kAfter)) return {};
+  message.remove_prefix(kBefore.size());
+  return std::string(message.substr(0, message.size() - kAfter.size()));
+}
+
 /// The line in the innermost frame of the script; 0 when there is none.
 int LineIn(std::string_view stack) {
   static const std::string kMark = std::string("(") + kScriptName + ":";
@@ -98,7 +106,7 @@ int LineIn(std::string_view stack) {
   if (heap.RanOut() && (mentions("alloc failed") || mentions("DoubleError"))) {
     throw EScriptError(OutOfMemoryText(heap.MemoryLimit()), line);
   }
-  throw EScriptError(failure.text, line);
+  throw EScriptError(failure.text, line, UnknownName(failure.text));
 }
 
 }  // namespace

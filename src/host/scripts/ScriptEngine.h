@@ -15,11 +15,14 @@
 /// A script that does not compile, throws, runs out of memory or is interrupted.
 class EScriptError : public EVekError {
  public:
-  EScriptError(const std::string& message, int line) : EVekError(message), line_(line) {}
-  int Line() const { return line_; }  // 1-based, of the script; 0 when unknown
+  EScriptError(const std::string& message, int line, std::string unknownName = {})
+      : EVekError(message), line_(line), unknownName_(std::move(unknownName)) {}
+  int Line() const { return line_; }                               // 1-based, of the script; 0 when unknown
+  const std::string& UnknownName() const { return unknownName_; }  // empty for other errors
 
  private:
   int line_;
+  std::string unknownName_;
 };
 
 /// What scripts see of the build: the object `Vek`, the variables and the registered constants.
