@@ -46,9 +46,10 @@ Totals TreeCopy::Run(const std::string& source, const std::string& target) {
 
 /// A target that cannot be looked at counts as there: what it is listed for tells the reason.
 bool TreeCopy::MayExist(const std::string& target) const {
+  if (platform_.folders->Exists(target)) return true;
   uint32_t attributes = 0;
-  return platform_.folders->Exists(target) ||
-         MayBeThere(platform_.entries->GetAttributes(target, attributes).code);
+  const SysResult looked = platform_.entries->GetAttributes(target, attributes);
+  return looked ? (attributes & FileAttribute::Directory) != 0 : MayBeThere(looked.code);
 }
 
 /// Whether the run may begin; says why not.
