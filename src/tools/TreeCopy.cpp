@@ -172,14 +172,13 @@ void TreeCopy::Leave() {
   const bool copiesAttributes = isMade && rules_.copiesAttributes && !rules_.listsOnly;
   const bool removes = rules_.movesFolders && !rules_.listsOnly && !level.staysAtSource && !Ends();
   sequence_.Add({}, [this, paths = level.paths, isMade, copiesAttributes, removes] {
-    ++(isMade ? totals_.folders.copied : totals_.folders.skipped);
     if (copiesAttributes) CopyAttributes(*paths);
-    if (!removes) return;
-    const SysResult removed = platform_.folders->Remove(paths->source);
+    const SysResult removed = removes ? platform_.folders->Remove(paths->source) : SysResult();
     // What was skipped keeps its folder.
-    if (!removed && removed.code != Win32Error::DirNotEmpty) {
-      Fail(removed.code, "Deleting Source Directory", paths->source);
-    }
+    const bool stays = !removed && removed.code != Win32Error::DirNotEmpty;
+    if (stays) Fail(removed.code, "Deleting Source Directory", paths->source);
+    Tally& folders = totals_.folders;
+    ++(stays ? folders.failed : isMade ? folders.copied : folders.skipped);
   });
   levels_.pop_back();
 }
