@@ -29,7 +29,7 @@ Totals TreeCopy::Run(const std::string& source, const std::string& target) {
     totals_.isFatal = true;
     return totals_;
   }
-  const bool exists = MayExist(target);
+  const bool exists = FolderMayExist(platform_, target);
   Enter({std::make_shared<FolderPaths>(roots), false, exists, !exists});
   while (!levels_.empty()) {
     Level& level = levels_.back();
@@ -42,14 +42,6 @@ Totals TreeCopy::Run(const std::string& source, const std::string& target) {
   sequence_.Drain();
   totals_.copySeconds = platform_.clock->Seconds() - start;
   return totals_;
-}
-
-/// A target that cannot be looked at counts as there: what it is listed for tells the reason.
-bool TreeCopy::MayExist(const std::string& target) const {
-  if (platform_.folders->Exists(target)) return true;
-  uint32_t attributes = 0;
-  const SysResult looked = platform_.entries->GetAttributes(target, attributes);
-  return looked ? (attributes & FileAttribute::Directory) != 0 : MayBeThere(looked.code);
 }
 
 /// Whether the run may begin; says why not.

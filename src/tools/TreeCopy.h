@@ -40,7 +40,6 @@ class TreeCopy {
     size_t next = 0;
   };
 
-  bool MayExist(const std::string& target) const;
   bool CheckRoots(const FolderPaths& roots);
   void Enter(Level level);
   void EnterNext();

@@ -7,6 +7,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/Folders.h"
 #include "platform/Platform.h"
+#include "platform/Presence.h"
 
 namespace {
 
@@ -167,7 +168,7 @@ bool TCustomDeleteDirectoryAction::Execute() {
   };
   try {
     folder = ExpandExpression(FileOrDirectory());
-    if (!GetPlatform().folders->Exists(folder)) return true;
+    if (!FolderMayExist(GetPlatform(), folder)) return true;
     if (!MayRemoveTree(folder)) return false;
     const SysResult removed = Remove(folder);
     return removed ? true : report(SysErrorMessage(removed.code));
