@@ -22,6 +22,13 @@ class NewContents {
   virtual SysResult Commit() = 0;
 };
 
+/// Takes the new text of a file from its start to its end, so that none has to be held as a whole.
+class NewText {
+ public:
+  virtual ~NewText() = default;
+  virtual void Append(std::string_view piece) = 0;
+};
+
 /// What is in files, by path, as for Entries. Operations answer with the system's error code.
 class Contents {
  public:
@@ -42,11 +49,11 @@ class Contents {
   /// Begins to replace the contents of a file, under the same rules: for what is too large to be held.
   virtual SysResult Rewrite(std::string_view path, std::unique_ptr<NewContents>& contents) = 0;
 
-  /// Reads a file, has `edit` change the text, and replaces the file by it; a missing file is an empty text,
-  /// and an edit that answers false leaves the file. All who change files by this operation, or replace them,
-  /// take turns, in other processes too, so that no change is lost: `edit` must not change files of the same
+  /// Reads a file and replaces it by what `edit` makes of its text; a missing file is an empty text, and an
+  /// edit that answers false leaves the file. All who change files by this operation, or replace them, take
+  /// turns, in other processes too, so that no change is lost: `edit` must not change files of the same
   /// folder itself. LockViolation when no turn comes within ten seconds.
-  using Edit = std::function<bool(std::string& contents)>;
+  using Edit = std::function<bool(const std::string& contents, NewText& changed)>;
   virtual SysResult Change(std::string_view path, const Edit& edit) = 0;
 
   /// Opens a file, links followed. FileNotFound and PathNotFound where there is none, unless it is to be

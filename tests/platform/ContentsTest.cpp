@@ -71,10 +71,11 @@ TEST_F(PlatformTest, ChangesOfSeveralProgramsAreAllKept) {
     writers.emplace_back([&, writer] {
       const auto own = CreatePlatform({});
       for (size_t i = 0; i < kChanges; ++i) {
-        EXPECT_TRUE(own->Get().contents->Change(paths[writer % 2], [&](std::string& contents) {
-          contents += static_cast<char>('a' + writer);
-          return true;
-        }));
+        EXPECT_TRUE(
+            own->Get().contents->Change(paths[writer % 2], [&](const std::string& old, NewText& changed) {
+              changed.Append(old + static_cast<char>('a' + writer));
+              return true;
+            }));
       }
     });
   }
@@ -89,13 +90,13 @@ TEST_F(PlatformTest, ChangesOfSeveralProgramsAreAllKept) {
 
 TEST_F(PlatformTest, AnEditThatDeclinesOrRaisesLeavesTheFile) {
   folder.Write("file", "old");
-  const auto declines = [](std::string& contents) {
-    contents += "more";
+  const auto declines = [](const std::string&, NewText& changed) {
+    changed.Append("more");
     return false;
   };
   EXPECT_TRUE(data.Change(Path("file"), declines));
   EXPECT_TRUE(data.Change(Path("missing"), declines));
-  const auto raises = [](std::string&) -> bool { throw std::runtime_error("raised"); };
+  const auto raises = [](const std::string&, NewText&) -> bool { throw std::runtime_error("raised"); };
   EXPECT_THROW(data.Change(Path("file"), raises), std::runtime_error);
   EXPECT_TRUE(data.Replace(Path("other"), "the turn is free again"));
   EXPECT_EQ(folder.Read("file"), "old");

@@ -45,6 +45,12 @@ std::string Format(const std::string& format, std::initializer_list<int32_t> num
   return text;
 }
 
+class HeldText final : public NewText {
+ public:
+  void Append(std::string_view piece) override { text += piece; }
+  std::string text;
+};
+
 }  // namespace
 
 const ActionClass TCustomTextReplaceAction::kClass{
@@ -104,15 +110,29 @@ bool TCustomTextReplaceAction::Execute() {
 /// A regular expression has a pass of its own, which begins with the source file again: with a new file name
 /// it overwrites what the first pass has saved.
 bool TCustomTextReplaceAction::ReplaceInFile() {
-  const bool goesOn = EditFile([this](std::string& text) {
-    if (DoReplaceVariables) text = ExpandExpression(text, replacements_, false);
-    return !DoReplaceText || MatchRegularExpression || ReplaceByLines(text);
+  const bool goesOn = EditFile([this](const std::string& text, NewText& changed) {
+    return DoReplaceVariables ? ReplaceVariables(text, changed) : ReplaceByLines(text, changed);
   });
-  return goesOn && (!DoReplaceText || !MatchRegularExpression || ReplaceByExpression());
+  if (!goesOn || !DoReplaceText || !MatchRegularExpression) return goesOn;
+  return ExpandTexts() && EditFile([this](const std::string& text, NewText& changed) {
+           return ReplaceMatches(text, changed);
+         });
 }
 
-bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
-  if (!ExpandTexts()) return false;
+/// What it changes is not compared with what was there.
+TCustomTextReplaceAction::Edited TCustomTextReplaceAction::ReplaceVariables(const std::string& text,
+                                                                            NewText& changed) {
+  const std::string expanded = ExpandExpression(text, replacements_, false);
+  const Edited edited = ReplaceByLines(expanded, changed);
+  if (edited != Edited::Same) return edited;
+  changed.Append(expanded);
+  return Edited::Changed;
+}
+
+TCustomTextReplaceAction::Edited TCustomTextReplaceAction::ReplaceByLines(const std::string& text,
+                                                                          NewText& changed) {
+  if (!DoReplaceText || MatchRegularExpression) return Edited::Same;
+  if (!ExpandTexts()) return Edited::GivenUp;
   TLineReplaceOptions options{.searchText = searchText_,
                               .replaceText = replaceText_,
                               .caseSensitive = CaseSensitive,
@@ -127,43 +147,36 @@ bool TCustomTextReplaceAction::ReplaceByLines(std::string& text) {
   }
   if (HasScript(kLineEvent)) options.onProcessLine = [this](std::string& line) { return ProcessLine(line); };
   TLineReplace lines(options);
-  if (!lines.Run(text)) return false;
+  if (!lines.Run(text, changed)) return Edited::GivenUp;
   found_ = lines.Found();
   replacements_ += lines.Replaced();
-  return true;
+  return lines.Replaced() > 0 ? Edited::Changed : Edited::Same;
 }
 
-bool TCustomTextReplaceAction::ReplaceByExpression() {
-  if (!ExpandTexts()) return false;
-  return EditFile([this](std::string& text) {
-    auto replaced = ReplaceMatches(text);
-    if (replaced) text = std::move(*replaced);
-    return replaced.has_value();
-  });
-}
-
-/// Nothing when a script failed. The matches are those of the text as it was.
-std::optional<std::string> TCustomTextReplaceAction::ReplaceMatches(const std::string& text) try {
+/// The matches are those of the text as it was.
+TCustomTextReplaceAction::Edited TCustomTextReplaceAction::ReplaceMatches(const std::string& text,
+                                                                          NewText& changed) try {
   TRegExpr expression(searchText_, {.m = true, .s = false});
   expression.SetStopped([this] { return StopSignalled(); }, GetPlatform().clock);
-  std::string result;
-  size_t position = 0;
-  int32_t remaining = DoRepeat == 0 ? -1 : DoRepeat;
-  result.reserve(text.size() + text.size() / 8);
-  for (bool match = expression.Exec(text); match; match = remaining != 0 && expression.ExecNext()) {
+  const std::string_view whole = text;
+  size_t appended = 0;
+  int32_t replaced = 0;
+  const int32_t most = DoRepeat == 0 ? -1 : DoRepeat;
+  for (bool match = expression.Exec(text); match; match = replaced != most && expression.ExecNext()) {
     ++found_;
     std::string replaceText = replaceText_;
     bool doReplace = true;
-    if (!FindText(found_, expression.Match(), replaceText, doReplace)) return {};
-    result.append(text, position, expression.MatchStart() - position);
-    result.append(doReplace ? replaceText : expression.Match());
-    position = expression.MatchEnd();
+    if (!FindText(found_, expression.Match(), replaceText, doReplace)) return Edited::GivenUp;
     if (!doReplace) continue;
-    ++replacements_;
-    if (remaining > 0) --remaining;
+    changed.Append(whole.substr(appended, expression.MatchStart() - appended));
+    changed.Append(replaceText);
+    appended = expression.MatchEnd();
+    ++replaced;
   }
-  result.append(text, position);
-  return result;
+  if (replaced == 0) return Edited::Same;
+  changed.Append(whole.substr(appended));
+  replacements_ += replaced;
+  return Edited::Changed;
 } catch (const ERegExpr& error) {
   throw EVekError(std::string("An error occured matching the regular expression : \r\n") + error.what() +
                   " (SearchText)");
@@ -197,23 +210,28 @@ bool TCustomTextReplaceAction::ProcessLine(std::string& line) {
 
 /// Reads the source file, and writes what the edit makes of it: over the source only when something may have
 /// changed. False when the edit failed.
-bool TCustomTextReplaceAction::EditFile(const Contents::Edit& edit) const {
+bool TCustomTextReplaceAction::EditFile(const Edit& edit) const {
   Contents& contents = *GetPlatform().contents;
-  bool wasRead = false, goesOn = false;
-  const auto run = [&](std::string& text) {
+  bool wasRead = false;
+  auto edited = Edited::GivenUp;
+  const auto run = [&](const std::string& text, NewText& changed) {
     wasRead = true;
-    goesOn = edit(text);
-    return goesOn && (!newFileName_.empty() || replacements_ != 0 || DoReplaceVariables);
+    edited = edit(text, changed);
+    return edited == Edited::Changed;
   };
   SysResult done;
   if (newFileName_.empty()) {
     done = contents.Change(fileName_, run);
   } else {
     std::string text;
+    HeldText changed;
     done = contents.ReadWhole(fileName_, text);
-    if (done && run(text)) done = contents.Replace(newFileName_, text);
+    if (done) run(text, changed);
+    if (done && edited != Edited::GivenUp) {
+      done = contents.Replace(newFileName_, edited == Edited::Changed ? changed.text : text);
+    }
   }
-  if (done) return goesOn;
+  if (done) return edited != Edited::GivenUp;
   const std::string target = newFileName_.empty() || !wasRead ? fileName_ : newFileName_;
   throw EVekError((wasRead ? "Cannot write " : "Cannot read ") + target + ": " + SysErrorMessage(done.code));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <functional>
 #include <string>
 
 #include "coreapi/Vekactionapi.h"
@@ -36,14 +36,18 @@ class TCustomTextReplaceAction : public TVekAction {
   bool Execute() override;
 
  private:
+  /// What becomes of a text; the same one is not appended to the changed text.
+  enum class Edited { GivenUp, Same, Changed };
+  using Edit = std::function<Edited(const std::string& text, NewText& changed)>;
+
   bool ReplaceInFile();
-  bool ReplaceByLines(std::string& text);
-  bool ReplaceByExpression();
-  std::optional<std::string> ReplaceMatches(const std::string& text);
+  Edited ReplaceVariables(const std::string& text, NewText& changed);
+  Edited ReplaceByLines(const std::string& text, NewText& changed);
+  Edited ReplaceMatches(const std::string& text, NewText& changed);
   bool ExpandTexts();
   bool FindText(int32_t count, std::string_view foundText, std::string& replaceText, bool& doReplace);
   bool ProcessLine(std::string& line);
-  bool EditFile(const Contents::Edit& edit) const;
+  bool EditFile(const Edit& edit) const;
   void SendSummary() const;
 
   std::string fileName_, newFileName_;  // expanded, as are the next two

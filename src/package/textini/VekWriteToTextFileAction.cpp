@@ -66,11 +66,11 @@ SysResult TCustomVekWriteToTextFileAction::AddToFile(const std::string& fileName
                                                      const std::string& text) const {
   // The text is one line more than it holds line breaks, also when it is empty or ends in one.
   const StringList added = SplitLines(std::string(text).append(kLineBreak));
-  return GetPlatform().contents->Change(fileName, [&](std::string& contents) {
+  return GetPlatform().contents->Change(fileName, [&](const std::string& contents, NewText& changed) {
     StringList lines = SplitLines(contents);
     lines.insert(WriteToPosition == TVekWriteToPos::toStart ? lines.begin() : lines.end(), added.begin(),
                  added.end());
-    contents = TextOf(lines);
+    changed.Append(TextOf(lines));
     return true;
   });
 }

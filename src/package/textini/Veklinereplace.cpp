@@ -26,22 +26,27 @@ size_t LineStart(std::string_view text, size_t from, size_t position) {
 TLineReplace::TLineReplace(const TLineReplaceOptions& options)
     : options_(options), remaining_(options.most == 0 ? kNoLimit : options.most) {}
 
-bool TLineReplace::Run(std::string& text) {
+bool TLineReplace::Run(const std::string& text, NewText& changed) {
   if (options_.searchText.empty() || options_.searchText.find_first_of("\r\n") != std::string::npos)
     return true;
   const auto search = Search(options_.caseSensitive);
-  std::string result;
-  size_t position = 0;
+  const std::string_view whole = text;
+  std::string done;
+  size_t position = 0, appended = 0;
   for (bool found = search->Exec(text); found; found = remaining_ != 0 && search->ExecPos(position)) {
-    if (position == 0) result.reserve(text.size() + text.size() / 8);
     const size_t start = LineStart(text, position, search->MatchStart());
-    result.append(text, position, start - position);
-    std::string_view rest = std::string_view(text).substr(start), line;
+    std::string_view rest = whole.substr(start), line;
     TakeLine(rest, line);
-    if (!ProcessLine(line, result)) return false;
+    const int32_t before = replaced_;
+    done.clear();
+    if (!ProcessLine(line, done)) return false;
     position = start + line.size();
+    if (replaced_ == before) continue;
+    changed.Append(whole.substr(appended, start - appended));
+    changed.Append(done);
+    appended = position;
   }
-  if (replaced_ > 0) text = std::move(result.append(text, position));
+  if (replaced_ > 0) changed.Append(whole.substr(appended));
   return true;
 }
 

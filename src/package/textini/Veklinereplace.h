@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "coreapi/Vekregexpr.h"
+#include "platform/Contents.h"
 
 struct TLineReplaceOptions {
   std::string searchText, replaceText;
@@ -31,9 +32,10 @@ class TLineReplace {
  public:
   explicit TLineReplace(const TLineReplaceOptions& options);
 
-  /// Replaces in the text, whose line breaks stay as they are; false after giving up, with the text as it
-  /// was. What lies between the lines that hold the search text is passed over in one go.
-  bool Run(std::string& text);
+  /// Replaces in the text, whose line breaks stay as they are. `changed` receives the new text, or nothing
+  /// where none was replaced; false after giving up. What lies between the lines that hold the search text is
+  /// passed over in one go.
+  bool Run(const std::string& text, NewText& changed);
 
   int32_t Found() const { return found_; }
   int32_t Replaced() const { return replaced_; }

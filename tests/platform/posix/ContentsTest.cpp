@@ -53,7 +53,9 @@ TEST_F(PosixContentsTest, WhatIsNoFileIsRefused) {
   for (const std::string& path : {Path("pipe"), std::string("/dev/zero")}) {
     EXPECT_EQ(data.ReadWhole(path, contents).code, Win32Error::NotSupported) << path;
     EXPECT_EQ(data.Replace(path, "x").code, Win32Error::NotSupported) << path;
-    EXPECT_EQ(data.Change(path, [](std::string&) { return true; }).code, Win32Error::NotSupported) << path;
+    EXPECT_EQ(data.Change(path, [](const std::string&, NewText&) { return true; }).code,
+              Win32Error::NotSupported)
+        << path;
   }
   EXPECT_TRUE(data.ReadStream("/dev/null", contents));
 }

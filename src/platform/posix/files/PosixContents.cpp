@@ -1,6 +1,7 @@
 #include "platform/posix/files/PosixContents.h"
 
 #include "base/WindowsPath.h"
+#include "platform/ChangeContents.h"
 #include "platform/posix/files/FileContents.h"
 #include "platform/posix/files/FolderTurn.h"
 #include "platform/posix/files/OpenedFile.h"
@@ -21,12 +22,7 @@ SysResult PosixContents::Replace(std::string_view path, std::string_view content
 }
 
 SysResult PosixContents::Change(std::string_view path, const Edit& edit) {
-  return InTurn(path, [&](const Place& place) {
-    std::string contents;
-    const SysResult read = ReadContents(place, contents);
-    if (!read && read.code != Win32Error::FileNotFound) return read;
-    return edit(contents) ? ReplaceContents(paths_, place, contents) : SysResult();
-  });
+  return InTurn(path, [&](const Place&) { return ChangeContents(*this, path, edit); });
 }
 
 template <class Operation>

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/ChangeContents.h"
 #include "platform/win32/files/Win32FileTurn.h"
 #include "platform/win32/files/Win32NewFile.h"
 #include "platform/win32/files/Win32OpenFile.h"
@@ -37,10 +38,6 @@ Handle OpenToRead(const std::wstring& native) {
                             FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
 }
 
-bool IsMissing(Win32Error code) {
-  return code == Win32Error::FileNotFound || code == Win32Error::PathNotFound;
-}
-
 /// A file whose contents are to be exchanged, links followed.
 struct RewriteTarget {
   std::wstring name;
@@ -70,6 +67,7 @@ class Win32NewContents final : public NewContents {
       Handle file(CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
       if (!file) return LastFailure();
+      handle_ = file.Get();
       file_ = TakeOpen(std::move(file));
       return SysResult();
     });
@@ -80,6 +78,8 @@ class Win32NewContents final : public NewContents {
   }
 
   SysResult Commit() override {
+    // On the disk before the exchange is: a power failure must not leave an empty file under the old name.
+    if (const SysResult flushed = ResultOf(FlushFileBuffers(handle_)); !flushed) return flushed;
     file_.reset();
     return new_.TakePlaceOf(target_.name, target_.attributes);
   }
@@ -87,6 +87,7 @@ class Win32NewContents final : public NewContents {
  private:
   RewriteTarget target_;
   NewFile new_;
+  HANDLE handle_ = nullptr;               // of the file below
   std::unique_ptr<class OpenFile> file_;  // goes first: an open file cannot be removed
 };
 
@@ -111,11 +112,7 @@ SysResult Win32Contents::Change(std::string_view path, const Edit& edit) {
   std::wstring native;
   if (const SysResult result = NativePath(path, native); !result) return result;
   const FileTurn turn(native);
-  if (!turn.Result()) return turn.Result();
-  std::string contents;
-  const SysResult read = ReadWhole(path, contents);
-  if (!read && !IsMissing(read.code)) return read;
-  return edit(contents) ? Replace(path, contents) : SysResult();
+  return turn.Result() ? ChangeContents(*this, path, edit) : turn.Result();
 }
 
 SysResult Win32Contents::Replace(std::string_view path, std::string_view contents) {
