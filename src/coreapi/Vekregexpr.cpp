@@ -1,10 +1,12 @@
 #include "coreapi/Vekregexpr.h"
 
 #include <algorithm>
-#include <pcre2.h>
+#include <optional>
 #include <string>
 
 #include "base/Text.h"
+#include "coreapi/Vekregexprcode.h"
+#include "coreapi/Vekregexprlandmark.h"
 #include "platform/Clock.h"
 
 namespace {
@@ -15,46 +17,6 @@ constexpr uint32_t kQuickSteps = 1'000'000, kMostSteps = 10'000'000;
 
 // The engine's stack: the thread's own has room for 32 KiB of it.
 constexpr size_t kFirstStack = size_t{128} << 10, kMostStack = size_t{64} << 20;
-
-template <auto Free>
-struct Freed {
-  template <class T>
-  void operator()(T* object) const {
-    Free(object);
-  }
-};
-using Code = std::unique_ptr<pcre2_code, Freed<pcre2_code_free>>;
-using CompileContext = std::unique_ptr<pcre2_compile_context, Freed<pcre2_compile_context_free>>;
-using MatchContext = std::unique_ptr<pcre2_match_context, Freed<pcre2_match_context_free>>;
-using MatchData = std::unique_ptr<pcre2_match_data, Freed<pcre2_match_data_free>>;
-using JitStack = std::unique_ptr<pcre2_jit_stack, Freed<pcre2_jit_stack_free>>;
-
-template <class T>
-T Allocated(T object) {
-  if (!object) throw std::bad_alloc();
-  return object;
-}
-
-PCRE2_SPTR Units(std::string_view text) {
-  return reinterpret_cast<PCRE2_SPTR>(text.empty() ? "" : text.data());
-}
-
-std::string ErrorText(int code) {
-  PCRE2_UCHAR text[256] = {};
-  pcre2_get_error_message(code, text, sizeof text);
-  return reinterpret_cast<const char*>(text);
-}
-
-/// Null, and the error, when the expression does not compile.
-Code Compile(std::string_view expression, uint32_t options, int& error, size_t& errorOffset) {
-  const CompileContext context(Allocated(pcre2_compile_context_create(nullptr)));
-  pcre2_set_newline(context.get(), PCRE2_NEWLINE_ANYCRLF);
-  Code code(
-      pcre2_compile(Units(expression), expression.size(), options, &error, &errorOffset, context.get()));
-  // Where this does not work the engine interprets the expression.
-  if (code) pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
-  return code;
-}
 
 uint32_t Options(TRegExprModifiers modifiers) {
   uint32_t options = PCRE2_USE_OFFSET_LIMIT;
@@ -89,6 +51,9 @@ class TRegExpr::Engine {
     uint32_t holdsLineBreak = 0;
     pcre2_pattern_info(general_.quick.get(), PCRE2_INFO_HASCRORLF, &holdsLineBreak);
     splitsLineBreaks_ = holdsLineBreak != 0;
+    if (!modifiers.i && !modifiers.literal && !StartsByRule()) {
+      landmarks_ = TRegExprLandmarks::Of(expression, modifiers.s);
+    }
     data_.reset(Allocated(pcre2_match_data_create_from_pattern(general_.quick.get(), nullptr)));
     context_.reset(Allocated(pcre2_match_context_create(nullptr)));
     pcre2_set_callout(context_.get(), &Engine::Callout, this);
@@ -101,6 +66,7 @@ class TRegExpr::Engine {
     text_ = text;
     program_ = &ProgramFor(text);
     countedTo_ = countedCharacters_ = 0;
+    if (landmarks_) landmarks_->Begin(text, from);
     return Search(from);
   }
 
@@ -198,8 +164,37 @@ class TRegExpr::Engine {
     return !splitsLineBreaks_ && position > 0 && text_.substr(position - 1, 2) == "\r\n";
   }
 
-  /// A match that starts at `from` or later, before `end`; the engine's result.
+  /// Whether the engine itself passes over most places where a match could start, as it does after ".*".
+  bool StartsByRule() const {
+    uint32_t options = 0, kind = 0;
+    pcre2_pattern_info(general_.quick.get(), PCRE2_INFO_ALLOPTIONS, &options);
+    pcre2_pattern_info(general_.quick.get(), PCRE2_INFO_FIRSTCODETYPE, &kind);
+    constexpr uint32_t kAtLineStarts = 2;
+    return (options & PCRE2_ANCHORED) != 0 || (kind == kAtLineStarts && !expression_.starts_with('^'));
+  }
+
+  /// A place that is never within a character or a line break, so far before the given one.
+  size_t WholeStart(size_t from, size_t start) const {
+    while (start > from && start < text_.size() && (text_[start] & 0xC0) == 0x80) --start;
+    return start > from && IsWithinLineBreak(start) ? start - 1 : start;
+  }
+
+  /// A match that starts at `from` or later, before `end`; the engine's result. Looks only around landmarks
+  /// while that pays.
   int Match(size_t from, size_t end) {
+    while (landmarks_ && landmarks_->Pays()) {
+      const auto landmark = landmarks_->Next(from);
+      if (!landmark) return PCRE2_ERROR_NOMATCH;
+      const size_t start = WholeStart(from, landmark->earliestStart), behind = landmark->position + 1;
+      if (start >= end) return PCRE2_ERROR_NOMATCH;
+      const int result = MatchBetween(start, std::min(behind, end));
+      if (result != PCRE2_ERROR_NOMATCH || behind >= end) return result;
+      from = behind;
+    }
+    return MatchBetween(from, end);
+  }
+
+  int MatchBetween(size_t from, size_t end) {
     const size_t last = std::min(end - 1, text_.size());
     pcre2_set_offset_limit(context_.get(), IsWithinLineBreak(last) ? last - 1 : last);
     const int result = Run(program_->quick.get(), kQuickSteps, from);
@@ -225,6 +220,7 @@ class TRegExpr::Engine {
   bool splitsLineBreaks_ = false;
   Program general_, ascii_;
   Program* program_ = &general_;
+  std::optional<TRegExprLandmarks> landmarks_;
   JitStack stack_;
   MatchContext context_;
   MatchData data_;

@@ -67,6 +67,44 @@ TEST(RegExpr, LongTextsAreSearchedInStridesThatShowNowhere) {
   EXPECT_EQ(Matches("(?<=\n)\xC3\xA4", text).size(), text.size() / 4 - 1);
 }
 
+/// Words in an order of no meaning, some of which stand for much that expressions ask for.
+std::string JumbledText(std::initializer_list<const char*> words, size_t size) {
+  std::string text;
+  for (uint32_t random = 1; text.size() < size; random = random * 1664525 + 1013904223) {
+    text += *(words.begin() + (random >> 16) % words.size());
+  }
+  return text;
+}
+
+TEST(RegExpr, LookingForAPartFirstFindsTheSame) {
+  const std::string texts[] = {
+      JumbledText({"ing ", "ine", "files ", "lines ", "Need", "le4", "a", "aa", "b", "x", " ", "\n", "\r\n",
+                   "\"", "the "},
+                  10'000),
+      JumbledText({"ing ", "ine", "files ", "Need", "\xC3\xA4", "\x84", "\xE2\x82", "a", "aa", "\xFF", " ",
+                   "\r", "\n"},
+                  10'000),
+  };
+  constexpr TRegExprModifiers kModifiers[] = {{}, {.m = true, .s = false}};
+  for (const char* before :
+       {"\\w+", "[a-z]+ ?", "\\s*", ".", ".*", "(?:x|\xC3\xA4)+", "(a|b)?", "[^\"\\n]*?", "^.", "\\b[a-i]",
+        "\xC3\xA4", "a.{2,3}", "(?<=a)\\s", "\\r?\\n", "[^x]", "[]a-]+\\D", "(?!the)[\\w ]++"}) {
+    for (const char* part : {"ing ", "Need", "(?:lines|files) ", "\\ aa"}) {
+      for (const char* behind : {"", "\\w*", ".\\d$", "(?:x|)\\s*(?=\\w)"}) {
+        for (const TRegExprModifiers& modifiers : kModifiers) {
+          const std::string expression = std::string(before) + part + behind;
+          for (const std::string& text : texts) {
+            // Within a group nothing is looked for first.
+            EXPECT_EQ(Matches(expression, text, modifiers),
+                      Matches("(?:" + expression + ")", text, modifiers))
+                << expression;
+          }
+        }
+      }
+    }
+  }
+}
+
 TEST(RegExpr, WhatDoesNotCompileIsNamed) {
   for (const auto& [expression, wanted] : std::initializer_list<std::pair<std::string, std::string>>{
            {"a(b", "missing closing parenthesis after character 3"},
