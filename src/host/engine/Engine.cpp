@@ -270,7 +270,6 @@ ActionResult Engine::RunNested(TCustomVekRunProject& action, const std::string& 
   context.SetProject(&nested->GetProject());
   Engine engine(context, options_);
   engine.passes_ = passes_;
-  engine.passes_ = passes_;
   engine.forgiving_ = forgiving_;
   inner_ = &engine;
   const ActionResult result = engine.RunActions(nested->GetProject().actions, path);
